@@ -1,0 +1,39 @@
+# One way to declare a library, a program and a test. Sources are what lies in the folder: a room's content is
+# its list, so that adding a file is one step and no list can disagree with the folder.
+
+# orvanta_add_library(name [KIND SHARED|STATIC|MODULE|INTERFACE] [PUBLIC libs...] [PRIVATE libs...] [EXCLUDE regex])
+function(orvanta_add_library name)
+    cmake_parse_arguments(arg "" "KIND;EXCLUDE" "PUBLIC;PRIVATE" ${ARGN})
+    if(NOT arg_KIND)
+        set(arg_KIND SHARED)
+    endif()
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    if(arg_EXCLUDE)
+        list(FILTER sources EXCLUDE REGEX ${arg_EXCLUDE})
+    endif()
+    add_library(${name} ${arg_KIND} ${sources})
+    target_link_libraries(${name} PUBLIC orvanta_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+endfunction()
+
+# orvanta_add_program(name [LIBS libs...])
+function(orvanta_add_program name)
+    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE orvanta_options ${arg_LIBS})
+endfunction()
+
+# orvanta_add_tests(name [LIBS libs...]): the *_test.cpp of this folder and below as one GoogleTest program,
+# every case a ctest of its own.
+function(orvanta_add_tests name)
+    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE orvanta_options orvanta_test_support GTest::gtest GTest::gmock
+        GTest::gtest_main ${arg_LIBS})
+    target_compile_definitions(${name} PRIVATE ORVANTA_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

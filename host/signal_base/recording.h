@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A recording, opened: signals, sources, time.
+#pragma once
+
+#include "host/signal_base/recording_data.h"
+#include "host/signal_base/timeline.h"
+#include "spectra_contract/api.h"
+#include "spectra_contract/recording.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orvanta::signal {
+
+/// Samples of one EEG sensor in the source: value in µV = gain × stored value + offset.
+struct SensorSamples {
+    std::size_t signal = 0; ///< index in Source()
+    double gain = 1;
+    double offset = 0;
+};
+
+/// What stays the same while a recording is open. Shared and immutable; safe from every thread.
+class ORVANTA_API Recording {
+public:
+    /// Takes over what a reader found: classifies signals, converts units to µV, brings EEG sensors of lower
+    /// rates to the highest one, lays out the timeline. \throws RecordingError
+    explicit Recording(RecordingData data);
+    ~Recording();
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    /// The reader's view: header fields, annotations, repairs.
+    const RecordingData& Data() const;
+    /// The samples, all EEG sensors at Rate(); signal indices are those of Data().signals.
+    const BlockSource& Source() const;
+    /// Rate in Hz at which EEG is analysed; 0 without EEG sensors.
+    double Rate() const;
+    /// Timeline at Rate(), or at the highest rate of any signal when there is no EEG.
+    const Timeline& Time() const;
+    /// Where an EEG sensor's samples are. \throws std::invalid_argument for a sensor of another kind
+    SensorSamples Samples(const SensorType& sensor) const;
+    /// Repairs of the file, of the labels and units, and of the events table.
+    const std::vector<std::string>& Repairs() const;
+    /// The sensors, in file order.
+    const std::vector<std::shared_ptr<SensorType>>& Sensors() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+/// Opens a recording of any supported format, chosen by content and then by extension, with the events table
+/// beside it ("<stem>_events.tsv" for BIDS names "<stem>_eeg.<ext>", else "<stem>.events.tsv" or
+/// "<stem>_events.tsv"). \throws RecordingError
+ORVANTA_API std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path);
+/// Makes an open recording of data that are at hand (readers, tests, simulations). \throws RecordingError
+ORVANTA_API std::unique_ptr<EEGFileInfoType> MakeRecording(RecordingData data);
+
+/// Reads user montages from a text file: one channel a line, "label = +Fp1 -F3", weights allowed ("0.5*A1"),
+/// "#" starts a comment, "[name]" starts a montage (default name: the file's stem).
+/// \throws RecordingError that names the line
+ORVANTA_API std::vector<MontageType> ReadMontageFile(const std::string& path, const TraceInfoType& sensors);
+
+/// Standard 10-05 position of an electrode name (case ignored; T3, T4, T5, T6 as T7, T8, P7, P8), or Known
+/// false.
+ORVANTA_API ElectInfo StandardPosition(const std::string& name);
+
+} // namespace orvanta::signal

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Least-squares line through one predictor.
+#pragma once
+
+#include "spectra_contract/api.h"
+
+#include <cstdint>
+#include <span>
+
+namespace orvanta::spectral {
+
+/// y = slope·x + intercept by ordinary least squares, with the correlation. NaN where not computable (fewer
+/// than 2 pairs, or no spread in x; the correlation also for no spread in y).
+struct Line {
+    double r = 0;
+    double slope = 0;
+    double intercept = 0;
+    std::uint64_t count = 0;
+};
+/// Pairs with a value that is not finite are left out. \p x and \p y have the same length.
+ORVANTA_API Line FitLine(std::span<const double> x, std::span<const double> y);
+
+} // namespace orvanta::spectral

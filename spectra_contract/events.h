@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Events of a recording and the flags that tell when something shared has changed.
+#pragma once
+
+#include "spectra_contract/time.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Class of an event type.
+enum class EventClass : int {
+    Spot = 1,  ///< a point in time
+    State = 2, ///< a stretch of time
+};
+
+/// A kind of event: its label and class. Ordered by label, bytes compared, then by type code.
+class ORVANTA_API XEventType {
+public:
+    XEventType() = default;
+    XEventType(std::string label, EventClass eventClass, std::uint32_t code = 0);
+
+    const std::string& GetLabel() const { return label_; }
+    EventClass GetClass() const { return class_; }
+    std::uint32_t GetCode() const { return code_; }
+
+    std::strong_ordering operator<=>(const XEventType& other) const;
+    bool operator==(const XEventType& other) const = default;
+
+private:
+    std::string label_;
+    EventClass class_ = EventClass::Spot;
+    std::uint32_t code_ = 0;
+};
+
+using EventsCountMap = std::map<XEventType, unsigned>;
+
+/// One event. A spot event's interval is empty (end equal to begin).
+struct EventRecord {
+    std::string Label;
+    EventClass Class = EventClass::Spot;
+    XTimeInterval Interval;
+
+    bool operator==(const EventRecord&) const = default;
+};
+
+/// The events of one recording, in time order.
+class ORVANTA_API EventsManager {
+public:
+    /// \param rate rate in Hz in which interval lengths are counted
+    explicit EventsManager(std::uint32_t rate = 0);
+    ~EventsManager();
+    EventsManager(const EventsManager&) = delete;
+    EventsManager& operator=(const EventsManager&) = delete;
+
+    /// Fills \p counts with the number of events of every type of the class; the earlier content goes.
+    /// \param includeUnused also list types that have no event
+    void GetEventsCountMap(EventsCountMap& counts, EventClass eventClass, bool includeUnused) const;
+    /// Fills \p list with the intervals of the type's events in time order; the earlier content goes.
+    void GetTimeListFromType(const XEventType& type, XTimeList& list) const;
+    /// Rate in Hz at which durations are counted.
+    std::uint32_t GetEventsSR() const;
+
+    const std::vector<EventRecord>& GetEvents() const;
+    /// Inserts in time order, after events of the same time.
+    void Add(const EventRecord& event);
+    /// Changes with every change of the events.
+    std::uint64_t GetGeneration() const;
+    /// Labels offered as rejected by default: those that start with "bad", case ignored.
+    std::vector<std::string> GetDefaultRejectLabels() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+class ManagedFlag;
+
+/// Is told when a flag is set; registered under a name for as long as it lives.
+class ORVANTA_API FlagListener {
+public:
+    FlagListener(const char* name, ManagedFlag* flag);
+    FlagListener(const char* name, ManagedFlag& flag);
+    FlagListener(const FlagListener& other);
+    FlagListener& operator=(const FlagListener& other);
+    virtual ~FlagListener();
+
+    virtual void PerformAction() {}
+    const std::string& GetListenerName() const { return name_; }
+
+private:
+    friend class ManagedFlag;
+    std::string name_;
+    ManagedFlag* flag_ = nullptr;
+};
+
+/// A shared flag. Listeners are called in the order of their registration, on the caller's thread.
+class ORVANTA_API ManagedFlag {
+public:
+    ManagedFlag() = default;
+    ~ManagedFlag();
+    ManagedFlag(const ManagedFlag&) = delete;
+    ManagedFlag& operator=(const ManagedFlag&) = delete;
+
+    /// Calls every listener's PerformAction; a listener may unregister itself or others meanwhile.
+    void Set();
+
+private:
+    friend class FlagListener;
+    void Attach(FlagListener* listener);
+    void Detach(FlagListener* listener);
+    std::vector<FlagListener*> listeners_;
+};

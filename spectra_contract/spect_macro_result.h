@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One analysis of a recording.
+#pragma once
+
+#include "spectra_contract/montage.h"
+#include "spectra_contract/spectra_macro.h"
+#include "spectra_contract/spectrum.h"
+#include "spectra_contract/time.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class EEGFileInfoType;
+class GenericGUI;
+class GenericPlatform;
+class GenericProgress;
+
+namespace orvanta::spectral {
+struct ComputeOptions;
+class Analysis;
+} // namespace orvanta::spectral
+
+/// One set of settings applied to one recording, with its spectra once they are computed. The recording must
+/// outlive the analysis. Used on the GUI thread; computations spread over worker threads inside.
+class ORVANTA_API SpectMacroResult {
+public:
+    /// Sensors in recording order.
+    struct SensorOrder {
+        bool operator()(const SensorType* a, const SensorType* b) const;
+    };
+    using SensorMap = std::map<const SensorType*, SpectrumSens, SensorOrder>;
+
+    /// Copies the settings; computes nothing.
+    SpectMacroResult(const SpectraMacro& macro, EEGFileInfoType* recording, const GenericGUI* gui);
+    ~SpectMacroResult();
+    SpectMacroResult(const SpectMacroResult&) = delete;
+    SpectMacroResult& operator=(const SpectMacroResult&) = delete;
+
+    /// Computes all spectra, with progress through \p gui (may be null). Failures are told through \p gui and
+    /// leave the analysis not computed; nothing is thrown.
+    void ComputeFFT(EEGFileInfoType* recording, const GenericGUI* gui);
+    /// As above with a progress display of the caller's (may be null). True when computed; false when
+    /// cancelled. \throws std::exception when reading fails or nothing is computable; the earlier results
+    /// then stay.
+    bool Compute(GenericProgress* progress);
+    /// Drops the computed data.
+    void ResetData();
+    bool IsComputed() const;
+    /// True when there are no data, or when montage, events, settings, file or a higher top frequency (Hz)
+    /// than computed make them stale. \p events is the list the caller shows; an empty one is not compared.
+    bool IsRecomputingNeeded(const MontageType& montage, const XTimeList& events, double topFrequency) const;
+
+    /// The macro file's name without folder and extension, else "Spectrum n".
+    std::string GetName() const;
+    /// "2 s, 50 %, Hanning, 118 epochs".
+    void GetShortInfo(std::ostream& text) const;
+    /// One "Name: value" per line.
+    void GetLongInfo(std::ostream& text) const;
+    /// "118 epochs, 236.0 s"; always terminated.
+    void GetProcDataString(char* buffer, std::size_t size) const;
+
+    /// Transform length in samples, a power of two. Follows from settings and recording; needs no data.
+    std::uint64_t GetFFTSamples() const;
+    /// Rate of the transform's input in Hz.
+    double GetFFTSR() const;
+    /// Width of one bin in Hz.
+    double GetResolutionHz() const;
+    double GetFFTResolution() const { return GetResolutionHz(); }
+    /// Epochs that entered the mean; before computing, those that would.
+    std::uint64_t GetFFTCount() const;
+    /// One text per epoch: begin padded to 14 characters, tab, end, as hh:mm:ss.mmm.
+    std::list<std::string> GetFFTIntervalList() const;
+    /// The nearest bin, at least 0 and at most p/2.
+    std::uint64_t GetIndexFromFreq(double hz) const;
+    double GetFreqFromIndex(std::uint64_t bin) const;
+    double GetTrueFreqFromFreq(double hz) const;
+
+    /// Mean spectrum, or null when there is none. Owned by the analysis; valid until its generation changes.
+    SpectrumSingle* GetSpectrum(const SensorType* sensor) const;
+    SpectrumSingle* GetSpectrum(const ChnType* channel) const;
+    /// Spectrum of one epoch, or null. Valid until another epoch is asked for or the generation changes.
+    SpectrumSingle* GetSpeCartoon(std::uint64_t epoch, const SensorType* sensor) const;
+    /// Fills the spectrum of one epoch of a channel; empty when there is none.
+    void GetSpeCartoon(std::vector<double>& values, std::uint64_t epoch, const ChnType* channel) const;
+    /// Number of epochs of the per-epoch spectra, of sensors and channels.
+    std::uint64_t GetSpeCartoonChnLen() const;
+    /// Number of bipolar channels of the computed montage; 0 for a referential one.
+    unsigned GetNumBip() const;
+    /// Start of the first processed selection after \p time, or null when there is none later. Valid until
+    /// the next call.
+    const XTime* GetNextSelectionStart(const XTime* time) const;
+    /// Fills \p list with the epochs' intervals, step = epoch index.
+    void GetEventList(EEGFileInfoType* recording, XTimeList& list, const GenericGUI* gui) const;
+
+    std::string GetDSPWindowStr() const;
+    void SetDSPWindowStr(const std::string& name);
+    void SetFFTSeconds(double seconds);
+    /// Writes the spectra file; atomic. Failures are told through the platform's GUI. True when written.
+    bool SaveSpectra(GenericPlatform* platform, const EEGFileInfoType* recording, const char* fileName,
+                     const SpectralComments* comments) const;
+
+    SpectraMacro& GetMacro();
+    const SpectraMacro& GetMacro() const;
+    /// The montage of the computed data; before computing, the recording's current one.
+    const MontageType& GetMontage() const;
+    /// Mean spectra of all sensors in recording order; empty before computing.
+    const SensorMap& GetSensorMap() const;
+    /// Changes with every reset and computation.
+    std::uint64_t GetGeneration() const;
+
+    /// How to compute: threads, precision, memory, which statistics. For programs that need less than a view.
+    void SetComputeOptions(const orvanta::spectral::ComputeOptions& options);
+    /// The computed data, for comparisons and exports inside the host; null before computing.
+    std::shared_ptr<const orvanta::spectral::Analysis> GetAnalysis() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
