@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace orvanta::spectral {
+namespace orvanta::platform {
 
 /// The system calls of a save, replaceable so that each one's failure can be tested.
 struct FileOperations {
@@ -30,4 +30,4 @@ struct FileOperations {
 ORVANTA_API void WriteFileAtomically(const std::string& path, std::string_view content,
                                      const FileOperations& operations = FileOperations::System());
 
-} // namespace orvanta::spectral
+} // namespace orvanta::platform
