@@ -1,6 +1,7 @@
 # Language, warnings and sanitizers, the same for every target.
 option(ORVANTA_BUILD_TESTS "Build the tests" OFF)
 option(ORVANTA_BUILD_FUZZERS "Build the libFuzzer targets (clang)" OFF)
+option(ORVANTA_RUN_FUZZERS "Run the fuzz tree's targets as tests" OFF)
 option(ORVANTA_BUILD_BENCHMARKS "Build the micro benchmarks" OFF)
 set(ORVANTA_SANITIZE "" CACHE STRING "Sanitizers, comma separated; empty for none")
 
