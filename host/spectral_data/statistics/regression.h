@@ -17,7 +17,9 @@ struct Line {
     double intercept = 0;
     std::uint64_t count = 0;
 };
-/// Pairs with a value that is not finite are left out. \p x and \p y have the same length.
+/// Two passes: the means, then sums of products of deviations, so that a large common offset costs no digits.
+/// Pairs with a value that is not finite are left out.
+/// \throws std::invalid_argument when \p x and \p y differ in length
 ORVANTA_API Line FitLine(std::span<const double> x, std::span<const double> y);
 
 } // namespace orvanta::spectral
