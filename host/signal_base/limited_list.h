@@ -2,6 +2,8 @@
 // A list of repairs that a bad file cannot make endless.
 #pragma once
 
+#include "spectra_contract/api.h"
+
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -10,7 +12,7 @@ namespace orvanta::signal {
 
 /// Passes the first 20 lines of one kind on to a list and sums up the others, when it goes out of scope, as
 /// "PREFIXand N more".
-class LimitedList {
+class ORVANTA_API LimitedList {
 public:
     static constexpr std::size_t kLimit = 20;
 
