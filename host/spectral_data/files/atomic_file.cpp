@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/spectral_data/files/atomic_file.h"
+
+#include "host/signal_base/recording_error.h"
+
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <unistd.h>
+
+namespace orvanta::spectral {
+
+namespace {
+
+constexpr int kNameAttempts = 100;
+
+const char* RemedyFor(int error) {
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return "free some space or save elsewhere";
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return "choose a folder that you may write to";
+    case ENOENT:
+    case ENOTDIR:
+        return "choose a folder that exists";
+    default:
+        return "try again or save elsewhere";
+    }
+}
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+    throw signal::RecordingError(path, "cannot be written: " + std::generic_category().message(error),
+                                 RemedyFor(error));
+}
+
+/// Repeats a call that a signal has interrupted.
+template <typename Call>
+auto Repeat(const Call& call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+/// The file that is to be replaced: what a link at \p path points at, else \p path.
+std::filesystem::path Target(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
+    const std::filesystem::path target = error ? std::filesystem::path(path) : resolved;
+    const std::filesystem::file_status status = std::filesystem::status(target, error);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        throw signal::RecordingError(path, "is no regular file and is not replaced", "choose another name");
+    }
+    return target;
+}
+
+/// A temporary file that is gone at the end of the scope unless it has taken the target's name.
+class TemporaryFile {
+public:
+    TemporaryFile(const std::filesystem::path& target, const FileOperations& operations)
+        : operations_(operations) {
+        static std::atomic<unsigned> counter{0};
+        for (int attempt = 0; attempt < kNameAttempts && descriptor_ < 0; ++attempt) {
+            const std::string name =
+                ".orvanta-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp";
+            path_ = (target.parent_path() / name).string();
+            descriptor_ = Repeat([&] { return operations_.create(path_.c_str()); });
+            if (descriptor_ < 0 && errno != EEXIST) {
+                break;
+            }
+        }
+        if (descriptor_ < 0) {
+            throw std::system_error(errno, std::generic_category());
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (descriptor_ >= 0) {
+            operations_.close(descriptor_);
+        }
+        if (!renamed_) {
+            operations_.remove(path_.c_str());
+        }
+    }
+
+    void Write(std::string_view content) {
+        while (!content.empty()) {
+            const long written =
+                Repeat([&] { return operations_.write(descriptor_, content.data(), content.size()); });
+            if (written == 0) {
+                errno = ENOSPC; // a file system that takes nothing and names no reason
+            }
+            Check(written > 0);
+            content.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+    void CopyMode(const std::filesystem::path& model) {
+        Check(operations_.copy_mode(descriptor_, model.c_str()) == 0);
+    }
+    void SyncAndClose() {
+        Check(Repeat([&] { return operations_.sync(descriptor_); }) == 0);
+        // The descriptor is gone whatever close answers; after a sync an interruption has lost nothing.
+        const bool closed = operations_.close(descriptor_) == 0 || errno == EINTR;
+        descriptor_ = -1;
+        Check(closed);
+    }
+    void RenameTo(const std::filesystem::path& target) {
+        Check(Repeat([&] { return operations_.rename(path_.c_str(), target.c_str()); }) == 0);
+        renamed_ = true;
+    }
+
+private:
+    static void Check(bool success) {
+        if (!success) {
+            throw std::system_error(errno, std::generic_category());
+        }
+    }
+
+    const FileOperations& operations_;
+    std::string path_;
+    int descriptor_ = -1;
+    bool renamed_ = false;
+};
+
+} // namespace
+
+void WriteFileAtomically(const std::string& path, std::string_view content,
+                         const FileOperations& operations) {
+    const std::filesystem::path target = Target(path);
+    try {
+        TemporaryFile file(target, operations);
+        file.CopyMode(target);
+        file.Write(content);
+        file.SyncAndClose();
+        file.RenameTo(target);
+    } catch (const std::system_error& error) {
+        Fail(path, error.code().value());
+    }
+    const std::filesystem::path folder = target.parent_path();
+    operations.sync_folder(folder.empty() ? "." : folder.c_str());
+}
+
+} // namespace orvanta::spectral
