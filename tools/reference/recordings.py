@@ -1,0 +1,113 @@
+"""Small deterministic EDF and BDF recordings for the reference spectra, and their samples in microvolts."""
+
+import dataclasses
+
+import numpy as np
+
+
+@dataclasses.dataclass
+class Channel:
+    label: str
+    physical: tuple[str, str]  # minimum and maximum as the header has them, microvolts
+    digital: tuple[int, int]
+    microvolts: np.ndarray
+
+    def gain(self) -> float:
+        low, high = map(float, self.physical)
+        return (high - low) / (self.digital[1] - self.digital[0])
+
+    def stored(self) -> np.ndarray:
+        low = float(self.physical[0])
+        values = np.rint((self.microvolts - low) / self.gain()) + self.digital[0]
+        assert values.min() >= self.digital[0] and values.max() <= self.digital[1], self.label
+        return values.astype(np.int64)
+
+    def decoded(self) -> np.ndarray:
+        """What a reader gets, in microvolts."""
+        return (self.stored() - self.digital[0]) * self.gain() + float(self.physical[0])
+
+
+@dataclasses.dataclass
+class Recording:
+    name: str
+    record_seconds: str  # as the header has it
+    record_samples: int
+    records: int
+    channels: list[Channel]
+
+    def is_bdf(self) -> bool:
+        return self.name.endswith(".bdf")
+
+    def rate(self) -> float:
+        return self.record_samples / float(self.record_seconds)
+
+    def to_bytes(self) -> bytes:
+        """The file: header, channel headers, records with one run of samples per channel."""
+        def text(value: object, width: int) -> bytes:
+            encoded = str(value).encode("ascii")
+            assert len(encoded) <= width, value
+            return encoded.ljust(width)
+
+        count = len(self.channels)
+        parts = [b"\xffBIOSEMI" if self.is_bdf() else text("0", 8),
+                 text("X X X X", 80), text("Startdate 01-JAN-2020 X X X", 80), text("01.01.20", 8),
+                 text("00.00.00", 8), text(256 * (count + 1), 8), text("24BIT" if self.is_bdf() else "", 44),
+                 text(self.records, 8), text(self.record_seconds, 8), text(count, 4)]
+        columns = [("label", 16), ("", 80), ("uV", 8), (0, 8), (1, 8), (2, 8), (3, 8), ("", 80),
+                   (self.record_samples, 8), ("", 32)]
+        for content, width in columns:
+            for channel in self.channels:
+                value = channel.label if content == "label" else content
+                if content in (0, 1):
+                    value = channel.physical[content]
+                elif content in (2, 3):
+                    value = channel.digital[content - 2]
+                parts.append(text(value, width))
+        stored = [channel.stored() for channel in self.channels]
+        for record in range(self.records):
+            for values in stored:
+                run = values[record * self.record_samples:(record + 1) * self.record_samples]
+                four = run.astype("<i4").view(np.uint8).reshape(-1, 4)
+                parts.append(four[:, :3 if self.is_bdf() else 2].tobytes())
+        return b"".join(parts)
+
+
+def background(rng: np.random.Generator, samples: int, rate: float, rms: float) -> np.ndarray:
+    """1/f noise with a 10 Hz rhythm of the same size."""
+    frequencies = np.fft.rfftfreq(4 * samples)
+    frequencies[0] = frequencies[1]
+    shape = rng.standard_normal((2, len(frequencies)))
+    noise = np.fft.irfft((shape[0] + 1j * shape[1]) / np.sqrt(frequencies))[:samples]
+    noise *= rms / noise.std()
+    return noise + rms * np.sin(2 * np.pi * 10 * np.arange(samples) / rate)
+
+
+def make() -> list[Recording]:
+    rng = np.random.default_rng(20200101)
+    int16 = (-32768, 32767)
+    int24 = (-8388608, 8388607)
+    biosemi = ("-262144", "262143")
+
+    def recording(name, seconds, samples, records, ranges, digital):
+        total, rate = samples * records, samples / float(seconds)
+        common = background(rng, total, rate, 1.0)
+        channels = []
+        for label, physical, offset, rms in ranges:
+            own = background(rng, total, rate, 1.0)
+            channels.append(Channel(label, physical, digital, offset + rms * (own + 0.5 * common)))
+        return Recording(name, seconds, samples, records, channels)
+
+    return [
+        # Plain, and 200 mV that the calibration carries.
+        recording("rate256.edf", "1", 256, 5,
+                  [("Fp1", ("-3276.8", "3276.7"), 0.0, 30.0), ("Fp2", ("199000", "201000"), 2e5, 80.0)], int16),
+        # 200 mV inside the stored values: a coarse step, so a large signal.
+        recording("rate255.edf", "1", 255, 5,
+                  [("O1", ("-250000", "250000"), 2e5, 3000.0), ("O2", ("-250000", "250000"), -2e5, 3000.0)], int16),
+        # The electrode offsets of an active system, in 24 bits.
+        recording("rate500.bdf", "1", 500, 6,
+                  [("C3", biosemi, 2e5, 20.0), ("C4", biosemi, -2e5, 5.0)], int24),
+        # 173.61 Hz, as near as eight characters of record duration allow.
+        recording("rate173.bdf", "5.760037", 1000, 1,
+                  [("Cz", biosemi, 2e5, 50.0), ("Pz", biosemi, 12.5, 50.0)], int24),
+    ]
