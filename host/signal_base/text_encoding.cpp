@@ -119,4 +119,22 @@ std::string ToUtf8(std::string_view bytes, bool* repaired) {
     return census.multiByte ? ReplaceMalformed(bytes) : FromWindows1252(bytes);
 }
 
+std::string Quoted(std::string_view bytes) {
+    constexpr std::size_t kLongest = 40;
+    // A few bytes more than are shown, so that the last shown character is whole and the work is bounded.
+    std::string text = ToUtf8(bytes.substr(0, kLongest + 4));
+    const bool cut = text.size() > kLongest;
+    if (cut) {
+        std::size_t end = kLongest;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) {
+            --end;
+        }
+        text.resize(end);
+    }
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
+        ' ');
+    return '"' + text + (cut ? "...\"" : "\"");
+}
+
 } // namespace orvanta::signal

@@ -19,4 +19,8 @@ ORVANTA_API bool IsUtf8(std::string_view bytes);
 /// not UTF-8.
 ORVANTA_API std::string ToUtf8(std::string_view bytes, bool* repaired = nullptr);
 
+/// \p bytes as UTF-8 in double quotes, fit for one line of a message: control characters are blanks, and what
+/// goes beyond 40 bytes is "...".
+ORVANTA_API std::string Quoted(std::string_view bytes);
+
 } // namespace orvanta::signal

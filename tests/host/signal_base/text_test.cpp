@@ -58,6 +58,13 @@ TEST(IsUtf8, RefusesOverlongSurrogateAndTooLarge) {
     EXPECT_TRUE(IsUtf8("\xF4\x8F\xBF\xBF"));
 }
 
+TEST(Quoted, MakesOneShortLine) {
+    EXPECT_EQ(Quoted("a\tb\n"), "\"a b \"");
+    EXPECT_EQ(Quoted("\xB5V"), "\"µV\"");
+    EXPECT_EQ(Quoted(std::string(41, 'x')), '"' + std::string(40, 'x') + "...\"");
+    EXPECT_EQ(Quoted(std::string(39, 'x') + "µµ"), '"' + std::string(39, 'x') + "...\"");
+}
+
 TEST(Trim, TakesBlanksAndNulOffBothEnds) {
     using namespace std::string_view_literals;
     EXPECT_EQ(Trim("  a b\t\r\n"), "a b");
