@@ -45,7 +45,8 @@ public:
     /// The file of the macro; empty when it has none.
     const std::string& GetFileName() const;
 
-    /// Window length in seconds, above 0.
+    /// Window length in seconds, above 0 and at most 3600. Larger values are kept at 3600; 0, negative values
+    /// and values that are not finite change nothing.
     double GetFFTSeconds() const;
     void SetFFTSeconds(double seconds);
     /// Overlap of successive windows in percent, 0 to 99; larger values are kept at 99.
@@ -54,6 +55,7 @@ public:
     /// Name of the taper, as of a ".wnd" file; case ignored.
     std::string GetDSPWindowStr() const;
     void SetDSPWindowStr(const std::string& name);
+    /// A value that is none of the modes changes nothing; the same holds for the epochs selection mode.
     TimeIntervalSelectMode GetTimeIntervalSelectMode() const;
     void SetTimeIntervalSelectMode(TimeIntervalSelectMode mode);
     /// Length in seconds for the by-duration mode.
@@ -73,20 +75,21 @@ public:
     void SetRejectEventsList(const std::set<std::string>& labels);
     EpochsSelectionMode GetEpochsSelMode() const;
     void SetEpochsSelMode(EpochsSelectionMode mode);
+    /// Number of epochs for the modes FirstN and RandomN, 1 to 10¹²; values outside are kept at the nearest.
     std::uint64_t GetNumEpochsToUse() const;
     void SetNumEpochsToUse(std::uint64_t count);
     /// Class value attached to the analysis, for regressions and exports.
     int GetContrastValue() const;
     void SetContrastValue(int value);
 
-    /// Names the processed events, fit for a file name: "All", "60s", or the labels joined with "+";
-    /// characters that no file name may hold become "-".
+    /// Names the processed events, fit for a file name: "All", "60s", or the labels joined with "+"
+    /// ("None" without labels); characters that no file name may hold become "-".
     std::string GetProcEventString() const;
     /// Writes one "Name: value" per line.
     void GetLongDescrStr(std::ostringstream& text) const;
 
-    std::uint32_t SpotStepCount = 1;  ///< segments per spot event, 1 to 256
-    std::uint32_t SpotStepInc = 1;    ///< ms from one segment to the next, 1 to 32000
+    std::uint32_t SpotStepCount = 1;  ///< segments per spot event, 1 to 256; used as the nearest of these
+    std::uint32_t SpotStepInc = 1;    ///< ms from one segment to the next, 1 to 32000; likewise
     std::uint32_t Color = 0x00FF0000; ///< 0x00BBGGRR
 
 private:

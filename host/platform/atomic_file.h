@@ -10,9 +10,12 @@
 
 namespace orvanta::platform {
 
-/// The system calls of a save, replaceable so that each one's failure can be tested.
+/// The system calls of a save, replaceable so that each one's failure can be tested. Those that fail return
+/// -1 and set errno.
 struct FileOperations {
     std::function<int(const char* path)> create; ///< exclusive; descriptor or -1
+    /// Gives the new file the permissions of the file at \p model; 0 also when there is no such file.
+    std::function<int(int descriptor, const char* model)> copy_mode;
     std::function<long(int descriptor, const char* data, unsigned long size)> write;
     std::function<int(int descriptor)> sync;
     std::function<int(int descriptor)> close;
@@ -24,9 +27,12 @@ struct FileOperations {
     ORVANTA_API static const FileOperations& System();
 };
 
-/// Writes \p content to a temporary file beside \p path, syncs it and renames it over \p path. On failure the
-/// old file stays as it was, the temporary one is removed, and the system's reason is in the exception.
-/// \throws std::runtime_error "PATH: reason (remedy)"
+/// Writes \p content to a temporary file beside \p path, syncs it and renames it over \p path. A link stays a
+/// link: the file it points at is replaced. The permissions of an existing file are kept. On failure the old
+/// file stays as it was, the temporary one is removed, and the system's reason is in the exception. Once the
+/// rename is done the save counts as done: a folder that cannot be synced is no failure.
+/// \throws std::runtime_error "PATH: reason (remedy)"; also when something that is no regular file has that
+/// name
 ORVANTA_API void WriteFileAtomically(const std::string& path, std::string_view content,
                                      const FileOperations& operations = FileOperations::System());
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The system calls behind a save.
-#include "host/spectral_data/files/atomic_file.h"
+#include "host/platform/atomic_file.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace orvanta::spectral {
+namespace orvanta::platform {
 
 namespace {
 
@@ -44,4 +44,4 @@ const FileOperations& FileOperations::System() {
     return system;
 }
 
-} // namespace orvanta::spectral
+} // namespace orvanta::platform

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/spectral_data/files/atomic_file.h"
-
-#include "host/signal_base/recording_error.h"
+#include "host/platform/atomic_file.h"
 
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
+#include <stdexcept>
 #include <system_error>
 
 #include <unistd.h>
 
-namespace orvanta::spectral {
+namespace orvanta::platform {
 
 namespace {
 
@@ -33,9 +32,8 @@ const char* RemedyFor(int error) {
     }
 }
 
-[[noreturn]] void Fail(const std::string& path, int error) {
-    throw signal::RecordingError(path, "cannot be written: " + std::generic_category().message(error),
-                                 RemedyFor(error));
+[[noreturn]] void Fail(const std::string& path, const std::string& reason, const std::string& remedy) {
+    throw std::runtime_error(path + ": " + reason + " (" + remedy + ")");
 }
 
 /// Repeats a call that a signal has interrupted.
@@ -55,7 +53,7 @@ std::filesystem::path Target(const std::string& path) {
     const std::filesystem::path target = error ? std::filesystem::path(path) : resolved;
     const std::filesystem::file_status status = std::filesystem::status(target, error);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-        throw signal::RecordingError(path, "is no regular file and is not replaced", "choose another name");
+        Fail(path, "is no regular file and is not replaced", "choose another name");
     }
     return target;
 }
@@ -141,10 +139,10 @@ void WriteFileAtomically(const std::string& path, std::string_view content,
         file.SyncAndClose();
         file.RenameTo(target);
     } catch (const std::system_error& error) {
-        Fail(path, error.code().value());
+        Fail(path, "cannot be written: " + error.code().message(), RemedyFor(error.code().value()));
     }
     const std::filesystem::path folder = target.parent_path();
     operations.sync_folder(folder.empty() ? "." : folder.c_str());
 }
 
-} // namespace orvanta::spectral
+} // namespace orvanta::platform

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/spectral_data/files/atomic_file.h"
+#include "host/platform/atomic_file.h"
 
 #include "tests/support/temp_folder.h"
 
@@ -12,7 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace orvanta::spectral {
+namespace orvanta::platform {
 namespace {
 
 class AtomicFile : public testing::Test {
@@ -258,4 +258,4 @@ TEST_F(AtomicFile, ASaveKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
 }
 
 } // namespace
-} // namespace orvanta::spectral
+} // namespace orvanta::platform
