@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window functions that are at hand.
+#include "host/platform/module_path.h"
+#include "host/signal_base/recording_error.h"
+#include "host/signal_base/text.h"
+#include "host/spectral_data/settings/tapers.h"
+#include "spectra_contract/file_path.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace orvanta::spectral {
+
+namespace {
+
+std::string& ChosenFolder() {
+    static std::string folder;
+    return folder;
+}
+
+std::string WithSeparator(std::string folder) {
+    if (!folder.empty() && folder.back() != '/' && folder.back() != '\\') {
+        folder += FilePath::Separator;
+    }
+    return folder;
+}
+
+/// The ".wnd" files of the folder by name, sorted without regard to case, ties by bytes.
+std::vector<std::filesystem::path> Files() {
+    std::vector<std::filesystem::path> files;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(GetTaperFolder(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        std::error_code unreadable;
+        if (entry->is_regular_file(unreadable) &&
+            signal::SameText(entry->path().extension().string(), ".wnd")) {
+            files.push_back(entry->path());
+        }
+    }
+    std::sort(files.begin(), files.end(), [](const auto& a, const auto& b) {
+        const std::string nameA = a.stem().string(), nameB = b.stem().string();
+        return std::pair(signal::LowerCase(nameA), nameA) < std::pair(signal::LowerCase(nameB), nameB);
+    });
+    return files;
+}
+
+} // namespace
+
+std::string GetTaperFolder() {
+    return ChosenFolder().empty() ? platform::OwnFolder(reinterpret_cast<const void*>(&ChosenFolder))
+                                  : ChosenFolder();
+}
+
+void SetTaperFolder(const std::string& folder) {
+    ChosenFolder() = WithSeparator(folder);
+}
+
+std::vector<std::string> ListTapers() {
+    std::vector<std::string> names;
+    for (const std::filesystem::path& file : Files()) {
+        names.push_back(file.stem().string());
+    }
+    return names;
+}
+
+Taper FindTaper(const std::string& name) {
+    const std::vector<std::filesystem::path> files = Files();
+    auto found =
+        std::find_if(files.begin(), files.end(), [&](const auto& file) { return file.stem() == name; });
+    if (found == files.end()) {
+        found = std::find_if(files.begin(), files.end(),
+                             [&](const auto& file) { return signal::SameText(file.stem().string(), name); });
+    }
+    if (found == files.end()) {
+        throw signal::RecordingError(GetTaperFolder(), "there is no window function \"" + name + "\"",
+                                     "choose another one or add the file " + name + ".wnd");
+    }
+    return Taper::Load(found->string());
+}
+
+} // namespace orvanta::spectral
