@@ -53,7 +53,8 @@ std::uint64_t CountOutside(const Watched& watched, const std::byte* record) {
     std::uint32_t outside = 0;
     for (std::uint32_t i = 0; i < layout.samples; ++i) {
         const std::int32_t sample = SampleAt<kFormat>(bytes + i * BytesOf(kFormat));
-        outside += (sample < watched.low) | (sample > watched.high) ? 1 : 0;
+        outside += static_cast<std::uint32_t>(sample < watched.low) +
+                   static_cast<std::uint32_t>(sample > watched.high);
     }
     return outside;
 }
