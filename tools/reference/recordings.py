@@ -22,9 +22,11 @@ class Channel:
         assert values.min() >= self.digital[0] and values.max() <= self.digital[1], self.label
         return values.astype(np.int64)
 
-    def decoded(self) -> np.ndarray:
-        """What a reader gets, in microvolts."""
-        return (self.stored() - self.digital[0]) * self.gain() + float(self.physical[0])
+    def centred(self) -> np.ndarray:
+        """What a reader gets, in microvolts, less a constant: whole steps around the mean, so that an offset of
+        200 mV costs the reference no digits. The mean of every epoch is removed anyway."""
+        stored = self.stored()
+        return (stored - round(stored.mean())) * self.gain()
 
 
 @dataclasses.dataclass

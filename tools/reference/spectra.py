@@ -57,7 +57,7 @@ def spectra(samples: list[np.ndarray], rate: float, seconds: float, taper: str, 
 def main(folder: pathlib.Path) -> None:
     for recording in recordings.make():
         (folder / recording.name).write_bytes(recording.to_bytes())
-        samples = [channel.decoded() for channel in recording.channels]
+        samples = [channel.centred() for channel in recording.channels]
         rate = recording.rate()
         cases = [spectra(samples, rate, SHORT[recording.name], taper, overlap, taper == "Hanning")
                  for taper in TAPERS for overlap in (0, 50, 75)]
