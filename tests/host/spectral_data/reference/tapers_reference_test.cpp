@@ -16,7 +16,8 @@ TEST(TaperReference, PeriodicFormsAreSciPys) {
         const auto actual = FindTaper(taper["taper"]).Values(static_cast<std::uint32_t>(expected.size()));
         ASSERT_EQ(actual.size(), expected.size());
         for (std::size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_NEAR(actual[i], expected[i], 1e-9) << taper["taper"] << " " << expected.size() << ": " << i;
+            EXPECT_NEAR(actual[i], expected[i], 1e-14)
+                << taper["taper"] << " " << expected.size() << ": " << i;
         }
     }
 }
