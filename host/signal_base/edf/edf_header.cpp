@@ -44,15 +44,14 @@ std::size_t ChannelCount(const DataFile& file, EdfFields& fields) {
                                  fields.Quoted(edf_field::kChannels),
                              kDamaged);
     }
-    const auto channels = static_cast<std::uint64_t>(*count); // four characters, at most "9e99"
-    if (*count > 1e6 || (channels + 1) * kEdfHeaderUnit > file.Size()) {
+    if ((*count + 1) * kEdfHeaderUnit > static_cast<double>(file.Size())) {
         throw RecordingError(file.Path(),
                              "byte " + std::to_string(file.Size()) + ": the header is cut, " +
                                  fields.Quoted(edf_field::kChannels) +
                                  " channels need more bytes than the file has",
                              "copy the file again");
     }
-    return static_cast<std::size_t>(channels);
+    return static_cast<std::size_t>(*count);
 }
 
 void CheckHeaderSize(EdfFields& fields, std::size_t channels) {
@@ -149,8 +148,7 @@ EdfHeader ReadEdfHeader(const DataFile& file, RepairList& repairs) {
     {
         std::string fixedPart = ReadHeaderBytes(file, kEdfHeaderUnit);
         header.sample_format = FormatOf(file, fixedPart);
-        RepairList listedBelow;
-        EdfFields fields(std::move(fixedPart), listedBelow);
+        EdfFields fields(std::move(fixedPart), repairs);
         channels = ChannelCount(file, fields);
     }
     header.first_byte = (channels + 1) * kEdfHeaderUnit;
