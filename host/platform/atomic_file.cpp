@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <system_error>
 
@@ -127,22 +128,53 @@ private:
     bool renamed_ = false;
 };
 
-} // namespace
-
-void WriteFileAtomically(const std::string& path, std::string_view content,
-                         const FileOperations& operations) {
-    const std::filesystem::path target = Target(path);
+/// Does a step of the save; the system's errors become those of the file at \p path.
+template <typename Step>
+void Attempt(const std::string& path, const Step& step) {
     try {
-        TemporaryFile file(target, operations);
-        file.CopyMode(target);
-        file.Write(content);
-        file.SyncAndClose();
-        file.RenameTo(target);
+        step();
     } catch (const std::system_error& error) {
         Fail(path, "cannot be written: " + error.code().message(), RemedyFor(error.code().value()));
     }
-    const std::filesystem::path folder = target.parent_path();
-    operations.sync_folder(folder.empty() ? "." : folder.c_str());
+}
+
+} // namespace
+
+struct AtomicFile::Impl {
+    std::string path; ///< as the caller named it
+    std::filesystem::path target;
+    FileOperations operations;
+    std::optional<TemporaryFile> temporary;
+};
+
+AtomicFile::AtomicFile(const std::string& path, const FileOperations& operations)
+    : impl_(new Impl{path, Target(path), operations, {}}) {
+    Attempt(path, [&] {
+        impl_->temporary.emplace(impl_->target, impl_->operations);
+        impl_->temporary->CopyMode(impl_->target);
+    });
+}
+
+AtomicFile::~AtomicFile() = default;
+
+void AtomicFile::Write(std::string_view content) {
+    Attempt(impl_->path, [&] { impl_->temporary->Write(content); });
+}
+
+void AtomicFile::Commit() {
+    Attempt(impl_->path, [&] {
+        impl_->temporary->SyncAndClose();
+        impl_->temporary->RenameTo(impl_->target);
+    });
+    const std::filesystem::path folder = impl_->target.parent_path();
+    impl_->operations.sync_folder(folder.empty() ? "." : folder.c_str());
+}
+
+void WriteFileAtomically(const std::string& path, std::string_view content,
+                         const FileOperations& operations) {
+    AtomicFile file(path, operations);
+    file.Write(content);
+    file.Commit();
 }
 
 } // namespace orvanta::platform

@@ -5,6 +5,7 @@
 #include "spectra_contract/api.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -27,12 +28,31 @@ struct FileOperations {
     ORVANTA_API static const FileOperations& System();
 };
 
-/// Writes \p content to a temporary file beside \p path, syncs it and renames it over \p path. A link stays a
-/// link: the file it points at is replaced. The permissions of an existing file are kept. On failure the old
-/// file stays as it was, the temporary one is removed, and the system's reason is in the exception. Once the
-/// rename is done the save counts as done: a folder that cannot be synced is no failure.
-/// \throws std::runtime_error "PATH: reason (remedy)"; also when something that is no regular file has that
-/// name
+/// A save in pieces: written to a temporary file beside \p path, which takes the place of \p path only when
+/// it is complete and on the disk. A link stays a link: the file it points at is replaced. The permissions of
+/// an existing file are kept. On failure the old file stays as it was, the temporary one is removed, and the
+/// system's reason is in the exception, a std::runtime_error "PATH: reason (remedy)".
+class ORVANTA_API AtomicFile {
+public:
+    /// \throws std::runtime_error; also when something that is no regular file has that name
+    explicit AtomicFile(const std::string& path, const FileOperations& operations = FileOperations::System());
+    /// Removes what was not committed.
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Appends. \throws std::runtime_error
+    void Write(std::string_view content);
+    /// Puts the file in place; the last call. Once the rename is done the save counts as done: a folder that
+    /// cannot be synced is no failure. \throws std::runtime_error
+    void Commit();
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+/// Saves \p content as a whole, as AtomicFile does. \throws std::runtime_error "PATH: reason (remedy)"
 ORVANTA_API void WriteFileAtomically(const std::string& path, std::string_view content,
                                      const FileOperations& operations = FileOperations::System());
 
