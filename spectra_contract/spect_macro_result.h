@@ -42,12 +42,13 @@ public:
     SpectMacroResult& operator=(const SpectMacroResult&) = delete;
 
     /// Computes all spectra, with progress through \p gui (may be null). Failures are told through \p gui and
-    /// leave the analysis not computed; nothing is thrown.
+    /// leave the analysis as it was; nothing is thrown.
     void ComputeFFT(EEGFileInfoType* recording, const GenericGUI* gui);
     /// As above with a progress display of the caller's (may be null). True when computed; false when
     /// cancelled. \throws std::exception when reading fails or nothing is computable; the earlier results
-    /// then stay.
-    bool Compute(GenericProgress* progress);
+    /// then stay. \param topFrequency the highest frequency in Hz that the caller shows. All bins up to half
+    /// the rate are computed in any case; a higher wish is remembered as met.
+    bool Compute(GenericProgress* progress, double topFrequency = 0);
     /// Drops the computed data.
     void ResetData();
     bool IsComputed() const;
