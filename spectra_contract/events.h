@@ -49,14 +49,15 @@ struct EventRecord {
 /// The events of one recording, in time order.
 class ORVANTA_API EventsManager {
 public:
-    /// \param rate rate in Hz in which interval lengths are counted
+    /// \param rate rate in Hz in which interval lengths are counted; 0 stands for 1000
     explicit EventsManager(std::uint32_t rate = 0);
     ~EventsManager();
     EventsManager(const EventsManager&) = delete;
     EventsManager& operator=(const EventsManager&) = delete;
 
     /// Fills \p counts with the number of events of every type of the class; the earlier content goes.
-    /// \param includeUnused also list types that have no event
+    /// \param includeUnused also list types that have no event; types are known by their events alone here,
+    /// so that there are none
     void GetEventsCountMap(EventsCountMap& counts, EventClass eventClass, bool includeUnused) const;
     /// Fills \p list with the intervals of the type's events in time order; the earlier content goes.
     void GetTimeListFromType(const XEventType& type, XTimeList& list) const;

@@ -37,11 +37,13 @@ public:
     const std::vector<const SensorType*>& GetCommonAverage() const;
     /// The two electrodes of a difference, for coherence and phase; both null for any other combination.
     std::pair<const SensorType*, const SensorType*> GetElectrodes() const;
-    /// Whether the channel shows \p spectrum: a channel spectrum of an equal channel, or the spectrum of the
+    /// Whether the channel shows \p spectrum, told by its name: the spectrum of this channel, or of the
     /// channel's first electrode. False for null.
     virtual bool AcceptsSpectrum(const SpectrumSingle* spectrum) const;
-    /// Takes over the other channel's reference: every electrode is then measured against what \p other
-    /// names. Does nothing for null.
+    /// Makes the first electrode of \p other the reference: this channel's electrode is then measured against
+    /// it. The channel of that electrode itself shows the former reference instead, so that a montage whose
+    /// channels all take over the same channel keeps every other electrode. Does nothing for null. \p other
+    /// belongs to another montage object (a copy, a computed result), or it would change on its own turn.
     void AssignChannel(const ChnType* other);
 
     /// Same name, terms and common average.
@@ -67,6 +69,7 @@ public:
     MontageType& operator=(MontageType&&) noexcept;
     ~MontageType();
 
+    /// A reference montage is named after its present reference.
     const std::string& GetName() const;
     Kind GetKind() const;
     std::size_t GetNumTraces() const;
@@ -109,7 +112,8 @@ public:
     MontageType* GetUniMtg() const;
     /// The reference montage (every electrode against a chosen one); never null.
     MontageType* GetRefMtg() const;
-    /// Appends a montage (a user montage); a montage of the same name is replaced. Returns its index.
+    /// Appends a user montage and returns its index. A user montage of the same name (case ignored) is
+    /// replaced; one that is named as a standard montage gets " (user)" behind its name.
     std::size_t Add(MontageType montage);
 
 private:

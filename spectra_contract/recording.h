@@ -36,7 +36,8 @@ public:
     void GetSensorsListOfType(SensorList& list, std::uint32_t mask, Sensor::Class sensorClass) const;
     /// Appends the sensors of the class, in recording order.
     void GetSensorsList(SensorList& list, Sensor::Class sensorClass) const;
-    /// The sensor named \p name (case ignored), or null.
+    /// The sensor named \p name (case ignored), else the one recorded under that label, else the electrode
+    /// of that old or new 10-20 name ("T3", "T7"); null when there is none.
     SensorType* FindSensor(const std::string& name) const;
 
 protected:
@@ -65,10 +66,13 @@ public:
     unsigned GetMemDataSR() const;
     /// Recording time of the first sample shown; valid until the cursor moves.
     const XTime* GetStartRecTime() const;
-    /// Sample number of a time, rounded to nearest; 0 for null. \p reserved is not used.
+    /// Sample number of a time, rounded to nearest; 0 for null. Memory samples count at GetMemDataSR() and
+    /// may lie outside the recording; file samples are kept inside. \p reserved is not used.
     std::int64_t GetSample(const XTime* time, Sample::Mode mode, int reserved) const;
     /// Text "hh:mm:ss.mmm" of a number of samples at \p rate Hz, with a leading "-" when negative; with
-    /// ARMode::Clock counted from the recording's start time, with DTMode::DateTime headed by "yyyy-mm-dd ".
+    /// ARMode::Clock counted from the recording's start time, with DTMode::DateTime headed by "yyyy-mm-dd ",
+    /// the date at that sample. A recording without a start time has no date and counts from 0. File samples
+    /// are placed behind the gaps that precede them.
     std::string GetTimeStrFromSmpl(Sample::Mode mode, unsigned rate, std::int64_t samples,
                                    XTime::DTMode dateTime, XTime::ARMode absolute) const;
     /// Moves to a memory sample, kept inside the recording.

@@ -77,6 +77,13 @@ public:
     bool IsEeg() const { return (GetType() & Sensor::EegFamily) == Sensor::EegFamily; }
     /// Name and standard 10-05 position, with Known false when the name has none.
     ElectInfo GetElectInfo() const;
+    /// The single electrode that was recorded, such as "Fp1"; empty for a recorded difference of two scalp
+    /// electrodes and for what is not EEG.
+    const std::string& GetElectrode() const;
+    /// What it was recorded against, such as "M2" or "LE"; empty when the label does not tell.
+    const std::string& GetReference() const;
+    /// The label as recorded, such as "EEG Fp1-Ref".
+    const std::string& GetRecordedLabel() const;
     /// Index of the sensor among the recording's signals, in file order.
     std::size_t GetSignalIndex() const;
     /// A sensor marked bad takes no part in average references.

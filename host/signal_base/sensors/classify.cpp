@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/sensors/classify.h"
+
+#include "host/signal_base/recording.h"
+#include "host/signal_base/sensors/label.h"
+#include "host/signal_base/sensors/sensor_impl.h"
+#include "host/signal_base/text.h"
+#include "host/signal_base/units.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace orvanta::signal {
+
+namespace {
+
+constexpr const char* kMicrovolt = "\u00B5V";
+/// Texts found in the unit field of channels that were never calibrated.
+constexpr std::array<std::string_view, 9> kNoUnits{"",     "raw", "adc",  "counts", "au",
+                                                   "a.u.", "n/a", "none", "unknown"};
+/// Stems that number channels of any kind.
+constexpr std::array<std::string_view, 12> kPlainStems{"eeg", "ch",  "chan", "channel", "ex",   "exg",
+                                                       "aux", "bip", "dc",   "misc",    "trig", "in"};
+
+struct Signal {
+    const SignalHeader* header = nullptr;
+    ParsedLabel label;
+    std::optional<double> microvolts; ///< in its unit; none when that is no voltage
+    bool noUnit = false;
+
+    bool MayBeEeg() const { return header->rate_hz > 0 && (microvolts || noUnit); }
+    bool IsEeg() const { return label.type && (*label.type & Sensor::EegFamily) != 0; }
+};
+
+bool IsNoUnit(const SignalHeader& header) {
+    const std::string unit = LowerCase(Trim(header.unit));
+    return !header.calibrated || std::find(kNoUnits.begin(), kNoUnits.end(), unit) != kNoUnits.end();
+}
+
+std::vector<Signal> ReadLabels(const RecordingData& data) {
+    std::vector<Signal> signals;
+    for (const SignalHeader& header : data.signals) {
+        Signal signal{&header, ParseLabel(header.label), MicrovoltsPer(NormalUnit(header.unit)), false};
+        signal.noUnit = !signal.microvolts && IsNoUnit(header);
+        if (header.annotations) {
+            signal.label.type = Sensor::Annotations;
+        } else if (header.status) {
+            signal.label.type = Sensor::Status;
+        } else if (signal.IsEeg() && !signal.MayBeEeg()) {
+            signal.label.type = Sensor::OtherSignal;
+        }
+        signals.push_back(std::move(signal));
+    }
+    return signals;
+}
+
+/// Numbered rows of contacts override what single names seem to say: the A1 of A1 ... A32 is no ear.
+void FindContactRows(std::vector<Signal>& signals) {
+    std::map<std::string, std::map<unsigned, Signal*>> rows;
+    for (Signal& signal : signals) {
+        const std::optional<Contact> contact = ParseContact(signal.label.name);
+        const bool open = !signal.label.type || signal.IsEeg() || signal.label.type == Sensor::OtherSignal;
+        if (contact && open && signal.MayBeEeg()) {
+            rows[contact->stem].emplace(contact->number, &signal);
+        }
+    }
+    for (const auto& [stem, row] : rows) {
+        const bool plain = std::find(kPlainStems.begin(), kPlainStems.end(), stem) != kPlainStems.end();
+        const bool dense = row.size() >= 4 && row.rbegin()->first * 3 <= row.size() * 4;
+        const bool unknown = std::any_of(row.begin(), row.end(),
+                                         [](const auto& contact) { return !contact.second->label.known; });
+        if (plain || !dense || !unknown) {
+            continue;
+        }
+        for (const auto& [number, signal] : row) {
+            if (signal->label.type != Sensor::IntracranialEeg) {
+                signal->label.type = stem.size() > 1 ? Sensor::IntracranialEeg : Sensor::UnplacedEeg;
+            }
+            signal->label.placed = false;
+            signal->label.pair = false;
+        }
+    }
+}
+
+/// Sleep recordings call the eyes E1 and E2, unless these begin a numbered net.
+void FindEyes(std::vector<Signal>& signals) {
+    const auto electrode = [](const Signal& signal) {
+        return LowerCase(signal.label.name.substr(0, signal.label.name.find('-')));
+    };
+    const bool net = std::any_of(signals.begin(), signals.end(),
+                                 [&](const Signal& signal) { return electrode(signal) == "e3"; });
+    for (Signal& signal : signals) {
+        const std::string name = electrode(signal);
+        if (!net && !signal.label.type && (name == "e1" || name == "e2")) {
+            signal.label.type = Sensor::Eog;
+        }
+    }
+}
+
+/// One common scalp reference makes electrodes of what look like differences.
+void FindCommonReference(std::vector<Signal>& signals) {
+    std::set<std::string> references;
+    std::size_t pairs = 0;
+    for (const Signal& signal : signals) {
+        if (signal.label.pair) {
+            references.insert(signal.label.reference);
+            ++pairs;
+        }
+    }
+    if (references.size() == 1 && pairs >= 3) {
+        for (Signal& signal : signals) {
+            signal.label.pair = false;
+        }
+    }
+}
+
+void DecideUnknown(std::vector<Signal>& signals) {
+    const bool noneKnown = std::all_of(signals.begin(), signals.end(), [](const Signal& signal) {
+        return !signal.label.type || signal.header->annotations || signal.header->status;
+    });
+    const bool anyVoltage = std::any_of(signals.begin(), signals.end(), [](const Signal& signal) {
+        return !signal.label.type && signal.microvolts.has_value();
+    });
+    for (Signal& signal : signals) {
+        if (!signal.label.type) {
+            const bool eeg = noneKnown && signal.MayBeEeg() && (signal.microvolts || !anyVoltage);
+            signal.label.type = eeg ? Sensor::UnplacedEeg : Sensor::OtherSignal;
+        }
+    }
+}
+
+/// Electrodes are named by themselves where that is unambiguous, else with their reference.
+std::vector<std::string> MakeNames(const std::vector<Signal>& signals, std::vector<std::string>& repairs) {
+    std::map<std::string, int> uses;
+    for (const Signal& signal : signals) {
+        ++uses[LowerCase(signal.label.name)];
+    }
+    std::vector<std::string> names;
+    std::set<std::string> taken;
+    for (const Signal& signal : signals) {
+        const ParsedLabel& label = signal.label;
+        std::string name = label.pair || uses[LowerCase(label.name)] > 1 ? label.full : label.name;
+        const std::string stem = name;
+        for (int copy = 2; !taken.insert(LowerCase(name)).second; ++copy) {
+            name = stem + "-" + std::to_string(copy);
+        }
+        if (name != stem) {
+            repairs.push_back("two channels are named \"" + stem + "\": the one labelled \"" +
+                              signal.header->label + "\" is called \"" + name + "\"");
+        }
+        names.push_back(name);
+    }
+    return names;
+}
+
+/// Midway on the head between two electrodes.
+HeadPosition Between(const HeadPosition& a, const HeadPosition& b) {
+    const HeadPosition sum{a.x + b.x, a.y + b.y, a.z + b.z};
+    const double length = std::hypot(sum.x, sum.y, sum.z);
+    return length < 1e-9 ? HeadPosition{0, 0, 1}
+                         : HeadPosition{sum.x / length, sum.y / length, sum.z / length};
+}
+
+ElectInfo Place(const Signal& signal, const std::string& name) {
+    if (!signal.label.placed || signal.label.type != Sensor::ScalpEeg) {
+        return {name, {}, false};
+    }
+    ElectInfo first = StandardPosition(signal.label.name);
+    first.Name = name;
+    if (signal.label.pair) {
+        const ElectInfo second = StandardPosition(signal.label.reference);
+        first.Position = second.Known ? Between(first.Position, second.Position) : first.Position;
+    }
+    return first;
+}
+
+} // namespace
+
+double EegMicrovolts(const SignalHeader& header) {
+    return MicrovoltsPer(NormalUnit(header.unit)).value_or(1);
+}
+
+std::vector<std::shared_ptr<SensorType>> MakeSensors(const RecordingData& data,
+                                                     std::vector<std::string>& repairs) {
+    std::vector<Signal> signals = ReadLabels(data);
+    FindEyes(signals);
+    FindContactRows(signals);
+    FindCommonReference(signals);
+    DecideUnknown(signals);
+
+    const std::vector<std::string> names = MakeNames(signals, repairs);
+    std::vector<std::shared_ptr<SensorType>> sensors;
+    for (std::size_t i = 0; i < signals.size(); ++i) {
+        const Signal& signal = signals[i];
+        auto impl = std::make_unique<SensorType::Impl>();
+        impl->elect = Place(signal, names[i]);
+        impl->type = *signal.label.type;
+        impl->rateHz = signal.header->rate_hz;
+        impl->unit = signal.microvolts || signal.IsEeg() ? kMicrovolt : NormalUnit(signal.header->unit);
+        impl->recordedLabel = signal.header->label;
+        impl->signal = i;
+        if (signal.IsEeg() && !signal.label.pair) {
+            impl->electrode = signal.label.name;
+            impl->reference = signal.label.reference;
+        }
+        if (signal.IsEeg() && !signal.microvolts) {
+            repairs.push_back("channel \"" + signal.header->label + "\" has no unit of voltage (\"" +
+                              signal.header->unit + "\"): its values are taken as \u00B5V");
+        }
+        sensors.push_back(std::make_shared<SensorType>(std::move(impl)));
+    }
+    return sensors;
+}
+
+} // namespace orvanta::signal
