@@ -30,7 +30,7 @@ public:
     static XTime FromSeconds(double seconds);
 
     constexpr std::int64_t Nanoseconds() const { return ns_; }
-    constexpr double Seconds() const { return static_cast<double>(ns_) * 1e-9; }
+    constexpr double Seconds() const { return static_cast<double>(ns_) / 1e9; }
 
     constexpr auto operator<=>(const XTime&) const = default;
 

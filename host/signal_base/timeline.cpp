@@ -61,18 +61,24 @@ std::int64_t Timeline::SampleAt(double seconds) const {
 
 std::vector<SampleRange> Timeline::Ranges(double begin_s, double end_s) const {
     std::vector<SampleRange> ranges;
-    for (const Segment& segment : segments_) {
+    const auto samplesInto = [&](const Segment& segment, double seconds) {
+        return (seconds - segment.start_s) * rate_hz_;
+    };
+    auto segment = std::partition_point(segments_.begin(), segments_.end(), [&](const Segment& earlier) {
+        return samplesInto(earlier, begin_s) >= static_cast<double>(earlier.count);
+    });
+    for (; segment != segments_.end() && samplesInto(*segment, end_s) > 0; ++segment) {
         const auto clamp = [&](double seconds) {
-            const double samples = (seconds - segment.start_s) * rate_hz_;
+            const double samples = samplesInto(*segment, seconds);
             if (samples <= 0) {
                 return std::int64_t{0};
             }
-            return samples >= static_cast<double>(segment.count) ? segment.count : CeilSample(samples);
+            return samples >= static_cast<double>(segment->count) ? segment->count : CeilSample(samples);
         };
         const std::int64_t first = clamp(begin_s);
         const std::int64_t last = clamp(end_s);
         if (first < last) {
-            ranges.push_back({segment.first_sample + first, segment.first_sample + last});
+            ranges.push_back({segment->first_sample + first, segment->first_sample + last});
         }
     }
     return ranges;
