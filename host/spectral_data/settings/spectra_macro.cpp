@@ -3,8 +3,10 @@
 
 #include "host/platform/atomic_file.h"
 #include "host/signal_base/data_file.h"
+#include "host/spectral_data/settings/event_context.h"
 #include "host/spectral_data/settings/macro_file.h"
 #include "host/spectral_data/settings/macro_limits.h"
+#include "spectra_contract/events.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,6 +52,27 @@ struct SpectraMacro::Impl {
     }
 };
 
+namespace {
+
+enum LoadResult { kLoaded = 0, kNoMatchedEvents = 1, kNotReadable = 2 };
+
+/// Whether any of the labels that the macro's mode selects by exists among the events.
+bool MatchesEvents(const SpectraMacro& macro, const EventsManager& events) {
+    using Mode = SpectraMacro::TimeIntervalSelectMode;
+    const Mode mode = macro.GetTimeIntervalSelectMode();
+    if (mode != Mode::ByStateEvents && mode != Mode::BySpotEvents) {
+        return true;
+    }
+    const bool states = mode == Mode::ByStateEvents;
+    const EventClass wanted = states ? EventClass::State : EventClass::Spot;
+    const std::set<std::string> labels = states ? macro.GetAcceptStateList() : macro.GetAcceptSpotList();
+    return std::any_of(events.GetEvents().begin(), events.GetEvents().end(), [&](const EventRecord& event) {
+        return event.Class == wanted && labels.contains(event.Label);
+    });
+}
+
+} // namespace
+
 SpectraMacro::SpectraMacro() : impl_(std::make_unique<Impl>()) {}
 SpectraMacro::~SpectraMacro() = default;
 SpectraMacro::SpectraMacro(const SpectraMacro& other)
@@ -76,7 +99,15 @@ int SpectraMacro::Load(const std::string& path) {
         loaded.impl_->fileName = path;
         *this = loaded;
     });
-    return read ? 0 : 2;
+    if (!read) {
+        return kNotReadable;
+    }
+    const EventsManager* events = spectral::GetMacroEventContext();
+    if (events == nullptr || MatchesEvents(*this, *events)) {
+        return kLoaded;
+    }
+    SetTimeIntervalSelectMode(TimeIntervalSelectMode::AllRecording);
+    return kNoMatchedEvents;
 }
 
 int SpectraMacro::Save() {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/spectral_data/settings/event_context.h"
 #include "host/spectral_data/settings/macro_file.h"
+#include "spectra_contract/events.h"
 #include "spectra_contract/spectra_macro.h"
 #include "tests/support/temp_folder.h"
 
@@ -183,6 +185,8 @@ TEST(MacroFile, EntitiesAreNotExpanded) {
 
 class MacroLoading : public testing::Test {
 protected:
+    ~MacroLoading() override { SetMacroEventContext(nullptr); }
+
     std::string SmxWith(const std::string& elements) { return folder_.Write("m.smx", File(elements)); }
 
     test::TempFolder folder_;
@@ -254,6 +258,48 @@ TEST_F(MacroLoading, AHugeFileIsRefusedWithoutReadingIt) {
     EXPECT_EQ(macro_.Load(path), 2);
     EXPECT_EQ(macro_.GetLastError().find('\n'), std::string::npos);
     EXPECT_TRUE(macro_.GetLastError().starts_with(path + ": "));
+}
+
+TEST_F(MacroLoading, SelectionsThatMatchNoEventFallBackToAllOfTheRecording) {
+    EventsManager events(256);
+    events.Add({"eyes closed", EventClass::State, {XTime::FromSeconds(1), XTime::FromSeconds(2)}});
+    events.Add({"flash", EventClass::Spot, {XTime::FromSeconds(1), XTime::FromSeconds(1)}});
+    SetMacroEventContext(&events);
+    struct Case {
+        const char* elements;
+        int result;
+        Mode mode;
+    };
+    const Case cases[] = {
+        {"<mode>states</mode><states><label>eyes closed</label><label>x</label></states>", 0,
+         Mode::ByStateEvents},
+        {"<mode>states</mode><states><label>eyes open</label></states>", 1, Mode::AllRecording},
+        {"<mode>states</mode><states><label>flash</label></states>", 1, Mode::AllRecording},
+        {"<mode>states</mode>", 1, Mode::AllRecording},
+        {"<mode>spots</mode><spots><label>flash</label></spots>", 0, Mode::BySpotEvents},
+        {"<mode>spots</mode><spots><label>Flash</label></spots>", 1, Mode::AllRecording},
+        {"<mode>duration</mode><states><label>eyes open</label></states>", 0, Mode::ByDuration},
+    };
+    for (const Case& item : cases) {
+        EXPECT_EQ(macro_.Load(SmxWith(item.elements)), item.result) << item.elements;
+        EXPECT_EQ(macro_.GetTimeIntervalSelectMode(), item.mode) << item.elements;
+        EXPECT_EQ(macro_.GetLastError(), "") << item.elements;
+    }
+}
+
+TEST_F(MacroLoading, WithoutARecordingNoSelectionIsChecked) {
+    EXPECT_EQ(macro_.Load(SmxWith("<mode>states</mode><states><label>eyes open</label></states>")), 0);
+    EXPECT_EQ(macro_.GetTimeIntervalSelectMode(), Mode::ByStateEvents);
+}
+
+TEST_F(MacroLoading, TheContextIsWhatWasSetLast) {
+    const EventsManager first(1);
+    const EventsManager second(1);
+    SetMacroEventContext(&first);
+    SetMacroEventContext(&second);
+    EXPECT_EQ(GetMacroEventContext(), &second);
+    SetMacroEventContext(nullptr);
+    EXPECT_EQ(GetMacroEventContext(), nullptr);
 }
 
 } // namespace
