@@ -2,11 +2,13 @@
 // Version of the window layer.
 #pragma once
 
+#include "host/toolkit/export.h"
+
 #include <cstdint>
 
 namespace owl {
 
 /// The window layer's version: the bits from 20 up name the release with which a module must agree.
-__attribute__((visibility("default"))) std::uint32_t OWLGetVersion();
+ORVANTA_TOOLKIT_API std::uint32_t OWLGetVersion();
 
 } // namespace owl
