@@ -23,17 +23,24 @@ function(orvanta_add_program name)
     target_link_libraries(${name} PRIVATE orvanta_options ${arg_LIBS})
 endfunction()
 
-# orvanta_add_tests(name [LIBS libs...]): the *_test.cpp of this folder and below as one GoogleTest program,
-# every case a ctest of its own.
+# orvanta_add_tests(name [QT] [LIBS libs...]): the *_test.cpp of this folder and below as one GoogleTest program,
+# every case a ctest of its own. With QT there is a QApplication on the offscreen platform, and a warning of Qt
+# fails the case.
 function(orvanta_add_tests name)
-    cmake_parse_arguments(arg "" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(arg "QT" "" "LIBS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     if(NOT sources)
         return()
     endif()
+    if(arg_QT)
+        set(main orvanta_qt_test_main)
+        set(environment ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    else()
+        set(main GTest::gtest_main)
+    endif()
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE orvanta_options orvanta_test_support GTest::gtest GTest::gmock
-        GTest::gtest_main ${arg_LIBS})
+        ${main} ${arg_LIBS})
     target_compile_definitions(${name} PRIVATE ORVANTA_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ${environment})
 endfunction()

@@ -12,6 +12,17 @@ std::map<unsigned, std::string>& HostStrings() {
     return strings;
 }
 
+/// The user's languages, each with its region first ("de-AT", "de"), then English.
+QStringList LanguageFiles() {
+    QStringList files;
+    for (const QString& language : QLocale().uiLanguages()) {
+        // A script may stand between language and region ("de-Latn-AT").
+        const QStringList parts = language.split('-');
+        files << parts.first() + '-' + parts.last() << parts.first();
+    }
+    return files << "en";
+}
+
 } // namespace
 
 PModule::PModule(const char* name, HINSTANCE instance, std::string messageFolder)
@@ -43,7 +54,7 @@ void PModule::ReadTexts() const {
     if (folder.isEmpty()) {
         folder = QFileInfo(QString::fromStdString(owl::ModuleFileName(GetInstance()))).path() + "/messages";
     }
-    for (const QString& language : QLocale().uiLanguages() << "en") {
+    for (const QString& language : LanguageFiles()) {
         for (const QString& place : {folder, QString(":/messages")}) {
             QSettings file(QString("%1/%2.%3.ini").arg(place, QString::fromStdString(GetName()), language),
                            QSettings::IniFormat);
