@@ -18,6 +18,9 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
 
 int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
