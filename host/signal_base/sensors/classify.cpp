@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/sensors/classify.h"
 
+#include "host/signal_base/limited_list.h"
 #include "host/signal_base/recording.h"
 #include "host/signal_base/sensors/label.h"
 #include "host/signal_base/sensors/sensor_impl.h"
@@ -140,6 +141,7 @@ std::vector<std::string> MakeNames(const std::vector<Signal>& signals, std::vect
     }
     std::vector<std::string> names;
     std::set<std::string> taken;
+    LimitedList renamed(repairs, "");
     for (const Signal& signal : signals) {
         const ParsedLabel& label = signal.label;
         std::string name = label.pair || uses[LowerCase(label.name)] > 1 ? label.full : label.name;
@@ -147,9 +149,9 @@ std::vector<std::string> MakeNames(const std::vector<Signal>& signals, std::vect
         for (int copy = 2; !taken.insert(LowerCase(name)).second; ++copy) {
             name = stem + "-" + std::to_string(copy);
         }
-        if (name != stem) {
-            repairs.push_back("two channels are named \"" + stem + "\": the one labelled \"" +
-                              signal.header->label + "\" is called \"" + name + "\"");
+        if (name != stem && name != signal.header->label) {
+            renamed.Add("two channels are named \"" + stem + "\": the one labelled \"" +
+                        signal.header->label + "\" is called \"" + name + "\"");
         }
         names.push_back(name);
     }
@@ -193,6 +195,7 @@ std::vector<std::shared_ptr<SensorType>> MakeSensors(const RecordingData& data,
 
     const std::vector<std::string> names = MakeNames(signals, repairs);
     std::vector<std::shared_ptr<SensorType>> sensors;
+    LimitedList guessedUnits(repairs, "unit guessed: ");
     for (std::size_t i = 0; i < signals.size(); ++i) {
         const Signal& signal = signals[i];
         auto impl = std::make_unique<SensorType::Impl>();
@@ -207,8 +210,8 @@ std::vector<std::shared_ptr<SensorType>> MakeSensors(const RecordingData& data,
             impl->reference = signal.label.reference;
         }
         if (signal.IsEeg() && !signal.microvolts) {
-            repairs.push_back("channel \"" + signal.header->label + "\" has no unit of voltage (\"" +
-                              signal.header->unit + "\"): its values are taken as \u00B5V");
+            guessedUnits.Add("channel \"" + signal.header->label + "\" has no unit of voltage (\"" +
+                             signal.header->unit + "\"), its values are taken as \u00B5V");
         }
         sensors.push_back(std::make_shared<SensorType>(std::move(impl)));
     }

@@ -91,6 +91,7 @@ constexpr std::array kWords = {
     Word{"batt", Match::Start, Sensor::OtherSignal},
     Word{"impedance", Match::Start, Sensor::OtherSignal},
     Word{"meg", Match::Whole, Sensor::OtherSignal},
+    Word{"eeg", Match::Inside, Sensor::UnplacedEeg},
 };
 
 bool IsLetter(char c) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The words by which labels tell what is not EEG.
+// The words by which labels tell what a signal is.
 #pragma once
 
 #include "spectra_contract/sensor.h"

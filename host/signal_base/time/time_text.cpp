@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 
 namespace orvanta::signal {
 
@@ -32,7 +31,7 @@ std::int64_t MillisecondsOf(std::int64_t samples, unsigned rate) {
         return 0;
     }
     const std::int64_t seconds = samples / rate;
-    if (std::abs(seconds) >= kLongestSeconds) {
+    if (seconds >= kLongestSeconds || seconds <= -kLongestSeconds) {
         return seconds < 0 ? -kLongestSeconds * 1000 : kLongestSeconds * 1000;
     }
     const std::int64_t rest = samples % rate;

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/data_file.h"
+#include "host/signal_base/montage/builders.h"
+#include "host/signal_base/montage/montage_file.h"
+#include "host/signal_base/recording.h"
+#include "host/signal_base/recording_error.h"
+#include "host/signal_base/text_encoding.h"
+
+namespace orvanta::signal {
+
+namespace {
+
+/// Far above any montage; a larger file was chosen by mistake.
+constexpr std::uint64_t kLargestFile = std::uint64_t{4} << 20;
+
+std::vector<ChannelTerm> FindTerms(const MontageLine& line, const std::string& path,
+                                   const TraceInfoType& sensors) {
+    const auto refuse = [&](const std::string& reason, const char* remedy) {
+        throw RecordingError(path, "line " + std::to_string(line.line) + ": " + reason, remedy);
+    };
+    std::vector<ChannelTerm> terms;
+    for (const MontageTerm& term : line.terms) {
+        const SensorType* sensor = sensors.FindSensor(term.sensor);
+        if (sensor == nullptr) {
+            refuse("the recording has no channel \"" + term.sensor + "\"",
+                   "use a channel's name as listed by the recording");
+        } else if (!sensor->IsEeg()) {
+            refuse("channel \"" + term.sensor + "\" is no EEG", "use EEG channels only");
+        }
+        for (const ChannelTerm& earlier : terms) {
+            if (earlier.Sensor == sensor) {
+                refuse("channel \"" + sensor->GetName() + "\" stands in it twice", "name each channel once");
+            }
+        }
+        terms.push_back({sensor, term.weight});
+    }
+    return terms;
+}
+
+} // namespace
+
+std::vector<MontageType> ReadMontageFile(const std::string& path, const TraceInfoType& sensors) {
+    const std::string text = ToUtf8(DataFile(path).ReadAll(kLargestFile));
+    std::vector<MontageType> montages;
+    for (const MontageText& montage : ParseMontages(text, path)) {
+        std::vector<std::shared_ptr<ChnType>> channels;
+        for (const MontageLine& line : montage.channels) {
+            channels.push_back(MakeChannel(line.label, FindTerms(line, path, sensors)));
+        }
+        montages.push_back(MakeMontage(montage.name, MontageType::Kind::User, std::move(channels)));
+    }
+    return montages;
+}
+
+} // namespace orvanta::signal

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/data_file.h"
+#include "host/signal_base/recording.h"
+#include "host/signal_base/recording/file_format.h"
+#include "host/signal_base/recording_error.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace orvanta::signal {
+
+namespace {
+
+RecordingData ReadFile(const std::string& path) {
+    std::string head;
+    {
+        const DataFile file(path);
+        head.resize(std::min<std::uint64_t>(file.Size(), kFormatBytes));
+        file.ReadAt(0, head.size(), reinterpret_cast<std::byte*>(head.data()));
+    }
+    switch (FormatOf(head, path)) {
+    case FileFormat::Edf:
+        return ReadEdf(path);
+    case FileFormat::BrainVision:
+        return ReadBrainVision(path);
+    case FileFormat::Unknown:
+        break;
+    }
+    throw RecordingError(path, head.empty() ? "the file is empty" : "it is no recording of a known format",
+                         "open an EDF, EDF+, BDF, BDF+ or BrainVision file, or export to one of these");
+}
+
+/// The events table beside a recording; empty when there is none.
+std::string EventsTableOf(const std::string& path) {
+    const std::filesystem::path recording(path);
+    const std::string stem = recording.stem().string();
+    constexpr std::string_view kBids = "_eeg";
+    std::vector<std::string> names{stem + ".events.tsv", stem + "_events.tsv"};
+    if (stem.ends_with(kBids)) {
+        names.insert(names.begin(), stem.substr(0, stem.size() - kBids.size()) + "_events.tsv");
+    }
+    for (const std::string& name : names) {
+        const std::filesystem::path table = recording.parent_path() / name;
+        std::error_code unreadable;
+        if (std::filesystem::exists(table, unreadable)) {
+            return table.string();
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
+    RecordingData data = ReadFile(path);
+    const std::string table = EventsTableOf(path);
+    if (!table.empty()) {
+        try {
+            ReadEventsTsv(table, data.annotations, data.repairs);
+        } catch (const RecordingError& error) {
+            data.repairs.push_back(std::string("events table left out: ") + error.what());
+        }
+    }
+    return MakeRecording(std::move(data));
+}
+
+} // namespace orvanta::signal

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/recording.h"
+#include "host/signal_base/recording_error.h"
+#include "tests/support/memory_source.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace orvanta::signal {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::vector<std::string> kOldTenTwenty = {"Fp1", "Fp2", "F3", "F4", "C3", "C4", "P3", "P4", "O1", "O2",
+                                                "F7",  "F8",  "T3", "T4", "T5", "T6", "Fz", "Cz", "Pz"};
+
+std::unique_ptr<EEGFileInfoType> Open(const std::vector<std::string>& labels) {
+    std::vector<test::MadeSignal> signals;
+    for (const std::string& label : labels) {
+        signals.push_back({label, 10, std::vector<double>(10)});
+    }
+    return MakeRecording(test::MakeData(signals));
+}
+
+std::vector<std::string> Channels(const MontageType* montage) {
+    std::vector<std::string> names;
+    if (montage != nullptr) {
+        for (auto channel = montage->BeginChn(); channel != montage->EndChn(); ++channel) {
+            names.push_back((*channel)->GetName());
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> Montages(const EEGFileInfoType& file) {
+    std::vector<std::string> names;
+    for (const auto& montage : *file.GetMontageList()) {
+        names.push_back(montage->GetName());
+    }
+    return names;
+}
+
+TEST(Montages, AreListedInOneOrder) {
+    EXPECT_THAT(Montages(*Open(kOldTenTwenty)),
+                ElementsAre("As recorded", "Longitudinal bipolar", "Transverse bipolar", "Average reference",
+                            "Reference Cz"));
+}
+
+TEST(Montages, RecordedEarsAndMastoidsGiveLinkedReferences) {
+    const auto file = Open({"C3", "C4", "A1", "A2", "M1", "M2"});
+    EXPECT_THAT(Channels(file->GetMontageList()->Find("linked ears")),
+                ElementsAre("C3-A1A2", "C4-A1A2", "M1-A1A2", "M2-A1A2"));
+    const ChnType& channel = *file->GetMontageList()->Find("Linked mastoids")->GetChn(0);
+    const auto& sensors = file->GetRecording()->Sensors();
+    EXPECT_THAT(channel.GetTerms(),
+                ElementsAre(ChannelTerm{sensors[0].get(), 1}, ChannelTerm{sensors[4].get(), -0.5},
+                            ChannelTerm{sensors[5].get(), -0.5}));
+}
+
+TEST(Montages, AnOpenedRecordingShowsItAsRecorded) {
+    const auto file = Open(kOldTenTwenty);
+    EXPECT_EQ(file->GetMontageList()->GetCurrentIndex(), 0U);
+    EXPECT_EQ(file->GetTraceInfo()->GetMtg(), *file->GetMontageList()->GetUniMtg());
+}
+
+TEST(AsRecorded, HasEveryEegSensorWithItsReference) {
+    const auto file = Open({"C3-M2", "C4-M1", "ECG", "EEG Cz-Ref"});
+    EXPECT_THAT(Channels(file->GetMontageList()->GetUniMtg()), ElementsAre("C3-M2", "C4-M1", "Cz"));
+    EXPECT_EQ(file->GetMontageList()->GetUniMtg()->GetChn(0)->GetLabelPos(), "C3");
+}
+
+TEST(Longitudinal, FollowsTheDoubleBananaWithTheNamesOfTheRecording) {
+    EXPECT_THAT(Channels(Open(kOldTenTwenty)->GetMontageList()->Find("Longitudinal bipolar")),
+                ElementsAre("Fp1-F7", "F7-T3", "T3-T5", "T5-O1", "Fp1-F3", "F3-C3", "C3-P3", "P3-O1", "Fz-Cz",
+                            "Cz-Pz", "Fp2-F4", "F4-C4", "C4-P4", "P4-O2", "Fp2-F8", "F8-T4", "T4-T6",
+                            "T6-O2"));
+}
+
+TEST(Longitudinal, LinksAcrossOneMissingElectrode) {
+    EXPECT_THAT(
+        Channels(Open({"Fp1", "T7", "O1", "C3", "Cz"})->GetMontageList()->Find("Longitudinal bipolar")),
+        ElementsAre("Fp1-T7", "T7-O1", "Fp1-C3", "C3-O1"));
+}
+
+TEST(Longitudinal, EndsAChainAtALargerGap) {
+    EXPECT_THAT(Channels(Open({"Fp1", "P7", "O1"})->GetMontageList()->Find("Longitudinal bipolar")),
+                ElementsAre("P7-O1"));
+}
+
+TEST(Transverse, RunsFromLeftToRight) {
+    EXPECT_THAT(Channels(Open(kOldTenTwenty)->GetMontageList()->Find("Transverse bipolar")),
+                ElementsAre("F7-Fp1", "Fp1-Fp2", "Fp2-F8", "F7-F3", "F3-Fz", "Fz-F4", "F4-F8", "T3-C3",
+                            "C3-Cz", "Cz-C4", "C4-T4", "T5-P3", "P3-Pz", "Pz-P4", "P4-T6", "T5-O1", "O1-O2",
+                            "O2-T6"));
+}
+
+TEST(Bipolar, IsLeftOutWithoutNeighbours) {
+    EXPECT_THAT(Montages(*Open({"Foo", "Bar"})),
+                ElementsAre("As recorded", "Average reference", "Reference Foo"));
+}
+
+TEST(AverageReference, SubtractsTheMeanOfAllElectrodes) {
+    const auto file = Open({"C3", "ECG", "C4", "A1"});
+    const MontageType& montage = *file->GetMontageList()->Find("Average reference");
+    EXPECT_THAT(Channels(&montage), ElementsAre("C3-Avg", "C4-Avg", "A1-Avg"));
+    const auto& sensors = file->GetRecording()->Sensors();
+    EXPECT_THAT(montage.GetChn(0)->GetTerms(), ElementsAre(ChannelTerm{sensors[0].get(), 1}));
+    EXPECT_THAT(montage.GetChn(0)->GetCommonAverage(),
+                ElementsAre(sensors[0].get(), sensors[2].get(), sensors[3].get()));
+    EXPECT_EQ(montage.GetChn(0)->GetElectrodes().first, nullptr);
+}
+
+TEST(AverageReference, LeavesBadElectrodesOutOnceItIsChosenAgain) {
+    const auto file = Open({"C3", "C4", "Cz"});
+    const auto& sensors = file->GetRecording()->Sensors();
+    sensors[1]->SetBad(true);
+    ASSERT_TRUE(file->ChangeMntg(2, true));
+    const MontageType& montage = file->GetTraceInfo()->GetMtg();
+    ASSERT_EQ(montage.GetName(), "Average reference");
+    EXPECT_EQ(montage.GetNumTraces(), 3U);
+    EXPECT_THAT(montage.GetChn(0)->GetCommonAverage(), ElementsAre(sensors[0].get(), sensors[2].get()));
+}
+
+TEST(Reference, SubtractsOneElectrodeFromEveryOther) {
+    const auto file = Open({"C3", "Cz", "C4"});
+    const MontageType& montage = *file->GetMontageList()->GetRefMtg();
+    EXPECT_EQ(montage.GetName(), "Reference Cz");
+    EXPECT_THAT(Channels(&montage), ElementsAre("C3-Cz", "C4-Cz"));
+    const auto& sensors = file->GetRecording()->Sensors();
+    EXPECT_EQ(montage.GetChn(1)->GetElectrodes(),
+              (std::pair<const SensorType*, const SensorType*>(sensors[2].get(), sensors[1].get())));
+}
+
+TEST(Reference, PrefersTheScalpToAnEar) {
+    EXPECT_EQ(Open({"A1", "O1", "O2"})->GetMontageList()->GetRefMtg()->GetName(), "Reference O1");
+}
+
+TEST(Reference, OneChannelHandedToAllMakesItsElectrodeTheReference) {
+    const auto file = Open({"C3", "Cz", "C4", "Pz"});
+    MontageType& montage = *file->GetMontageList()->GetRefMtg();
+    const MontageType before = montage;
+    for (std::size_t i = 0; i < montage.GetNumTraces(); ++i) {
+        montage.GetChn(i)->AssignChannel(before.GetChn(0));
+    }
+    EXPECT_THAT(Channels(&montage), ElementsAre("Cz-C3", "C4-C3", "Pz-C3"));
+    EXPECT_EQ(montage.GetName(), "Reference C3");
+    EXPECT_EQ(montage.GetChn(0)->GetLabelPos(), "Cz");
+    EXPECT_EQ(montage.GetNumBip(), 0U);
+    EXPECT_EQ(before.GetName(), "Reference Cz");
+}
+
+TEST(Reference, NoChannelChangesNothing) {
+    const auto file = Open({"C3", "Cz"});
+    ChnType& channel = *file->GetMontageList()->GetRefMtg()->GetChn(0);
+    channel.AssignChannel(nullptr);
+    EXPECT_EQ(channel.GetName(), "C3-Cz");
+}
+
+struct Shape {
+    const char* montage;
+    bool mappable;
+    unsigned bipolar;
+};
+
+TEST(Montages, TellWhetherTheyCanBeMapped) {
+    const auto file = Open(kOldTenTwenty);
+    for (const Shape& shape :
+         {Shape{"As recorded", true, 0}, Shape{"Reference Cz", true, 0}, Shape{"Average reference", true, 0},
+          Shape{"Longitudinal bipolar", false, 18}, Shape{"Transverse bipolar", false, 18}}) {
+        const MontageType* montage = file->GetMontageList()->Find(shape.montage);
+        ASSERT_NE(montage, nullptr) << shape.montage;
+        EXPECT_EQ(montage->IsMappable(), shape.mappable) << shape.montage;
+        EXPECT_EQ(montage->GetNumBip(), shape.bipolar) << shape.montage;
+    }
+}
+
+TEST(Montages, RecordedDifferencesAreBipolar) {
+    const auto file = Open({"FP1-F7", "F7-T7", "T7-P7", "P7-O1"});
+    EXPECT_THAT(Montages(*file), ElementsAre("As recorded", "Reference"));
+    EXPECT_EQ(file->GetMontageList()->GetUniMtg()->GetNumBip(), 4U);
+    EXPECT_FALSE(file->GetMontageList()->GetUniMtg()->IsMappable());
+    EXPECT_EQ(file->GetMontageList()->GetRefMtg()->GetNumTraces(), 0U);
+}
+
+TEST(Montages, CopiesCompareByContentAndAreIndependent) {
+    const auto file = Open({"C3", "Cz", "C4"});
+    const MontageType& reference = *file->GetMontageList()->GetRefMtg();
+    MontageType copy = reference;
+    EXPECT_EQ(copy, reference);
+    copy.GetChn(0)->AssignChannel(reference.GetChn(1));
+    EXPECT_FALSE(copy == reference);
+    EXPECT_EQ(reference.GetChn(0)->GetName(), "C3-Cz");
+}
+
+TEST(Montages, ThereIsNoChannelBeyondTheLast) {
+    const auto file = Open({"C3"});
+    EXPECT_EQ(file->GetMontageList()->GetUniMtg()->GetChn(1), nullptr);
+    EXPECT_EQ(file->GetMontageList()->Get(99), nullptr);
+    EXPECT_EQ(file->GetMontageList()->Find("none"), nullptr);
+}
+
+class UserMontage : public testing::Test {
+protected:
+    std::vector<MontageType> Read(const std::string& text) {
+        return ReadMontageFile(folder_.Write("mine.mtg", text), *file_->GetTraceInfo());
+    }
+    std::string RefusalOf(const std::string& text) {
+        try {
+            Read(text);
+        } catch (const RecordingError& error) {
+            return error.what();
+        }
+        return {};
+    }
+
+    test::TempFolder folder_;
+    std::unique_ptr<EEGFileInfoType> file_ = Open({"Fp1", "F3", "T3", "A1", "A2", "ECG"});
+};
+
+TEST_F(UserMontage, FindsTheSensorsOfItsNames) {
+    const std::vector<MontageType> montages = Read("front = +FP1 -F3\ntemp = T7 -0.5*A1 -0.5*A2\n");
+    ASSERT_EQ(montages.size(), 1U);
+    EXPECT_EQ(montages[0].GetName(), "mine");
+    EXPECT_EQ(montages[0].GetNumBip(), 2U);
+    EXPECT_FALSE(montages[0].IsMappable());
+    const auto& sensors = file_->GetRecording()->Sensors();
+    EXPECT_THAT(montages[0].GetChn(1)->GetTerms(),
+                ElementsAre(ChannelTerm{sensors[2].get(), 1}, ChannelTerm{sensors[3].get(), -0.5},
+                            ChannelTerm{sensors[4].get(), -0.5}));
+    EXPECT_EQ(montages[0].GetChn(0)->GetLabelPos(), "Fp1");
+}
+
+TEST_F(UserMontage, WithOneReferenceCanBeMapped) {
+    const std::vector<MontageType> montages = Read("a = Fp1 -A1\nb = F3 -A1\n");
+    EXPECT_TRUE(montages.at(0).IsMappable());
+    EXPECT_EQ(montages.at(0).GetNumBip(), 0U);
+}
+
+TEST_F(UserMontage, RefusesNamesOfNoSensor) {
+    EXPECT_THAT(RefusalOf("a = Fp1 -F3\nb = Fp1 -X9\n"),
+                HasSubstr("line 2: the recording has no channel \"X9\""));
+}
+
+TEST_F(UserMontage, RefusesWhatIsNoEeg) {
+    EXPECT_THAT(RefusalOf("a = Fp1 -ECG\n"), HasSubstr("line 1: channel \"ECG\" is no EEG"));
+}
+
+TEST_F(UserMontage, RefusesOneSensorUnderTwoNames) {
+    EXPECT_THAT(RefusalOf("a = T3 -T7\n"), HasSubstr("line 1: channel \"T3\" stands in it twice"));
+}
+
+TEST_F(UserMontage, ReplacesTheUserMontageOfItsName) {
+    MontageList& list = *file_->GetMontageList();
+    const std::size_t size = list.Size();
+    EXPECT_EQ(list.Add(Read("a = Fp1\n").at(0)), size);
+    EXPECT_EQ(list.Add(Read("b = F3\n").at(0)), size);
+    EXPECT_THAT(Channels(list.Find("mine")), ElementsAre("b"));
+}
+
+TEST_F(UserMontage, ReplacesNoStandardMontage) {
+    MontageList& list = *file_->GetMontageList();
+    const std::size_t index = list.Add(Read("[as recorded]\na = Fp1\n").at(0));
+    EXPECT_EQ(list.Get(index)->GetName(), "as recorded (user)");
+    EXPECT_EQ(list.GetUniMtg()->GetNumTraces(), 5U);
+}
+
+} // namespace
+} // namespace orvanta::signal
