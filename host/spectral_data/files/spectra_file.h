@@ -16,9 +16,9 @@ namespace orvanta::spectral {
 struct SpectraFileTrace {
     std::string kind; ///< "sensor" or "channel"
     std::string name;
-    std::vector<double> mean;
-    std::vector<double> sd;
-    std::vector<std::vector<double>> measures; ///< band × measure
+    std::vector<double> mean;                  ///< per bin
+    std::vector<double> sd;                    ///< per bin
+    std::vector<std::vector<double>> measures; ///< band × measure, bands 0 to 7
 };
 
 /// All that a spectra file says.
@@ -45,6 +45,9 @@ struct SpectraFileContent {
     std::vector<std::string> repairs;
 };
 
+/// The file's text: XML that resources/spectra.xsd describes. What is not finite is "n/a".
+/// \throws std::out_of_range when a trace has more measures than there are names and units
+ORVANTA_API std::string FormatSpectraFile(const SpectraFileContent& content);
 /// Writes the file atomically; numbers locale-free, in shortest round-trip form. \throws std::runtime_error
 ORVANTA_API void WriteSpectraFile(const std::string& path, const SpectraFileContent& content);
 

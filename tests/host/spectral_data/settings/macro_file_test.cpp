@@ -4,6 +4,7 @@
 #include "spectra_contract/events.h"
 #include "spectra_contract/spectra_macro.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/xml_schema.h"
 
 #include <clocale>
 #include <filesystem>
@@ -196,10 +197,24 @@ protected:
 TEST_F(MacroLoading, SaveAsAndLoadGiveTheSameSettings) {
     SpectraMacro original = EveryFieldChanged();
     EXPECT_EQ(original.SaveAs(folder_.Path("a.smx")), 0);
+    EXPECT_TRUE(test::MatchesSchema(folder_.Path("a.smx"), "macro.xsd"));
     EXPECT_EQ(macro_.Load(folder_.Path("a.smx")), 0);
     EXPECT_TRUE(macro_ == original);
     EXPECT_EQ(macro_.GetFileName(), folder_.Path("a.smx"));
     EXPECT_EQ(macro_.GetLastError(), "");
+}
+
+TEST_F(MacroLoading, TheDefaultsMatchTheSchema) {
+    EXPECT_EQ(macro_.SaveAs(folder_.Path("a.smx")), 0);
+    EXPECT_TRUE(test::MatchesSchema(folder_.Path("a.smx"), "macro.xsd"));
+}
+
+TEST_F(MacroLoading, TheSchemaRefusesWhatLoadingRefuses) {
+    for (const char* element :
+         {"<overlap>100</overlap>", "<mode>some</mode>", "<color>1</color>", "<fft_seconds>NaN</fft_seconds>",
+          "<contrast>1</contrast><contrast>1</contrast>"}) {
+        EXPECT_FALSE(test::MatchesSchema(SmxWith(element), "macro.xsd")) << element;
+    }
 }
 
 TEST_F(MacroLoading, SaveWritesTheFileOfTheLastSaveOrLoad) {
