@@ -6,6 +6,7 @@
 #include "host/signal_base/recording_error.h"
 #include "host/signal_base/text_encoding.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -24,11 +25,17 @@ void Require(bool holds) {
     }
 }
 
-/// A data file of up to 1785 bytes that lies in memory.
-std::shared_ptr<const DataFile> MakeDataFile(std::size_t bytes) {
-    static const int descriptor = memfd_create("data", 0);
-    Require(ftruncate(descriptor, static_cast<off_t>(bytes)) == 0);
-    return std::make_shared<DataFile>("/proc/self/fd/" + std::to_string(descriptor));
+/// The data file, in memory, of an input whose last byte is \p size. Each is opened once: opening costs more
+/// than parsing.
+std::shared_ptr<const DataFile> DataFileOf(std::uint8_t size) {
+    static std::array<std::shared_ptr<const DataFile>, 256> files;
+    if (!files[size]) {
+        const int descriptor = memfd_create("data", 0);
+        Require(ftruncate(descriptor, static_cast<off_t>(size * kDataUnit)) == 0);
+        files[size] = std::make_shared<DataFile>("/proc/self/fd/" + std::to_string(descriptor));
+        close(descriptor);
+    }
+    return files[size];
 }
 
 void CheckSegments(const RecordingData& data) {
@@ -80,7 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         brainvision::Header header = brainvision::ParseHeader(text.substr(0, end), "a/fuzz.vhdr", repairs);
         const auto marks = brainvision::ParseMarkers(markers, "fuzz.vmrk", repairs);
         const RecordingData data = brainvision::Assemble(std::move(header), marks, "fuzz.vmrk",
-                                                         MakeDataFile(bytes[size - 1] * kDataUnit), repairs);
+                                                         DataFileOf(bytes[size - 1]), repairs);
         Check(data);
         ReadEverything(*data.source);
     } catch (const RecordingError&) {
