@@ -9,6 +9,6 @@
 namespace orvanta::signal {
 
 /// The stored value at \p bytes.
-double StoredValue(SampleFormat format, const std::byte* bytes);
+ORVANTA_API double StoredValue(SampleFormat format, const std::byte* bytes);
 
 } // namespace orvanta::signal
