@@ -194,62 +194,10 @@ const std::array<MacroField, 16> kFields = {{
     Scalar("color", GetColor, SetColor),
 }};
 
-const MacroField& FindField(std::string_view key) {
-    const auto found = std::find_if(kFields.begin(), kFields.end(),
-                                    [&](const MacroField& field) { return key == field.key; });
-    if (found != kFields.end()) {
-        return *found;
-    }
-    std::string reason = "there is no setting \"" + std::string(key) + "\"; the settings are";
-    for (const MacroField& field : kFields) {
-        reason += std::string(" ") + field.key;
-    }
-    throw std::invalid_argument(reason);
-}
-
-std::set<std::string> SplitLabels(std::string_view text) {
-    std::set<std::string> labels;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(','), text.size());
-        const std::string_view label = signal::Trim(text.substr(0, end));
-        if (!label.empty()) {
-            labels.emplace(label);
-        }
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return labels;
-}
-
 } // namespace
 
 std::span<const MacroField> MacroFields() {
     return kFields;
-}
-
-void SetMacroField(SpectraMacro& macro, std::string_view key, std::string_view text) {
-    const MacroField& field = FindField(key);
-    if (field.IsList()) {
-        field.set_list(macro, SplitLabels(text));
-        return;
-    }
-    try {
-        field.set(macro, text);
-    } catch (const std::invalid_argument& error) {
-        throw std::invalid_argument(std::string(key) + ": \"" + std::string(text) + "\" is no value; " +
-                                    error.what());
-    }
-}
-
-std::string GetMacroField(const SpectraMacro& macro, std::string_view key) {
-    const MacroField& field = FindField(key);
-    if (!field.IsList()) {
-        return field.get(macro);
-    }
-    std::string text;
-    for (const std::string& label : field.get_list(macro)) {
-        text += (text.empty() ? "" : ",") + label;
-    }
-    return text;
 }
 
 } // namespace orvanta::spectral

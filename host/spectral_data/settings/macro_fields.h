@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings of an analysis as named texts: for macro files, spectra files, command lines and reports.
+// The settings of an analysis as named texts, for macro files and spectra files.
 #pragma once
 
 #include "spectra_contract/api.h"
@@ -29,11 +29,5 @@ struct MacroField {
 /// states, spots), duration, states, spots, reject, pre_trigger_ms, trigger_duration_ms, spot_steps,
 /// spot_step_ms, epochs_mode (all, first, random), epochs_count, contrast, color (0x00BBGGRR).
 ORVANTA_API std::span<const MacroField> MacroFields();
-
-/// Sets the field \p key from text, lists as labels separated by commas. \throws std::invalid_argument with
-/// the reason when there is no such field or the text is no value of it
-ORVANTA_API void SetMacroField(SpectraMacro& macro, std::string_view key, std::string_view text);
-/// The field as text that SetMacroField understands. \throws std::invalid_argument for an unknown key
-ORVANTA_API std::string GetMacroField(const SpectraMacro& macro, std::string_view key);
 
 } // namespace orvanta::spectral
