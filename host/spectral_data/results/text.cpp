@@ -3,8 +3,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <cstdlib>
 
 namespace orvanta::spectral {
 
@@ -24,16 +22,6 @@ std::string FixedText(double value, int decimals) {
 
 std::string EpochsText(std::uint64_t count) {
     return std::to_string(count) + (count == 1 ? " epoch" : " epochs");
-}
-
-std::string ElapsedText(XTime time) {
-    const bool negative = time.Nanoseconds() < 0;
-    const std::int64_t ms = (std::abs(time.Nanoseconds()) + 500'000) / 1'000'000;
-    std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%s%02lld:%02lld:%02lld.%03lld", negative && ms > 0 ? "-" : "",
-                  static_cast<long long>(ms / 3'600'000), static_cast<long long>(ms / 60'000 % 60),
-                  static_cast<long long>(ms / 1000 % 60), static_cast<long long>(ms % 1000));
-    return text.data();
 }
 
 } // namespace orvanta::spectral

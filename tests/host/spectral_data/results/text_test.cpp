@@ -8,22 +8,6 @@
 namespace orvanta::spectral {
 namespace {
 
-TEST(ElapsedText, CountsHoursMinutesSecondsAndMilliseconds) {
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(0)), "00:00:00.000");
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(3'723'045'000'000)), "01:02:03.045");
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(360'000'000'000'000)), "100:00:00.000");
-}
-
-TEST(ElapsedText, RoundsToTheNearestMillisecond) {
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(999'499'999)), "00:00:00.999");
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(999'500'000)), "00:00:01.000");
-}
-
-TEST(ElapsedText, TimesBeforeTheStartAreNegative) {
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(-1'500'000'000)), "-00:00:01.500");
-    EXPECT_EQ(ElapsedText(XTime::FromNanoseconds(-1)), "00:00:00.000");
-}
-
 TEST(FixedText, HasAPointAndTheDecimalsAskedFor) {
     EXPECT_EQ(FixedText(236, 1), "236.0");
     EXPECT_EQ(FixedText(0.126, 2), "0.13");

@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectra_contract/spect_macro_result.h"
+
+#include "host/spectral_data/results/errors.h"
+#include "host/spectral_data/results/spect_macro_result_impl.h"
+#include "host/spectral_data/results/spectrum_impl.h"
+#include "spectra_contract/platform.h"
+#include "spectra_contract/spect_globals.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+using orvanta::spectral::Analysis;
+using orvanta::spectral::EpochPlan;
+using orvanta::spectral::EpochSpectrum;
+using orvanta::spectral::GetWindowGeometry;
+using orvanta::spectral::MeanSpectrum;
+using orvanta::spectral::PlanEpochs;
+
+namespace {
+
+std::uint64_t NextGeneration() {
+    static std::uint64_t last = 0;
+    return ++last;
+}
+
+unsigned NextNumber() {
+    static unsigned last = 0;
+    return ++last;
+}
+
+/// Equal but for what does not enter the spectra.
+bool GiveSameSpectra(const SpectraMacro& a, SpectraMacro b) {
+    b.SetContrastValue(a.GetContrastValue());
+    b.Color = a.Color;
+    return a == b;
+}
+
+XTimeList EventListOf(const orvanta::signal::Recording& recording, const EpochPlan& plan) {
+    XTimeList list;
+    for (std::size_t i = 0; i < plan.starts.size(); ++i) {
+        list.push_back(orvanta::spectral::EpochInterval(recording, plan.geometry, plan.starts[i]),
+                       static_cast<std::uint32_t>(i));
+    }
+    return list;
+}
+
+} // namespace
+
+bool SpectMacroResult::SensorOrder::operator()(const SensorType* a, const SensorType* b) const {
+    return a->GetSignalIndex() < b->GetSignalIndex();
+}
+
+SpectMacroResult::Impl::Impl(const SpectraMacro& settings, EEGFileInfoType* file)
+    : macro(settings), recording(file), number(NextNumber()), generation(NextGeneration()) {}
+
+const orvanta::signal::Recording* SpectMacroResult::Impl::Data() const {
+    return recording == nullptr ? nullptr : recording->GetRecording().get();
+}
+
+double SpectMacroResult::Impl::CursorSeconds() const {
+    const TraceCursorType* cursor = recording == nullptr ? nullptr : recording->GetTraceCursor();
+    return cursor == nullptr ? 0 : cursor->GetStartRecTime()->Seconds();
+}
+
+EpochPlan SpectMacroResult::Impl::Plan(double cursor_s) const {
+    return recording == nullptr ? EpochPlan()
+                                : PlanEpochs(macro, *recording->GetEventsManager(), *Data(), cursor_s);
+}
+
+bool SpectMacroResult::Impl::IsCurrent() const {
+    if (!analysis || &analysis->Recording() != Data() || !GiveSameSpectra(macro, analysis->Macro())) {
+        return false;
+    }
+    const std::uint64_t now = recording->GetEventsManager()->GetGeneration();
+    if (now != eventsGeneration) {
+        if (Plan(computedCursor) != analysis->Input().plan) {
+            return false;
+        }
+        eventsGeneration = now;
+    }
+    return true;
+}
+
+void SpectMacroResult::Impl::Adopt(std::shared_ptr<const Analysis> computed) {
+    generation = NextGeneration();
+    epochSpectra = {};
+    sensors.clear();
+    channels.clear();
+    analysis = std::move(computed);
+    if (!analysis) {
+        return;
+    }
+    for (const SensorType* sensor : analysis->Sensors()) {
+        sensors.emplace(sensor, SpectrumSens(MeanSpectrum(analysis, *analysis->Row(sensor)), sensor));
+    }
+    for (const auto& [channel, trace] : analysis->Channels()) {
+        channels.push_back(trace ? std::make_unique<SpectrumChn>(MeanSpectrum(analysis, *trace), channel)
+                                 : nullptr);
+    }
+}
+
+SpectMacroResult::SpectMacroResult(const SpectraMacro& macro, EEGFileInfoType* recording, const GenericGUI*)
+    : impl_(std::make_unique<Impl>(macro, recording)) {}
+
+SpectMacroResult::~SpectMacroResult() = default;
+
+void SpectMacroResult::ComputeFFT(EEGFileInfoType* recording, const GenericGUI* gui) {
+    if (recording != nullptr) {
+        impl_->recording = recording;
+    }
+    std::string failure;
+    try {
+        const auto progress = gui == nullptr ? nullptr : gui->CreateProgress("Computing Spectra...");
+        Compute(progress.get());
+    } catch (const std::bad_alloc&) {
+        failure = "not enough memory for the spectra (choose a shorter FFT window)";
+    } catch (const std::exception& error) {
+        failure = error.what();
+    }
+    if (gui != nullptr && !failure.empty()) {
+        gui->ShowError(failure);
+    }
+}
+
+bool SpectMacroResult::Compute(GenericProgress* progress, double topFrequency) {
+    if (impl_->recording == nullptr) {
+        throw orvanta::spectral::NothingComputable("there is no recording", "open one first");
+    }
+    const double cursor = impl_->CursorSeconds();
+    const std::uint64_t events = impl_->recording->GetEventsManager()->GetGeneration();
+    auto computed =
+        Analysis::Compute({impl_->recording->GetRecording(), impl_->macro,
+                           impl_->recording->GetTraceInfo()->GetMtg(), impl_->Plan(cursor), impl_->options},
+                          progress);
+    if (!computed) {
+        return false;
+    }
+    impl_->Adopt(std::move(computed));
+    impl_->computedCursor = cursor;
+    impl_->eventsGeneration = events;
+    // A view takes half of the rate rounded to a whole number for the limit.
+    impl_->computedTop = std::max(topFrequency, std::max(impl_->Rate(), std::round(impl_->Rate())) / 2);
+    return true;
+}
+
+void SpectMacroResult::ResetData() {
+    impl_->Adopt(nullptr);
+}
+
+bool SpectMacroResult::IsComputed() const {
+    return impl_->analysis != nullptr;
+}
+
+bool SpectMacroResult::IsRecomputingNeeded(const MontageType& montage, const XTimeList& events,
+                                           double topFrequency) const {
+    if (!impl_->IsCurrent() || topFrequency > impl_->computedTop ||
+        !(montage == impl_->analysis->Montage())) {
+        return true;
+    }
+    return !events.empty() &&
+           events != EventListOf(impl_->analysis->Recording(), impl_->analysis->Input().plan);
+}
+
+std::uint64_t SpectMacroResult::GetFFTSamples() const {
+    return GetWindowGeometry(impl_->macro, impl_->Rate()).padded;
+}
+
+double SpectMacroResult::GetFFTSR() const {
+    return impl_->Rate();
+}
+
+double SpectMacroResult::GetResolutionHz() const {
+    return impl_->Rate() / static_cast<double>(GetFFTSamples());
+}
+
+std::uint64_t SpectMacroResult::GetFFTCount() const {
+    return impl_->analysis ? impl_->analysis->EpochCount()
+                           : impl_->Plan(impl_->CursorSeconds()).starts.size();
+}
+
+std::uint64_t SpectMacroResult::GetIndexFromFreq(double hz) const {
+    const double last = static_cast<double>(GetFFTSamples() / 2);
+    const double bin = std::round(hz / GetResolutionHz());
+    return bin > 0 ? static_cast<std::uint64_t>(std::min(bin, last)) : 0; // not a number: 0
+}
+
+double SpectMacroResult::GetFreqFromIndex(std::uint64_t bin) const {
+    return static_cast<double>(bin) * GetResolutionHz();
+}
+
+double SpectMacroResult::GetTrueFreqFromFreq(double hz) const {
+    return GetFreqFromIndex(GetIndexFromFreq(hz));
+}
+
+SpectrumSingle* SpectMacroResult::GetSpectrum(const SensorType* sensor) const {
+    if (sensor == nullptr) {
+        return nullptr;
+    }
+    const auto found = impl_->sensors.find(sensor);
+    return found == impl_->sensors.end() || found->first != sensor ? nullptr : &found->second;
+}
+
+SpectrumSingle* SpectMacroResult::GetSpectrum(const ChnType* channel) const {
+    const auto index = impl_->analysis ? impl_->analysis->IndexOf(channel) : std::nullopt;
+    return index ? impl_->channels[*index].get() : nullptr;
+}
+
+SpectrumSingle* SpectMacroResult::GetSpeCartoon(std::uint64_t epoch, const SensorType* sensor) const {
+    const Analysis* analysis = impl_->analysis.get();
+    const auto trace = analysis != nullptr ? analysis->Row(sensor) : std::nullopt;
+    if (!trace || epoch >= analysis->EpochCount()) {
+        return nullptr;
+    }
+    if (impl_->epochSpectra.epoch != epoch) {
+        impl_->epochSpectra = {epoch, {}};
+    }
+    auto& known = impl_->epochSpectra.sensors;
+    if (const auto found = known.find(sensor); found != known.end()) {
+        return &found->second;
+    }
+    try {
+        const auto power = analysis->Epochs().Power(epoch, trace->row);
+        return &known.emplace(sensor, SpectrumSens(EpochSpectrum(power, analysis->Resolution()), sensor))
+                    .first->second;
+    } catch (const std::runtime_error&) { // the file went away or changed: there is no such spectrum any more
+        return nullptr;
+    }
+}
+
+void SpectMacroResult::GetSpeCartoon(std::vector<double>& values, std::uint64_t epoch,
+                                     const ChnType* channel) const {
+    values.clear();
+    const Analysis* analysis = impl_->analysis.get();
+    const auto trace = analysis != nullptr ? analysis->Row(channel) : std::nullopt;
+    if (!trace || epoch >= analysis->EpochCount()) {
+        return;
+    }
+    try {
+        const auto power = analysis->Epochs().Power(epoch, trace->row);
+        values = EpochSpectrum(power, analysis->Resolution())->Mean(SPECT::GetGlobals().GetMeasEntity());
+    } catch (const std::runtime_error&) { // as above
+        values.clear();
+    }
+}
+
+std::uint64_t SpectMacroResult::GetSpeCartoonChnLen() const {
+    return impl_->analysis ? impl_->analysis->EpochCount() : 0;
+}
+
+unsigned SpectMacroResult::GetNumBip() const {
+    return GetMontage().GetNumBip();
+}
+
+const XTime* SpectMacroResult::GetNextSelectionStart(const XTime* time) const {
+    const orvanta::signal::Recording* data = impl_->Data();
+    if (data == nullptr || !(data->Rate() > 0)) {
+        return nullptr;
+    }
+    // A cursor set to a selection's start stands on its first sample, up to half a sample beside it.
+    const double after = time == nullptr ? -1 : time->Seconds() + 0.5 / data->Rate();
+    for (const auto& span : impl_->Plan(impl_->CursorSeconds()).spans) {
+        const double start = data->Time().TimeOf(data->Time().SampleAt(span.begin_s));
+        if (start > after) {
+            impl_->nextSelection = XTime::FromSeconds(start);
+            return &impl_->nextSelection;
+        }
+    }
+    return nullptr;
+}
+
+void SpectMacroResult::GetEventList(EEGFileInfoType*, XTimeList& list, const GenericGUI*) const {
+    list.clear();
+    if (impl_->IsCurrent()) {
+        list = EventListOf(impl_->analysis->Recording(), impl_->analysis->Input().plan);
+    } else if (const orvanta::signal::Recording* data = impl_->Data()) {
+        list = EventListOf(*data, impl_->Plan(impl_->CursorSeconds()));
+    }
+}
+
+std::string SpectMacroResult::GetDSPWindowStr() const {
+    return impl_->macro.GetDSPWindowStr();
+}
+
+void SpectMacroResult::SetDSPWindowStr(const std::string& name) {
+    impl_->macro.SetDSPWindowStr(name);
+}
+
+void SpectMacroResult::SetFFTSeconds(double seconds) {
+    impl_->macro.SetFFTSeconds(seconds);
+}
+
+SpectraMacro& SpectMacroResult::GetMacro() {
+    return impl_->macro;
+}
+
+const SpectraMacro& SpectMacroResult::GetMacro() const {
+    return impl_->macro;
+}
+
+const MontageType& SpectMacroResult::GetMontage() const {
+    static const MontageType none;
+    if (impl_->analysis) {
+        return impl_->analysis->Montage();
+    }
+    return impl_->recording == nullptr ? none : impl_->recording->GetTraceInfo()->GetMtg();
+}
+
+const SpectMacroResult::SensorMap& SpectMacroResult::GetSensorMap() const {
+    return impl_->sensors;
+}
+
+std::uint64_t SpectMacroResult::GetGeneration() const {
+    return impl_->generation;
+}
+
+void SpectMacroResult::SetComputeOptions(const orvanta::spectral::ComputeOptions& options) {
+    impl_->options = options;
+}
+
+std::shared_ptr<const Analysis> SpectMacroResult::GetAnalysis() const {
+    return impl_->analysis;
+}

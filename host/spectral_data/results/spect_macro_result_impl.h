@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What stands behind an analysis object.
+#pragma once
+
+#include "host/spectral_data/compute_options.h"
+#include "host/spectral_data/results/analysis.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spect_macro_result.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+struct SpectMacroResult::Impl {
+    Impl(const SpectraMacro& settings, EEGFileInfoType* file);
+
+    /// The recording's data, or null without a recording.
+    const orvanta::signal::Recording* Data() const;
+    /// Rate in Hz at which EEG is analysed; 0 without EEG or recording.
+    double Rate() const { return Data() == nullptr ? 0 : Data()->Rate(); }
+    /// Where the by-duration mode starts, in seconds: the trace cursor.
+    double CursorSeconds() const;
+    /// Epochs that the settings make now; the by-duration mode starts at \p cursor_s.
+    orvanta::spectral::EpochPlan Plan(double cursor_s) const;
+    /// True when settings, file and events would give what is computed.
+    bool IsCurrent() const;
+    /// Replaces the computed data, null for none; all spectra handed out before become invalid.
+    void Adopt(std::shared_ptr<const orvanta::spectral::Analysis> computed);
+
+    SpectraMacro macro;
+    EEGFileInfoType* recording;
+    unsigned number; ///< for the name
+    orvanta::spectral::ComputeOptions options;
+    std::uint64_t generation = 0;
+
+    std::shared_ptr<const orvanta::spectral::Analysis> analysis;
+    double computedCursor = 0;                  ///< start that the by-duration mode took
+    double computedTop = 0;                     ///< Hz; the highest wish that the data meet
+    mutable std::uint64_t eventsGeneration = 0; ///< events known to give the computed epochs
+
+    SensorMap sensors;
+    std::vector<std::unique_ptr<SpectrumChn>> channels; ///< as Analysis::Channels; null where there is no row
+    struct EpochSpectra {
+        std::uint64_t epoch = 0;
+        std::map<const SensorType*, SpectrumSens> sensors;
+    };
+    mutable EpochSpectra epochSpectra; ///< of the epoch asked for last
+    mutable XTime nextSelection;
+};

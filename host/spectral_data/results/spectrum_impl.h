@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What stands behind a spectrum.
+#pragma once
+
+#include "host/spectral_data/results/analysis.h"
+#include "spectra_contract/spectrum.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+/// A spectrum's numbers by entity; NaN where there are none.
+struct SpectrumSingle::Impl {
+    virtual ~Impl() = default;
+
+    virtual std::uint32_t Bins() const = 0;
+    virtual double Resolution() const = 0;
+    virtual double MeanAt(SPECT::Entity::Type entity, std::uint64_t bin) const = 0;
+    virtual double SdAt(SPECT::Entity::Type entity, std::uint64_t bin) const = 0;
+    /// Spread over epochs of a band's Abs.
+    virtual orvanta::spectral::Spread AbsSpread(SPECT::Entity::Type entity, double lo, double hi) const = 0;
+
+    std::vector<double> Mean(SPECT::Entity::Type entity) const;
+};
+
+namespace orvanta::spectral {
+
+/// The spectrum of a trace over all epochs.
+std::shared_ptr<const SpectrumSingle::Impl> MeanSpectrum(std::shared_ptr<const Analysis> analysis,
+                                                         TraceRow trace);
+/// The spectrum of a single epoch.
+std::shared_ptr<const SpectrumSingle::Impl> EpochSpectrum(std::span<const float> power, double resolution);
+
+} // namespace orvanta::spectral

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Expected values: SciPy's linregress of the contrast values on log10 power of the same epochs.
+#include "spectra_contract/spectra_mgr.h"
+#include "tests/host/spectral_data/results/analysis_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+using namespace orvanta;
+
+/// Two analyses of five epochs each, contrast 0 and 1.
+class Regression : public testing::Test {
+protected:
+    Regression() {
+        open = Add("open", 0);
+        closed = Add("closed", 1);
+    }
+    SpectMacroResult* Add(const std::string& label, int contrast, double seconds = 1) {
+        SpectraMacro macro = test::SmallMacro("Rectangular", 0);
+        macro.SetFFTSeconds(seconds);
+        macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByStateEvents);
+        macro.SetAcceptStateList({label});
+        macro.SetContrastValue(contrast);
+        auto* analysis = new SpectMacroResult(macro, recording.get(), nullptr);
+        manager.push_back(analysis);
+        analysis->SetComputeOptions(test::InDouble());
+        analysis->Compute(nullptr);
+        return analysis;
+    }
+    int Regress(const std::list<SpectMacroResult*>& analyses, int low = 1, int high = 2) {
+        return manager.ComputeBCIRegression(analyses, results, sensors, low, high);
+    }
+    const SensorType* Sensor(const char* name) const { return test::SensorOf(*recording, name); }
+
+    test::GlobalsGuard guard;
+    std::unique_ptr<EEGFileInfoType> recording =
+        test::SmallRecording(10, {{0, 5.0, "open"}, {5, 5.0, "closed"}});
+    SpectraMgr manager{recording.get(), nullptr};
+    SpectMacroResult* open = nullptr;
+    SpectMacroResult* closed = nullptr;
+    std::set<const SensorType*> sensors = {Sensor("Fp1")};
+    std::list<BCIReg> results;
+};
+
+TEST_F(Regression, OfContrastOnLogPower) {
+    ASSERT_EQ(Regress({open, closed}), 0);
+    ASSERT_EQ(results.size(), 2u);
+    const BCIReg& first = results.front();
+    EXPECT_EQ(first.Sensor, Sensor("Fp1"));
+    EXPECT_EQ(first.FreqHz, 1.0);
+    EXPECT_NEAR(first.R, -0.20734835923183717, 1e-6);
+    EXPECT_NEAR(first.K, -0.3065391933744204, 1e-6);
+    EXPECT_NEAR(first.M, 0.8179542644189581, 1e-6);
+    EXPECT_EQ(first.Count, 10u);
+    EXPECT_EQ(results.back().FreqHz, 2.0);
+    EXPECT_NEAR(results.back().R, 0.058212606872674814, 1e-6);
+}
+
+TEST_F(Regression, GoesBySensorInRecordingOrderThenByFrequency) {
+    sensors = {Sensor("Cz"), Sensor("Fp1")};
+    ASSERT_EQ(Regress({open, closed}, 2, 3), 0);
+    ASSERT_EQ(results.size(), 4u);
+    auto row = results.begin();
+    EXPECT_EQ(row->Sensor, Sensor("Fp1"));
+    EXPECT_EQ(row->FreqHz, 2.0);
+    EXPECT_EQ(std::next(row)->FreqHz, 3.0);
+    EXPECT_EQ(std::next(row, 2)->Sensor, Sensor("Cz"));
+}
+
+TEST_F(Regression, TheSameInTheEntityAmplitude) {
+    SPECT::GetGlobals().SetMeasEntity(SPECT::Entity::Type::Amplitude);
+    ASSERT_EQ(Regress({open, closed}), 0);
+    EXPECT_NEAR(results.front().R, -0.20734835923183717, 1e-6);
+}
+
+TEST_F(Regression, TheContrastIsThePresentOne) {
+    closed->GetMacro().SetContrastValue(3);
+    ASSERT_EQ(Regress({open, closed}), 0);
+    EXPECT_NEAR(results.front().K, 3 * -0.3065391933744204, 1e-6);
+}
+
+TEST_F(Regression, NoObservations) {
+    EXPECT_EQ(Regress({}), -10);
+    EXPECT_EQ(Regress({nullptr}), -10);
+    open->ResetData();
+    closed->ResetData();
+    EXPECT_EQ(Regress({open, closed}), -10);
+}
+
+TEST_F(Regression, NoContrastThatDiffers) {
+    EXPECT_EQ(Regress({open}), -20);
+    EXPECT_EQ(Regress({open, open}), -20);
+    closed->GetMacro().SetContrastValue(0);
+    EXPECT_EQ(Regress({open, closed}), -20);
+}
+
+TEST_F(Regression, NoPredictors) {
+    EXPECT_EQ(Regress({open, closed}, 5, 90), -30); // beyond Nyquist
+    sensors.clear();
+    EXPECT_EQ(Regress({open, closed}), -30);
+    const auto other = test::SmallRecording();
+    sensors = {test::SensorOf(*other, "Fp1"), nullptr};
+    EXPECT_EQ(Regress({open, closed}), -30);
+}
+
+TEST_F(Regression, LowAboveHigh) {
+    EXPECT_EQ(Regress({open, closed}, 3, 2), -40);
+    EXPECT_EQ(Regress({}, 3, 2), -40);
+}
+
+TEST_F(Regression, AFailureEmptiesTheResults) {
+    ASSERT_EQ(Regress({open, closed}), 0);
+    EXPECT_EQ(Regress({open, closed}, 3, 2), -40);
+    EXPECT_TRUE(results.empty());
+}
+
+TEST_F(Regression, AnalysesOfAnotherResolutionAreLeftOut) {
+    SpectMacroResult* coarse = Add("closed", 5, 2);
+    ASSERT_EQ(Regress({open, coarse, closed}), 0);
+    EXPECT_EQ(results.front().Count, 10u);
+    EXPECT_NEAR(results.front().R, -0.20734835923183717, 1e-6);
+}
+
+TEST_F(Regression, EpochsComputedAgainGiveTheSame) {
+    ASSERT_EQ(Regress({open, closed}), 0);
+    const double kept = results.front().R;
+    for (SpectMacroResult* analysis : {open, closed}) {
+        analysis->SetComputeOptions(test::WithoutMemory(test::InDouble()));
+        analysis->Compute(nullptr);
+    }
+    ASSERT_EQ(Regress({open, closed}), 0);
+    EXPECT_EQ(results.front().R, kept);
+}
+
+} // namespace
