@@ -1,4 +1,54 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-int main() {
-    return 2;
+#include "host/review/cli/commands.h"
+#include "host/review/cli/exit_status.h"
+#include "host/signal_base/recording_error.h"
+#include "host/spectral_data/results/errors.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+constexpr const char* kVersion = ORVANTA_VERSION;
+
+int Fail(int status, const char* reason) {
+    std::fprintf(stderr, "orvanta: %s\n", reason);
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace orvanta::cli;
+    CLI::App app("Spectra of EEG recordings: mean and SD per sensor and channel, band measures, comparisons.",
+                 "orvanta");
+    app.set_version_flag("--version", kVersion);
+    app.require_subcommand(1);
+    app.get_formatter()->column_width(34);
+    app.footer("orvanta COMMAND --help tells a command's options. Exit status: 0 done, 1 nothing computable, "
+               "2 bad usage or a refused file.");
+
+    Command run;
+    AddInfo(app, run);
+    AddDemo(app, run);
+    AddCompute(app, run);
+    AddCompare(app, run);
+    AddMacro(app, run);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        return Fail(kRefused, (std::string(error.what()) + " (see orvanta --help)").c_str());
+    }
+    try {
+        return run();
+    } catch (const orvanta::spectral::NothingComputable& error) {
+        return Fail(kNothingComputable, error.what());
+    } catch (const std::exception& error) {
+        return Fail(kRefused, error.what());
+    }
 }

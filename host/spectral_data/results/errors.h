@@ -14,6 +14,9 @@ class ORVANTA_API NothingComputable : public std::runtime_error {
 public:
     NothingComputable(const std::string& reason, const std::string& remedy)
         : std::runtime_error(reason + " (" + remedy + ")") {}
+    /// The same, said of a file.
+    NothingComputable(const std::string& file, const NothingComputable& cause)
+        : std::runtime_error(file + ": " + cause.what()) {}
 };
 
 } // namespace orvanta::spectral

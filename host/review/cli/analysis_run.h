@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What compute and compare have in common: arguments, the open recording, one computed analysis.
+#pragma once
+
+#include "host/spectral_data/compute_options.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spectra_macro.h"
+#include "spectra_contract/spectra_mgr.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace orvanta::cli {
+
+struct AnalysisArguments {
+    std::string file;
+    std::string montage;
+    std::string entity = "power";
+    std::string json;
+    std::string csv;
+    std::string precision = "float";
+    unsigned threads = 0;
+    unsigned memory_mib = 1024;
+    bool quiet = false;
+
+    /// Adds the options that every analysing command takes.
+    void AddTo(CLI::App& command);
+    spectral::ComputeOptions Options() const;
+};
+
+/// A macro of a file (the defaults when empty) with assignments applied. \throws UsageError
+SpectraMacro MakeMacro(const std::string& file, const std::vector<std::string>& assignments);
+
+/// An open recording with its manager of analyses.
+class AnalysisRun {
+public:
+    /// Opens the recording, chooses montage and entity. \throws RecordingError, UsageError
+    explicit AnalysisRun(const AnalysisArguments& arguments);
+
+    EEGFileInfoType& Recording() const { return *recording_; }
+    SpectraMgr& Manager() { return *manager_; }
+    /// Appends an analysis with these settings and computes it, with progress on a terminal.
+    /// \throws NothingComputable, RecordingError, UsageError
+    SpectMacroResult& Compute(const SpectraMacro& macro, const spectral::ComputeOptions& options,
+                              const std::string& title);
+
+private:
+    const AnalysisArguments& arguments_;
+    std::unique_ptr<EEGFileInfoType> recording_;
+    std::unique_ptr<SpectraMgr> manager_;
+};
+
+} // namespace orvanta::cli

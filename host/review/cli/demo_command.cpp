@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// orvanta demo: a made-up recording for trying things out.
+#include "host/platform/console_gui.h"
+#include "host/review/cli/commands.h"
+#include "host/review/cli/demo_signal.h"
+#include "host/review/cli/exit_status.h"
+#include "host/review/cli/output.h"
+#include "host/signal_base/edf/edf_writer.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace orvanta::cli {
+
+namespace {
+
+struct DemoArguments {
+    std::string out = "demo.edf";
+    DemoParameters parameters;
+};
+
+signal::EdfWriterHeader HeaderOf(const DemoSignal& demo, unsigned rate) {
+    signal::EdfWriterHeader header;
+    header.patient = "X X X Demo";
+    header.start = signal::StartTime{2026, 1, 5, 9, 0, 0, 0};
+    header.record_count = demo.Seconds();
+    for (const std::string& label : demo.Labels()) {
+        signal::EdfWriterSignal written;
+        written.label = "EEG " + label;
+        written.samples = rate;
+        written.transducer = "made-up signal";
+        header.signals.push_back(written);
+    }
+    return header;
+}
+
+int Demo(const DemoArguments& arguments) {
+    DemoSignal demo(arguments.parameters);
+    platform::ConsoleGui::Options options;
+    options.terminal = platform::ConsoleGui::StandardErrorIsTerminal();
+    options.work = static_cast<double>(demo.Seconds()) / 60;
+    options.work_unit = "min";
+    const platform::ConsoleGui gui(std::cerr, options);
+    const std::unique_ptr<GenericProgress> progress = gui.CreateProgress("Writing " + arguments.out);
+
+    signal::EdfWriter writer(arguments.out, HeaderOf(demo, arguments.parameters.rate_hz));
+    std::vector<std::vector<double>> samples;
+    auto annotation = demo.Annotations().begin();
+    for (std::uint64_t second = 0; second < demo.Seconds(); ++second) {
+        std::vector<signal::Annotation> inThisSecond;
+        while (annotation != demo.Annotations().end() &&
+               annotation->onset_s < static_cast<double>(second + 1)) {
+            inThisSecond.push_back(*annotation++);
+        }
+        demo.NextSecond(samples);
+        writer.WriteRecord(samples, inThisSecond);
+        if (progress && second % 10 == 0) {
+            progress->SetPosition(static_cast<double>(second) / static_cast<double>(demo.Seconds()));
+        }
+    }
+    writer.Finish();
+    WriteOutput("-", arguments.out + ": " + DurationText(static_cast<double>(demo.Seconds())) + " of " +
+                         std::to_string(demo.Labels().size()) + " channels at " +
+                         std::to_string(arguments.parameters.rate_hz) +
+                         " Hz, eyes open and closed in turn\n");
+    return kDone;
+}
+
+} // namespace
+
+void AddDemo(CLI::App& app, Command& run) {
+    auto arguments = std::make_shared<DemoArguments>();
+    DemoParameters& parameters = arguments->parameters;
+    CLI::App* command = app.add_subcommand("demo", "Write a made-up recording for trying things out");
+    command->add_option("--out", arguments->out, "EDF+ file to write (default demo.edf)")
+        ->type_name("FILE.edf");
+    command->add_option("--minutes", parameters.minutes, "Length (default 5)")
+        ->check(CLI::Validator(CLI::Range(1.0 / 60, 7.0 * 24 * 60)).description(""))
+        ->type_name("M");
+    command->add_option("--channels", parameters.channels, "Electrodes (default 19, the 10-20 system)")
+        ->check(CLI::Validator(CLI::Range(1u, 512u)).description(""))
+        ->type_name("C");
+    command->add_option("--rate", parameters.rate_hz, "Samples a second (default 256)")
+        ->check(CLI::Validator(CLI::Range(64u, 16384u)).description(""))
+        ->type_name("HZ");
+    command->add_option("--seed", parameters.seed, "Another number makes another recording (default 1)")
+        ->type_name("N");
+    command->footer(
+        "The same options give the same file, byte for byte. It holds a 1/f background, 30-second "
+        "stretches marked \"eyes open\" and \"eyes closed\" with a 10 Hz rhythm at the back of the head "
+        "in the latter, blinks marked \"bad blink\", and spot events \"tone\".");
+    command->callback([&run, arguments] { run = [arguments] { return Demo(*arguments); }; });
+}
+
+} // namespace orvanta::cli

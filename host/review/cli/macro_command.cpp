@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// orvanta macro new|show|check: settings files.
+#include "host/review/cli/commands.h"
+#include "host/review/cli/exit_status.h"
+#include "host/review/cli/macro_keys.h"
+#include "spectra_contract/spectra_macro.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace orvanta::cli {
+
+namespace {
+
+struct MacroArguments {
+    std::string file;
+    std::vector<std::string> assignments;
+};
+
+void Apply(SpectraMacro& macro, const std::vector<std::string>& assignments) {
+    for (const std::string& assignment : assignments) {
+        SetKey(macro, assignment);
+    }
+}
+
+SpectraMacro LoadMacro(const MacroArguments& arguments) {
+    SpectraMacro macro;
+    if (macro.Load(arguments.file) == 2) {
+        throw UsageError(macro.GetLastError());
+    }
+    Apply(macro, arguments.assignments);
+    return macro;
+}
+
+int NewMacro(const MacroArguments& arguments) {
+    if (std::filesystem::exists(arguments.file)) {
+        throw UsageError(arguments.file + ": exists already (choose another name, or remove it first)");
+    }
+    SpectraMacro macro;
+    Apply(macro, arguments.assignments);
+    if (macro.SaveAs(arguments.file) != 0) {
+        throw UsageError(macro.GetLastError());
+    }
+    return kDone;
+}
+
+int ShowMacro(const MacroArguments& arguments) {
+    for (const std::string& line : KeysToText(LoadMacro(arguments))) {
+        std::printf("%s\n", line.c_str());
+    }
+    return kDone;
+}
+
+int CheckMacro(const MacroArguments& arguments) {
+    LoadMacro(arguments);
+    std::printf("%s: a sound macro file\n", arguments.file.c_str());
+    return kDone;
+}
+
+} // namespace
+
+void AddMacro(CLI::App& app, Command& run) {
+    CLI::App* command = app.add_subcommand("macro", "Make, show or check a settings file (macro)");
+    command->require_subcommand(1);
+    command->footer("KEYs: " + KeyHelp());
+
+    const auto add = [&](const char* name, const char* what, int (*action)(const MacroArguments&)) {
+        auto arguments = std::make_shared<MacroArguments>();
+        CLI::App* sub = command->add_subcommand(name, what);
+        sub->add_option("FILE", arguments->file, "Macro file (.smx)")->required();
+        sub->add_option("--set", arguments->assignments, "KEY=VALUE, repeatable; lists are comma-separated")
+            ->type_name("KEY=VALUE")
+            ->allow_extra_args(false);
+        sub->footer("KEYs: " + KeyHelp());
+        sub->callback(
+            [&run, arguments, action] { run = [arguments, action] { return action(*arguments); }; });
+    };
+    add("new", "Write a new macro file with the default settings and those of --set", NewMacro);
+    add("show", "Print a macro's settings, with those of --set, as KEY=VALUE", ShowMacro);
+    add("check", "Say whether a macro file is sound", CheckMacro);
+}
+
+} // namespace orvanta::cli

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where a command's results go.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace orvanta::cli {
+
+/// Writes text to standard output for "-", else to a file that is either the old or the new one, whole.
+/// \throws UsageError or std::runtime_error "FILE: reason (remedy)"
+void WriteOutput(const std::string& target, std::string_view text);
+
+/// Shortest decimal text that reads back as the same number, locale-free; "n/a" when not finite.
+std::string NumberText(double value);
+
+/// Fixed number of decimals, locale-free; "n/a" when not finite.
+std::string FixedText(double value, int decimals);
+
+/// "h:mm:ss" of a whole number of seconds, rounded to nearest.
+std::string DurationText(double seconds);
+
+/// One line of comma-separated fields, quoted where they need it (RFC 4180, but a bare line feed ends it).
+std::string CsvLine(std::initializer_list<std::string_view> fields);
+
+/// The names of the columns of every CSV that is written: trace, kind, band, measure, value, unit.
+std::string CsvHeading();
+
+/// Pads with blanks to \p width columns, counting UTF-8 characters; negative widths align to the right.
+std::string Pad(std::string_view text, int width);
+
+} // namespace orvanta::cli

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/cli/report.h"
+
+#include "host/review/cli/band_table.h"
+#include "host/review/cli/macro_keys.h"
+#include "host/review/cli/output.h"
+#include "host/signal_base/recording.h"
+#include "spectra_contract/spect_globals.h"
+
+#include <nlohmann/json.hpp>
+
+#include <vector>
+
+namespace orvanta::cli {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json BandJson(const std::string& name, double low, double high) {
+    Json band = {{"name", name}, {"low_hz", low}, {"high_hz", high}};
+    return band;
+}
+
+Json MeasuresToJson(const SpectraMgr& manager, const SpectrumSingle& spectrum) {
+    Json measures = Json::array();
+    ForEachMeasure(manager, [&](unsigned band, SPECT::Meas::Type measure) {
+        measures.push_back({{"band", manager.GetBand(band).name},
+                            {"measure", manager.GetBandMeasName(static_cast<unsigned>(measure))},
+                            {"value", spectrum.GetMeasure(static_cast<int>(band), measure)},
+                            {"unit", manager.GetBandMeasUnit(measure)}});
+    });
+    return measures;
+}
+
+Json TraceToJson(const SpectraMgr& manager, const Trace& trace, const TraceExtra& extra) {
+    std::vector<double> values;
+    Json object = {{"name", trace.spectrum->GetName()}};
+    trace.spectrum->GetSpect(values);
+    object["mean"] = values;
+    trace.spectrum->GetSpectSD(values);
+    object["sd"] = values;
+    if (extra) {
+        extra(trace, object);
+    }
+    object["measures"] = MeasuresToJson(manager, *trace.spectrum);
+    return object;
+}
+
+} // namespace
+
+void ForEachTrace(const SpectMacroResult& analysis, const std::function<void(const Trace&)>& visit) {
+    for (const auto& [sensor, spectrum] : analysis.GetSensorMap()) {
+        visit({"sensor", &spectrum, sensor, nullptr});
+    }
+    const MontageType& montage = analysis.GetMontage();
+    for (auto channel = montage.BeginChn(); channel != montage.EndChn(); ++channel) {
+        if (const SpectrumSingle* spectrum = analysis.GetSpectrum(channel->get())) {
+            visit({"channel", spectrum, nullptr, channel->get()});
+        }
+    }
+}
+
+void ForEachMeasure(const SpectraMgr& manager,
+                    const std::function<void(unsigned, SPECT::Meas::Type)>& visit) {
+    for (unsigned band = 0; band < SPECT::BandCount; ++band) {
+        for (unsigned m = 0; manager.GetBand(band).IsDefined() && m < SPECT::Meas::Count; ++m) {
+            visit(band, static_cast<SPECT::Meas::Type>(m));
+        }
+    }
+}
+
+Json EpochsToJson(const SpectMacroResult& analysis, EEGFileInfoType& recording) {
+    XTimeList list;
+    analysis.GetEventList(&recording, list, nullptr);
+    Json epochs = Json::array();
+    for (const XTimeItem& item : list) {
+        epochs.push_back({{"begin_s", item.Interval.GetBeginPtr()->Seconds()},
+                          {"end_s", item.Interval.GetEndPtr()->Seconds()}});
+    }
+    return epochs;
+}
+
+Json ToJson(EEGFileInfoType& recording, const SpectraMgr& manager, const SpectMacroResult& analysis,
+            const TraceExtra& extra) {
+    Json json;
+    json["file"] = recording.GetRecording()->Data().path;
+    json["settings"] = KeysToJson(analysis.GetMacro());
+    json["montage"] = analysis.GetMontage().GetName();
+    json["entity"] = manager.GetCurrMeasEntityStr();
+    json["unit"] = manager.GetCurrEntityMeasUnit();
+    json["rate_hz"] = analysis.GetFFTSR();
+    json["fft_samples"] = analysis.GetFFTSamples();
+    json["resolution_hz"] = analysis.GetResolutionHz();
+    json["fft_count"] = analysis.GetFFTCount();
+    json["epochs"] = EpochsToJson(analysis, recording);
+    Json frequencies = Json::array();
+    for (std::uint64_t bin = 0; bin <= analysis.GetFFTSamples() / 2; ++bin) {
+        frequencies.push_back(analysis.GetFreqFromIndex(bin));
+    }
+    json["frequencies_hz"] = std::move(frequencies);
+    json["sensors"] = Json::array();
+    json["channels"] = Json::array();
+    ForEachTrace(analysis, [&](const Trace& trace) {
+        json[trace.sensor != nullptr ? "sensors" : "channels"].push_back(TraceToJson(manager, trace, extra));
+    });
+    json["bands"] = Json::array();
+    for (unsigned b = 0; b < SPECT::BandCount; ++b) {
+        if (const SPECT::Band& band = manager.GetBand(b); band.IsDefined()) {
+            json["bands"].push_back(BandJson(band.name, band.lo, band.hi));
+        }
+    }
+    const SPECT::Globals& globals = SPECT::GetGlobals();
+    json["total_band"] = BandJson("Total", globals.TotalLo, globals.TotalHi);
+    json["repairs"] = recording.GetRecording()->Repairs();
+    return json;
+}
+
+std::string ToCsv(const SpectraMgr& manager, const SpectMacroResult& analysis) {
+    std::string csv = CsvHeading();
+    ForEachTrace(analysis, [&](const Trace& trace) {
+        ForEachMeasure(manager, [&](unsigned band, SPECT::Meas::Type measure) {
+            csv += CsvLine({trace.spectrum->GetName(), trace.kind, manager.GetBand(band).name,
+                            manager.GetBandMeasName(static_cast<unsigned>(measure)),
+                            NumberText(trace.spectrum->GetMeasure(static_cast<int>(band), measure)),
+                            manager.GetBandMeasUnit(measure)});
+        });
+    });
+    return csv;
+}
+
+std::string Heading(const EEGFileInfoType& recording, const SpectMacroResult& analysis) {
+    const signal::Recording& opened = *recording.GetRecording();
+    const SpectraMacro& macro = analysis.GetMacro();
+    std::string text = recording.GetFileNameText() + ": " + opened.Data().format + ", " +
+                       DurationText(opened.Time().Duration()) + ", " +
+                       std::to_string(analysis.GetSensorMap().size()) + " EEG sensors at " +
+                       NumberText(analysis.GetFFTSR()) + " Hz\n";
+    text += std::to_string(analysis.GetFFTCount()) + " epochs of " + NumberText(macro.GetFFTSeconds()) +
+            " s (" + std::to_string(analysis.GetFFTSamples()) + "-point transform, " +
+            NumberText(analysis.GetResolutionHz()) + " Hz a bin), " + std::to_string(macro.GetOverlapPerc()) +
+            " % overlap, " + macro.GetDSPWindowStr() + "; montage: " + analysis.GetMontage().GetName() + "\n";
+    for (const std::string& repair : opened.Repairs()) {
+        text += "Repaired: " + repair + "\n";
+    }
+    return text;
+}
+
+std::string MeasuresTable(const SpectraMgr& manager, const SpectMacroResult& analysis) {
+    using SPECT::Meas::Type;
+    std::vector<TableBlock> blocks;
+    for (const Type measure : TableMeasures(manager.GetMeasEntity())) {
+        const std::string unit = manager.GetBandMeasUnit(measure);
+        const std::string name = measure == Type::Mean
+                                     ? manager.GetCurrMeasEntityStr()
+                                     : manager.GetBandMeasName(static_cast<unsigned>(measure));
+        const auto value = [measure](const Trace& trace, unsigned band) {
+            return trace.spectrum->GetMeasure(static_cast<int>(band), measure);
+        };
+        blocks.push_back({name + (unit.empty() ? "" : " [" + unit + "]"), value,
+                          measure == Type::Abs ? TableBlock::kSignificant : 2});
+    }
+    return BandTable(manager, analysis, blocks);
+}
+
+} // namespace orvanta::cli

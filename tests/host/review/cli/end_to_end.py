@@ -1,0 +1,296 @@
+#!/usr/bin/env python3
+"""The command line as a person or a script uses it.
+
+Usage: end_to_end.py ORVANTA [unittest arguments].
+"""
+
+import csv
+import io
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ORVANTA = sys.argv.pop(1) if len(sys.argv) > 1 else ""
+
+
+class CommandLineTest(unittest.TestCase):
+    """Every test has the demo recording of one minute and an empty folder."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.shared = tempfile.TemporaryDirectory()
+        cls.demo = pathlib.Path(cls.shared.name) / "demo.edf"
+        subprocess.run([ORVANTA, "demo", "--out", cls.demo, "--minutes", "1"], check=True, capture_output=True)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.shared.cleanup()
+
+    def setUp(self):
+        self.scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(self.scratch.cleanup)
+        self.folder = pathlib.Path(self.scratch.name)
+
+    def orvanta(self, *arguments):
+        return subprocess.run([ORVANTA, *map(str, arguments)], capture_output=True, text=True, timeout=120)
+
+    def compute(self, *arguments):
+        """The JSON of a computation of the demo."""
+        result = self.orvanta("compute", self.demo, "--json", "-", *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        return json.loads(result.stdout)
+
+    def macro(self, name, *assignments):
+        path = self.folder / name
+        sets = [part for assignment in assignments for part in ("--set", assignment)]
+        self.assertEqual(self.orvanta("macro", "new", path, *sets).returncode, 0)
+        return path
+
+    def assert_refused(self, result, pattern):
+        self.assertEqual(result.returncode, 2)
+        self.assertEqual(result.stdout, "")
+        self.assertRegex(result.stderr, pattern)
+        self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+
+
+class Usage(CommandLineTest):
+    def test_help_lists_the_commands(self):
+        result = self.orvanta("--help")
+        self.assertEqual(result.returncode, 0)
+        for command in ("info", "demo", "compute", "compare", "macro"):
+            self.assertIn(command, result.stdout)
+
+    def test_every_command_has_help(self):
+        for command in (["info"], ["demo"], ["compute"], ["compare"], ["macro"], ["macro", "new"]):
+            with self.subTest(command=command):
+                self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
+
+    def test_no_command_is_bad_usage(self):
+        self.assert_refused(self.orvanta(), r"^orvanta: .+ \(see orvanta --help\)$")
+
+    def test_an_unknown_option_is_bad_usage(self):
+        self.assert_refused(self.orvanta("info", self.demo, "--nonsense"), r"^orvanta: .*--nonsense")
+
+    def test_a_missing_file_is_refused_in_one_line(self):
+        result = self.orvanta("info", self.folder / "none.edf")
+        self.assert_refused(result, r"^orvanta: .*none\.edf: .+ \(.+\)$")
+
+    def test_a_folder_is_refused(self):
+        self.assert_refused(self.orvanta("compute", self.folder), r"^orvanta: .+: .+ \(.+\)$")
+
+    def test_an_empty_file_is_refused(self):
+        path = self.folder / "empty.edf"
+        path.touch()
+        self.assert_refused(self.orvanta("info", path), r"empty\.edf: .*empty.* \(.+\)$")
+
+    def test_an_unwritable_output_is_refused(self):
+        result = self.orvanta("compute", self.demo, "--json", self.folder / "no" / "such" / "out.json")
+        self.assert_refused(result, r"^orvanta: .+out\.json: .+ \(.+\)$")
+
+
+class Info(CommandLineTest):
+    def test_tells_rate_and_duration(self):
+        result = self.orvanta("info", self.demo, "--json", "-")
+        info = json.loads(result.stdout)
+        self.assertEqual(list(info)[:5], ["file", "format", "duration_s", "start", "rate_hz"])
+        self.assertEqual((info["format"], info["duration_s"], info["rate_hz"]), ("EDF+C", 60.0, 256.0))
+
+    def test_sensors_have_names_types_and_positions(self):
+        info = json.loads(self.orvanta("info", self.demo, "--json", "-").stdout)
+        sensors = {sensor["name"]: sensor for sensor in info["sensors"]}
+        self.assertEqual(sensors["O1"]["type"], "eeg")
+        self.assertTrue(sensors["O1"]["is_eeg"])
+        self.assertEqual(sensors["O1"]["unit"], "µV")
+        self.assertLess(sensors["O1"]["position"]["x"], 0)
+
+    def test_state_events_have_durations(self):
+        info = json.loads(self.orvanta("info", self.demo, "--json", "-").stdout)
+        closed = [event for event in info["events"] if event["label"] == "eyes closed"]
+        self.assertTrue(closed)
+        self.assertEqual(closed[0]["class"], "state")
+        self.assertGreater(closed[0]["duration_s"], 0)
+
+    def test_text_names_the_montages(self):
+        self.assertIn("As recorded", self.orvanta("info", self.demo).stdout)
+
+
+class Demo(CommandLineTest):
+    def test_is_the_same_every_time(self):
+        other = self.folder / "again.edf"
+        self.orvanta("demo", "--out", other, "--minutes", "1")
+        self.assertEqual(other.read_bytes(), self.demo.read_bytes())
+
+    def test_another_seed_is_another_recording(self):
+        other = self.folder / "seed.edf"
+        self.orvanta("demo", "--out", other, "--minutes", "1", "--seed", "7")
+        self.assertNotEqual(other.read_bytes(), self.demo.read_bytes())
+
+    def test_makes_the_channels_and_rate_asked_for(self):
+        other = self.folder / "wide.edf"
+        self.orvanta("demo", "--out", other, "--minutes", "1", "--channels", "64", "--rate", "512")
+        info = json.loads(self.orvanta("info", other, "--json", "-").stdout)
+        eeg = [sensor for sensor in info["sensors"] if sensor["is_eeg"]]
+        self.assertEqual((len(eeg), info["rate_hz"]), (64, 512.0))
+
+    def test_zero_channels_are_refused(self):
+        self.assert_refused(self.orvanta("demo", "--out", self.folder / "x.edf", "--channels", "0"), r"channels")
+
+
+class Compute(CommandLineTest):
+    def test_keys_stand_in_their_order(self):
+        keys = list(self.compute())
+        wanted = ["file", "settings", "entity", "unit", "rate_hz", "fft_samples", "resolution_hz", "fft_count",
+                  "epochs", "frequencies_hz", "sensors", "channels", "bands", "total_band", "repairs"]
+        self.assertEqual([key for key in keys if key in wanted], wanted)
+
+    def test_one_minute_of_two_second_windows_half_overlapping(self):
+        result = self.compute()
+        self.assertEqual((result["fft_samples"], result["resolution_hz"]), (512, 0.5))
+        self.assertEqual(result["fft_count"], 59)
+        self.assertEqual(result["epochs"][1], {"begin_s": 1.0, "end_s": 3.0})
+
+    def test_frequencies_end_at_nyquist(self):
+        frequencies = self.compute()["frequencies_hz"]
+        self.assertEqual((len(frequencies), frequencies[0], frequencies[-1]), (257, 0.0, 128.0))
+
+    def test_every_trace_has_a_value_per_frequency(self):
+        result = self.compute()
+        for trace in result["sensors"] + result["channels"]:
+            self.assertEqual((len(trace["mean"]), len(trace["sd"])), (257, 257))
+
+    def test_alpha_stands_out_at_the_back_with_closed_eyes(self):
+        closed = self.compute("--set", "mode=states", "--set", "states=eyes closed")
+        peak = next(m["value"] for s in closed["sensors"] if s["name"] == "O1" for m in s["measures"]
+                    if (m["band"], m["measure"]) == ("Alpha", "Peak F"))
+        self.assertAlmostEqual(peak, 10.0, delta=0.5)
+
+    def test_alpha_is_smaller_with_open_eyes(self):
+        def alpha(state):
+            result = self.compute("--set", "mode=states", "--set", f"states={state}")
+            return next(m["value"] for s in result["sensors"] if s["name"] == "O1" for m in s["measures"]
+                        if (m["band"], m["measure"]) == ("Alpha", "Abs"))
+        self.assertGreater(alpha("eyes closed"), 3 * alpha("eyes open"))
+
+    def test_threads_do_not_change_a_byte(self):
+        one, four = (self.orvanta("compute", self.demo, "--json", "-", "--threads", n).stdout for n in (1, 4))
+        self.assertEqual(one, four)
+
+    def test_double_precision_agrees_with_float(self):
+        single, double = self.compute(), self.compute("--precision", "double")
+        for a, b in zip(single["sensors"], double["sensors"]):
+            largest = max(b["mean"])
+            self.assertLess(max(abs(x - y) for x, y in zip(a["mean"], b["mean"])), 1e-6 * largest)
+
+    def test_a_macro_file_gives_the_numbers_of_the_same_settings(self):
+        settings = ["fft_seconds=1", "overlap=25", "window=Hamming"]
+        macro = self.macro("m.smx", *settings)
+        sets = [part for setting in settings for part in ("--set", setting)]
+        self.assertEqual(self.compute("--macro", macro), self.compute(*sets))
+
+    def test_coherence_of_a_bipolar_montage_lies_between_0_and_1(self):
+        result = self.compute("--montage", "Longitudinal bipolar", "--entity", "coherence")
+        values = [value for channel in result["channels"] for value in channel["mean"]]
+        self.assertTrue(all(0 <= value <= 1 for value in values))
+
+    def test_coherence_without_pairs_is_not_computable(self):
+        result = self.orvanta("compute", self.demo, "--entity", "coherence")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertRegex(result.stderr, r"^orvanta: .+coherence.+\(.+--montage\)\n$")
+
+    def test_no_epoch_is_not_computable(self):
+        result = self.orvanta("compute", self.demo, "--set", "fft_seconds=100")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertRegex(result.stderr, r"^orvanta: .+demo\.edf: .+ 100 s \(.+\)\n$")
+
+    def test_an_unknown_montage_is_refused_with_the_names(self):
+        self.assert_refused(self.orvanta("compute", self.demo, "--montage", "nonsense"), r'nonsense: .*"As recorded"')
+
+    def test_a_montage_file_is_taken(self):
+        montage = self.folder / "mine.txt"
+        montage.write_text("[Mine]\nback = +O1 -O2\n")
+        result = self.compute("--montage", montage)
+        self.assertEqual([channel["name"] for channel in result["channels"]], ["back"])
+
+    def test_csv_is_long_form(self):
+        result = self.orvanta("compute", self.demo, "--csv", "-")
+        rows = list(csv.DictReader(io.StringIO(result.stdout)))
+        self.assertEqual(list(rows[0]), ["trace", "kind", "band", "measure", "value", "unit"])
+        self.assertEqual({row["band"] for row in rows}, {"Delta", "Theta", "Alpha", "Beta", "Gamma"})
+
+    def test_the_table_has_a_row_per_channel(self):
+        lines = self.orvanta("compute", self.demo).stdout.splitlines()
+        self.assertTrue(any(line.startswith("O1 ") for line in lines))
+
+    def test_quiet_prints_nothing(self):
+        result = self.orvanta("compute", self.demo, "--quiet")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+    def test_a_pipe_sees_no_progress(self):
+        self.assertEqual(self.orvanta("compute", self.demo).stderr, "")
+
+
+class Compare(CommandLineTest):
+    def compared(self, *arguments):
+        closed = self.macro("closed.smx", "mode=states", "states=eyes closed")
+        opened = self.macro("open.smx", "mode=states", "states=eyes open")
+        result = self.orvanta("compare", self.demo, "--main", closed, "--secondary", opened, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        return result.stdout
+
+    def test_json_has_the_test_per_bin(self):
+        result = json.loads(self.compared("--json", "-"))
+        trace = result["sensors"][0]
+        for key in ("p", "ratio", "t", "df"):
+            self.assertEqual(len(trace[key]), len(result["frequencies_hz"]))
+
+    def test_effective_epochs_are_fewer_than_the_epochs(self):
+        result = json.loads(self.compared("--json", "-"))
+        self.assertLess(result["n_eff"]["main"], result["fft_count"])
+        self.assertGreater(result["n_eff"]["main"], 1)
+
+    def test_alpha_differs_at_the_back(self):
+        result = json.loads(self.compared("--json", "-"))
+        alpha = result["frequencies_hz"].index(10.0)
+        back = next(sensor for sensor in result["sensors"] if sensor["name"] == "O1")
+        self.assertLess(back["p"][alpha], 0.001)
+        self.assertGreater(back["ratio"][alpha], 3)
+
+    def test_phase_has_no_p(self):
+        result = json.loads(self.compared("--json", "-", "--entity", "phase", "--montage", "Longitudinal bipolar"))
+        self.assertEqual(set(result["channels"][0]["p"]), {None})
+
+    def test_the_table_names_both_settings(self):
+        text = self.compared()
+        self.assertIn("closed", text)
+        self.assertIn("open", text)
+
+
+class Macro(CommandLineTest):
+    def test_show_prints_every_setting(self):
+        lines = self.orvanta("macro", "show", self.macro("m.smx", "overlap=75")).stdout.splitlines()
+        self.assertEqual(len(lines), 16)
+        self.assertIn("overlap=75", lines)
+
+    def test_check_accepts_a_sound_file(self):
+        self.assertEqual(self.orvanta("macro", "check", self.macro("m.smx")).returncode, 0)
+
+    def test_check_refuses_what_is_no_macro(self):
+        path = self.folder / "broken.smx"
+        path.write_text("<nonsense")
+        self.assert_refused(self.orvanta("macro", "check", path), r"broken\.smx: .+ \(.+\)$")
+
+    def test_new_does_not_overwrite(self):
+        path = self.macro("m.smx")
+        self.assert_refused(self.orvanta("macro", "new", path), r"exists already")
+
+    def test_a_bad_value_is_refused_and_writes_nothing(self):
+        path = self.folder / "m.smx"
+        self.assert_refused(self.orvanta("macro", "new", path, "--set", "overlap=100"), r"overlap=100: ")
+        self.assertFalse(path.exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
