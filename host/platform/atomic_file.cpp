@@ -51,7 +51,7 @@ auto Repeat(const Call& call) {
 std::filesystem::path Target(const std::string& path) {
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-    const std::filesystem::path target = error ? std::filesystem::path(path) : resolved;
+    std::filesystem::path target = error ? std::filesystem::path(path) : resolved;
     const std::filesystem::file_status status = std::filesystem::status(target, error);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
         Fail(path, "is no regular file and is not replaced", "choose another name");
