@@ -8,7 +8,6 @@
 #include "host/signal_base/recording_error.h"
 #include "host/spectral_data/engine/kernel/moments.h"
 #include "host/spectral_data/engine/kernel/transform.h"
-#include "host/spectral_data/engine/raw_window.h"
 
 #include <algorithm>
 #include <bit>
@@ -17,6 +16,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -50,10 +50,11 @@ Shape ShapeOf(const signal::RecordingData& data) {
 }
 
 void ReadShare(const signal::BlockSource& source, std::uint64_t first, std::uint64_t last) {
-    RawWindow window(source);
-    const std::uint64_t step = std::max<std::uint64_t>(1, RawWindow::kReadBytes / source.BlockBytes());
+    constexpr std::size_t kReadBytes = std::size_t{4} << 20;
+    const std::uint64_t step = std::max<std::uint64_t>(1, kReadBytes / source.BlockBytes());
+    const auto buffer = std::make_unique_for_overwrite<std::byte[]>(step * source.BlockBytes());
     for (std::uint64_t block = first; block < last; block += step) {
-        window.Hold(block, std::min(last, block + step));
+        source.Read(block, std::min(step, last - block), buffer.get());
     }
 }
 

@@ -18,8 +18,10 @@ constexpr std::size_t kMaxBlockBytes = std::size_t{1} << 20;
 
 /// Frames of a block: a second, in at most a mebibyte.
 std::uint64_t LongestBlock(const FrameLayout& layout, double rate_hz) {
-    const auto fitting = static_cast<double>(kMaxBlockBytes / layout.FrameBytes());
-    return static_cast<std::uint64_t>(std::clamp(std::round(rate_hz), 1.0, std::max(fitting, 1.0)));
+    const std::uint64_t fitting = std::max<std::uint64_t>(kMaxBlockBytes / layout.FrameBytes(), 1);
+    const double second = std::round(rate_hz);
+    return second < static_cast<double>(fitting) ? static_cast<std::uint64_t>(std::max(second, 1.0))
+                                                 : fitting;
 }
 
 Timeline MakeTimeline(const Segments& time, double rate_hz, std::uint64_t frames) {

@@ -14,7 +14,7 @@ namespace orvanta::signal::brainvision {
 namespace {
 
 constexpr std::string_view kCommon = "commoninfos";
-constexpr std::int64_t kMaxChannels = 16384;
+constexpr std::int64_t kMaxChannels = 4096;
 constexpr double kMinInterval = 0.01; ///< µs: 100 MHz
 constexpr double kMaxInterval = 1e9;  ///< µs: one sample in 1000 s
 

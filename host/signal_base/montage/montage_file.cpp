@@ -81,7 +81,7 @@ private:
         if (end == std::string_view::npos) {
             Refuse("a quote is not closed", "close the name with \"");
         }
-        const std::string name(Trim(text_.substr(0, end)));
+        std::string name(Trim(text_.substr(0, end)));
         text_.remove_prefix(end + (quoted ? 1 : 0));
         if (name.empty()) {
             Refuse("a sensor name is missing", "write terms such as +Fp1 or -0.5*A1");

@@ -6,7 +6,6 @@
 #include "tests/support/temp_folder.h"
 #include "tests/support/xml_schema.h"
 
-#include <clocale>
 #include <filesystem>
 #include <gtest/gtest.h>
 
