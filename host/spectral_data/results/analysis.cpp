@@ -22,6 +22,22 @@ double Deviation(double m2, std::uint64_t count) {
     return count < 2 ? kNaN : std::sqrt(m2 / static_cast<double>(count - 1));
 }
 
+/// Mean and deviation of numbers that come one by one (Welford).
+class RunningSpread {
+public:
+    void Add(double value) {
+        const double step = value - mean_;
+        mean_ += step / static_cast<double>(++count_);
+        m2_ += step * (value - mean_);
+    }
+    Spread Get() const { return {mean_, Deviation(m2_, count_)}; }
+
+private:
+    double mean_ = 0;
+    double m2_ = 0;
+    std::uint64_t count_ = 0;
+};
+
 std::vector<const SensorType*> EegSensors(const signal::Recording& recording) {
     std::vector<const SensorType*> sensors;
     for (const auto& sensor : recording.Sensors()) {
@@ -180,20 +196,30 @@ Spread Analysis::AbsSpread(Type entity, TraceRow trace, double lo_hz, double hi_
             std::size_t{trace.row} * bands_.size() + static_cast<std::size_t>(computed - bands_.begin());
         return {result_.band_power.mean[at], Deviation(result_.band_power.m2[at], EpochCount())};
     }
-    const BandKey key{trace.row, range.first, range.last, amplitude};
-    if (const auto known = spreads_.find(key); known != spreads_.end()) {
-        return known->second;
+    const BandKey key{trace.row, range.first, range.last};
+    if (!spreads_.contains(key)) {
+        AddSpreads(trace.row, range);
     }
-    double mean = 0, m2 = 0, count = 0;
-    epochs_->ForEach(trace.row, [&](std::span<const float> power) {
-        const auto band = power.subspan(range.first, range.last - range.first);
-        const double sum = std::accumulate(band.begin(), band.end(), 0.0) * Resolution();
-        const double value = amplitude ? std::sqrt(sum) : sum;
-        const double step = value - mean;
-        mean += step / ++count;
-        m2 += step * (value - mean);
+    const BandSpreads& spreads = spreads_.at(key);
+    return amplitude ? spreads.amplitude : spreads.power;
+}
+
+void Analysis::AddSpreads(std::uint32_t row, BinRange asked) const {
+    // The other bands will be asked for as well, and one walk over the epochs serves them all.
+    std::vector<BinRange> ranges = DefinedBands(Resolution(), Bins());
+    ranges.push_back(asked);
+    std::vector<RunningSpread> powers(ranges.size()), amplitudes(ranges.size());
+    epochs_->ForEach(row, [&](std::span<const float> power) {
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            const auto band = power.subspan(ranges[i].first, ranges[i].last - ranges[i].first);
+            const double sum = std::accumulate(band.begin(), band.end(), 0.0) * Resolution();
+            powers[i].Add(sum);
+            amplitudes[i].Add(std::sqrt(sum));
+        }
     });
-    return spreads_[key] = {mean, Deviation(m2, EpochCount())};
+    for (std::size_t i = 0; i < ranges.size(); ++i) {
+        spreads_[{row, ranges[i].first, ranges[i].last}] = {powers[i].Get(), amplitudes[i].Get()};
+    }
 }
 
 } // namespace orvanta::spectral

@@ -116,10 +116,13 @@ private:
 
     struct BandKey {
         std::uint32_t row, first, last;
-        bool amplitude;
         auto operator<=>(const BandKey&) const = default;
     };
-    mutable std::map<BandKey, Spread> spreads_; ///< bands worked out epoch by epoch
+    struct BandSpreads {
+        Spread power, amplitude;
+    };
+    void AddSpreads(std::uint32_t row, BinRange asked) const;
+    mutable std::map<BandKey, BandSpreads> spreads_; ///< bands worked out epoch by epoch
 };
 
 } // namespace orvanta::spectral

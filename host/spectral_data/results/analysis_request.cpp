@@ -7,6 +7,7 @@
 #include "spectra_contract/spect_globals.h"
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 namespace orvanta::spectral {
@@ -31,11 +32,13 @@ void RequireMemory(const EngineRequest& request, std::uint64_t rows) {
     }
 }
 
-std::vector<BinRange> DefinedBands(double resolution, std::uint32_t bins) {
+} // namespace
+
+std::vector<BinRange> DefinedBands(double resolution_hz, std::uint32_t bins) {
     const SPECT::Globals& globals = SPECT::GetGlobals();
     std::vector<BinRange> ranges;
     const auto add = [&](double lo, double hi) {
-        const BinRange range = BandBins(lo, hi, resolution, bins);
+        const BinRange range = BandBins(lo, hi, resolution_hz, bins);
         if (range.first < range.last) {
             ranges.push_back(range);
         }
@@ -47,12 +50,14 @@ std::vector<BinRange> DefinedBands(double resolution, std::uint32_t bins) {
     return ranges;
 }
 
-} // namespace
-
 EngineRequest MakeRequest(const AnalysisInput& input, const MontageNodes& nodes) {
     EngineRequest request;
     for (const SensorType* sensor : nodes.sensors) {
         const signal::SensorSamples samples = input.recording->Samples(*sensor);
+        if (!std::isfinite(samples.gain) || !std::isfinite(samples.offset)) {
+            throw std::runtime_error("the calibration of sensor " + sensor->GetName() +
+                                     " is no finite number (correct its physical range in the file)");
+        }
         request.sensors.push_back({samples.signal, samples.gain, samples.offset});
     }
     request.derived = nodes.derived;

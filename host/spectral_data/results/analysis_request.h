@@ -11,4 +11,7 @@ namespace orvanta::spectral {
 /// budget. \throws std::runtime_error for an unknown taper or sums that would take more than 4 GiB
 ORVANTA_API EngineRequest MakeRequest(const AnalysisInput& input, const MontageNodes& nodes);
 
+/// The bins of the bands and the total band that are defined now; bands without a bin are left out.
+std::vector<BinRange> DefinedBands(double resolution_hz, std::uint32_t bins);
+
 } // namespace orvanta::spectral

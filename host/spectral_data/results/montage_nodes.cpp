@@ -2,7 +2,6 @@
 #include "host/spectral_data/results/montage_nodes.h"
 
 #include <map>
-#include <set>
 #include <unordered_map>
 #include <utility>
 
@@ -59,23 +58,18 @@ private:
     }
 
     std::optional<std::uint32_t> MeanNode(const std::vector<const SensorType*>& average) {
-        std::set<std::uint32_t> members;
+        if (const auto known = meanOf_.find(average); known != meanOf_.end()) {
+            return known->second;
+        }
+        DerivedNode mean{{}, false};
         for (const SensorType* sensor : average) {
             const auto node = NodeOf(sensor);
             if (!node) {
                 return std::nullopt;
             }
-            members.insert(*node);
+            mean.terms.push_back({*node, 1.0 / static_cast<double>(average.size())});
         }
-        const auto [known, isNew] = meanOf_.try_emplace(members, 0);
-        if (isNew) {
-            DerivedNode mean{{}, false};
-            for (const std::uint32_t node : members) {
-                mean.terms.push_back({node, 1.0 / static_cast<double>(members.size())});
-            }
-            known->second = AddDerived(std::move(mean));
-        }
-        return known->second;
+        return meanOf_[average] = AddDerived(std::move(mean));
     }
 
     std::uint32_t RowOf(const Combination& combination) {
@@ -122,7 +116,7 @@ private:
     std::uint32_t sensorCount_;
     bool cross_;
     std::unordered_map<const SensorType*, std::uint32_t> nodeOfSensor_;
-    std::map<std::set<std::uint32_t>, std::uint32_t> meanOf_;
+    std::map<std::vector<const SensorType*>, std::uint32_t> meanOf_;
     std::map<Combination, std::uint32_t> rowOf_;
     std::map<std::pair<std::uint32_t, std::uint32_t>, std::uint32_t> pairOf_;
 };

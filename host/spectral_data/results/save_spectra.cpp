@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From an analysis to a spectra file.
+#include "host/signal_base/time/time_text.h"
 #include "host/spectral_data/files/spectra_file.h"
 #include "host/spectral_data/results/names.h"
 #include "host/spectral_data/results/spect_macro_result_impl.h"
@@ -7,8 +8,6 @@
 #include "spectra_contract/spect_globals.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <exception>
 #include <string>
 
@@ -18,16 +17,9 @@ using orvanta::spectral::SpectraFileTrace;
 
 namespace {
 
+/// ISO 8601, to the millisecond.
 std::string IsoText(const orvanta::signal::StartTime& start) {
-    std::array<char, 96> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d", start.year, start.month,
-                  start.day, start.hour, start.minute, start.second);
-    std::string iso = text.data();
-    if (start.microsecond != 0) {
-        std::snprintf(text.data(), text.size(), ".%06d", start.microsecond);
-        iso += text.data();
-    }
-    return iso;
+    return orvanta::signal::DateText(start, 0) + 'T' + orvanta::signal::ClockText(start, 0);
 }
 
 SpectraFileTrace TraceOf(const char* kind, const SpectrumSingle& spectrum) {
