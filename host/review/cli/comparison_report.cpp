@@ -4,6 +4,7 @@
 #include "host/review/cli/band_table.h"
 #include "host/review/cli/macro_keys.h"
 #include "host/review/cli/output.h"
+#include "host/spectral_data/files/number_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -117,14 +118,15 @@ std::string ToCsv(const Comparison& c) {
             const double main = trace.spectrum->GetMeasure(static_cast<int>(band), measure);
             const double secondary = SecondaryMeasure(c, trace, band, measure);
             if (measure == SPECT::Meas::Type::Abs) {
-                csv += CsvLine(
-                    {name, trace.kind, bandName, "bins with p < 0.05", NumberText(share(trace, band)), "%"});
+                csv += CsvLine({name, trace.kind, bandName, "bins with p < 0.05",
+                                spectral::NumberText(share(trace, band)), "%"});
             }
-            csv += CsvLine({name, trace.kind, bandName, "main " + measureName, NumberText(main), unit});
             csv += CsvLine(
-                {name, trace.kind, bandName, "secondary " + measureName, NumberText(secondary), unit});
+                {name, trace.kind, bandName, "main " + measureName, spectral::NumberText(main), unit});
+            csv += CsvLine({name, trace.kind, bandName, "secondary " + measureName,
+                            spectral::NumberText(secondary), unit});
             csv += CsvLine({name, trace.kind, bandName, "ratio " + measureName,
-                            NumberText(RatioOf(main, secondary)), ""});
+                            spectral::NumberText(RatioOf(main, secondary)), ""});
         });
     });
     return csv;

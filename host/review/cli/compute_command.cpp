@@ -76,7 +76,7 @@ void AddCompute(CLI::App& app, Command& run) {
         ->allow_extra_args(false);
     command->add_option("--spectra", arguments->spectra, "Write the spectra file (XML)")
         ->type_name("OUT.xml");
-    command->footer("KEYs: " + KeyHelp());
+    command->footer(KeyHelp());
     command->callback([&run, arguments] { run = [arguments] { return Compute(*arguments); }; });
 }
 

@@ -4,6 +4,7 @@
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/signal_base/recording.h"
+#include "host/spectral_data/files/number_text.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -139,7 +140,8 @@ std::string ToText(const EEGFileInfoType& recording) {
         if (sensor->GetType() == Sensor::Annotations) {
             continue;
         }
-        kinds[std::string(TypeName(sensor->GetType())) + " at " + NumberText(sensor->GetRateHz()) + " Hz"]
+        kinds[std::string(TypeName(sensor->GetType())) + " at " + spectral::NumberText(sensor->GetRateHz()) +
+              " Hz"]
             .push_back(sensor->GetName());
     }
     for (const auto& [kind, names] : kinds) {

@@ -65,7 +65,7 @@ int CheckMacro(const MacroArguments& arguments) {
 void AddMacro(CLI::App& app, Command& run) {
     CLI::App* command = app.add_subcommand("macro", "Make, show or check a settings file (macro)");
     command->require_subcommand(1);
-    command->footer("KEYs: " + KeyHelp());
+    command->footer(KeyHelp());
 
     const auto add = [&](const char* name, const char* what, int (*action)(const MacroArguments&)) {
         auto arguments = std::make_shared<MacroArguments>();
@@ -74,7 +74,7 @@ void AddMacro(CLI::App& app, Command& run) {
         sub->add_option("--set", arguments->assignments, "KEY=VALUE, repeatable; lists are comma-separated")
             ->type_name("KEY=VALUE")
             ->allow_extra_args(false);
-        sub->footer("KEYs: " + KeyHelp());
+        sub->footer(KeyHelp());
         sub->callback(
             [&run, arguments, action] { run = [arguments, action] { return action(*arguments); }; });
     };

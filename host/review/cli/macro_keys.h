@@ -21,7 +21,7 @@ nlohmann::ordered_json KeysToJson(const SpectraMacro& macro);
 /// Every "KEY=VALUE", in a fixed order, as SetKey takes them.
 std::vector<std::string> KeysToText(const SpectraMacro& macro);
 
-/// One line that lists the keys, for help texts.
+/// The keys with their defaults and what lists and modes look like, for help texts.
 std::string KeyHelp();
 
 } // namespace orvanta::cli

@@ -22,15 +22,6 @@ void WriteOutput(const std::string& target, std::string_view text) {
     }
 }
 
-std::string NumberText(double value) {
-    if (!std::isfinite(value)) {
-        return "n/a";
-    }
-    std::array<char, 32> buffer;
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-    return {buffer.data(), end};
-}
-
 std::string FixedText(double value, int decimals) {
     if (!std::isfinite(value)) {
         return "n/a";

@@ -12,9 +12,6 @@ namespace orvanta::cli {
 /// \throws UsageError or std::runtime_error "FILE: reason (remedy)"
 void WriteOutput(const std::string& target, std::string_view text);
 
-/// Shortest decimal text that reads back as the same number, locale-free; "n/a" when not finite.
-std::string NumberText(double value);
-
 /// Fixed number of decimals, locale-free; "n/a" when not finite.
 std::string FixedText(double value, int decimals);
 

@@ -5,6 +5,7 @@
 #include "host/review/cli/macro_keys.h"
 #include "host/review/cli/output.h"
 #include "host/signal_base/recording.h"
+#include "host/spectral_data/files/number_text.h"
 #include "spectra_contract/spect_globals.h"
 
 #include <nlohmann/json.hpp>
@@ -122,7 +123,7 @@ std::string ToCsv(const SpectraMgr& manager, const SpectMacroResult& analysis) {
         ForEachMeasure(manager, [&](unsigned band, SPECT::Meas::Type measure) {
             csv += CsvLine({trace.spectrum->GetName(), trace.kind, manager.GetBand(band).name,
                             manager.GetBandMeasName(static_cast<unsigned>(measure)),
-                            NumberText(trace.spectrum->GetMeasure(static_cast<int>(band), measure)),
+                            spectral::NumberText(trace.spectrum->GetMeasure(static_cast<int>(band), measure)),
                             manager.GetBandMeasUnit(measure)});
         });
     });
@@ -135,11 +136,12 @@ std::string Heading(const EEGFileInfoType& recording, const SpectMacroResult& an
     std::string text = recording.GetFileNameText() + ": " + opened.Data().format + ", " +
                        DurationText(opened.Time().Duration()) + ", " +
                        std::to_string(analysis.GetSensorMap().size()) + " EEG sensors at " +
-                       NumberText(analysis.GetFFTSR()) + " Hz\n";
-    text += std::to_string(analysis.GetFFTCount()) + " epochs of " + NumberText(macro.GetFFTSeconds()) +
-            " s (" + std::to_string(analysis.GetFFTSamples()) + "-point transform, " +
-            NumberText(analysis.GetResolutionHz()) + " Hz a bin), " + std::to_string(macro.GetOverlapPerc()) +
-            " % overlap, " + macro.GetDSPWindowStr() + "; montage: " + analysis.GetMontage().GetName() + "\n";
+                       spectral::NumberText(analysis.GetFFTSR()) + " Hz\n";
+    text += std::to_string(analysis.GetFFTCount()) + " epochs of " +
+            spectral::NumberText(macro.GetFFTSeconds()) + " s (" + std::to_string(analysis.GetFFTSamples()) +
+            "-point transform, " + spectral::NumberText(analysis.GetResolutionHz()) + " Hz a bin), " +
+            std::to_string(macro.GetOverlapPerc()) + " % overlap, " + macro.GetDSPWindowStr() +
+            "; montage: " + analysis.GetMontage().GetName() + "\n";
     for (const std::string& repair : opened.Repairs()) {
         text += "Repaired: " + repair + "\n";
     }

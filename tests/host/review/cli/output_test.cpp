@@ -10,19 +10,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-TEST(NumberText, IsTheShortestThatReadsBack) {
-    EXPECT_EQ(NumberText(0.1), "0.1");
-}
-TEST(NumberText, WholeNumbersHaveNoPoint) {
-    EXPECT_EQ(NumberText(512), "512");
-}
-TEST(NumberText, NaNIsNotANumberText) {
-    EXPECT_EQ(NumberText(kNaN), "n/a");
-}
-TEST(NumberText, InfinityIsNotANumberText) {
-    EXPECT_EQ(NumberText(std::numeric_limits<double>::infinity()), "n/a");
-}
-
 TEST(FixedText, KeepsTheDecimals) {
     EXPECT_EQ(FixedText(1.5, 3), "1.500");
 }
