@@ -12,6 +12,7 @@
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_types.h"
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -114,10 +115,7 @@ private:
     double effectiveLog_ = 0;
     std::unique_ptr<EpochSpectra> epochs_;
 
-    struct BandKey {
-        std::uint32_t row, first, last;
-        auto operator<=>(const BandKey&) const = default;
-    };
+    using BandKey = std::array<std::uint32_t, 3>; ///< row, first bin, bin behind the last
     struct BandSpreads {
         Spread power, amplitude;
     };

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
+#include <tuple>
 #include <vector>
 
 namespace orvanta::spectral {
@@ -19,7 +19,10 @@ struct TraceRow {
     std::uint32_t row = 0;             ///< row of the engine's result
     std::optional<std::uint32_t> pair; ///< cross-spectrum of the trace's two electrodes
 
-    auto operator<=>(const TraceRow&) const = default;
+    bool operator==(const TraceRow&) const = default;
+    friend bool operator<(const TraceRow& a, const TraceRow& b) {
+        return std::tie(a.row, a.pair) < std::tie(b.row, b.pair);
+    }
 };
 
 /// A montage in terms of the engine. Node i < sensors.size() is sensor i, and so is row i.

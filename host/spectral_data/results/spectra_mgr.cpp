@@ -16,7 +16,6 @@
 #include <map>
 #include <stdexcept>
 
-using orvanta::spectral::Analysis;
 using orvanta::spectral::TraceComparison;
 using orvanta::spectral::TraceRow;
 
