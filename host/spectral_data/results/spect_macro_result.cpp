@@ -183,9 +183,12 @@ std::uint64_t SpectMacroResult::GetFFTCount() const {
 }
 
 std::uint64_t SpectMacroResult::GetIndexFromFreq(double hz) const {
-    const double last = static_cast<double>(GetFFTSamples() / 2);
+    const std::uint64_t nyquist = GetFFTSamples() / 2;
     const double bin = std::round(hz / GetResolutionHz());
-    return bin > 0 ? static_cast<std::uint64_t>(std::min(bin, last)) : 0; // not a number: 0
+    if (!(bin > 0)) { // not a number, too
+        return 0;
+    }
+    return bin < static_cast<double>(nyquist) ? static_cast<std::uint64_t>(bin) : nyquist;
 }
 
 double SpectMacroResult::GetFreqFromIndex(std::uint64_t bin) const {
