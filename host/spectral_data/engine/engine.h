@@ -16,7 +16,7 @@ namespace orvanta::spectral {
 
 enum class Precision { Float, Double };
 
-/// A sensor's samples: value in µV = gain × stored value + offset.
+/// A sensor's samples: value in µV = gain × stored value + offset. The offset goes with each epoch's mean.
 struct EngineSensor {
     std::size_t signal = 0;
     double gain = 1;
@@ -61,13 +61,15 @@ struct EngineRequest {
     std::uint32_t bins = 0;       ///< bins 0 … bins−1 are kept, at most p/2 + 1
     bool amplitude = false;       ///< moments of sqrt(power)
     bool log_power = false;       ///< moments of ln(power)
-    std::vector<BinRange> bands;  ///< moments of the power summed over each range, times rate/p (µV²)
+    std::vector<BinRange> bands;  ///< moments of the power summed over each range, times rate/p (µV²); an
+                                  ///< empty range sums to 0
     std::uint32_t store_bins = 0; ///< keep every epoch's power as float for bins 0 … store_bins−1
     Precision precision = Precision::Float;
     unsigned threads = 0; ///< 0: one per core. Results do not depend on it, bit for bit.
 };
 
-/// Mean and sum of squared deviations over the epochs; rows × columns, row-major.
+/// Mean and sum of squared deviations over the epochs; rows × columns, row-major. NaN without epochs; the sum
+/// is 0 for one epoch.
 struct Moments {
     std::vector<double> mean;
     std::vector<double> m2;
@@ -88,11 +90,12 @@ struct EngineResult {
 
 /// Computes the request in one pass. Each epoch's mean is removed, the taper applied, zeros appended up to p,
 /// and P[k] = c·|X[k]|² / (rate·Σw²) taken, c = 2, but 1 at k = 0 and k = p/2 (equal to SciPy's welch with
-/// scaling='density', detrend='constant').
-/// \param progress may be null; called on this thread; a cancel ends the work
-/// \return false when cancelled, \p result then unspecified
-/// \throws std::invalid_argument for a request that contradicts itself or the source; RecordingError from
-/// reading
+/// scaling='density', detrend='constant'). In float, densities and their moments are within 1e-6 of the
+/// largest bin whatever the offset of the samples, logarithms within 4 units in the last place; in double
+/// within 1e-9. The bits depend on the request and the machine's vector width, never on the number of
+/// threads. \param progress may be null; called on this thread; a cancel ends the work \return false when
+/// cancelled, \p result then unspecified \throws std::invalid_argument for a request that contradicts itself
+/// or the source; RecordingError from reading
 ORVANTA_API bool Accumulate(const signal::BlockSource& source, const EngineRequest& request,
                             EngineResult& result, GenericProgress* progress);
 

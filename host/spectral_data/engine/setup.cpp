@@ -14,7 +14,7 @@ namespace orvanta::spectral {
 namespace {
 
 /// A group's powers of one batch, and all spectra of one batch, should stay in the caches next to a core.
-constexpr std::size_t kPowerBytes = std::size_t{1} << 19;
+constexpr std::size_t kPowerBytes = std::size_t{5} << 17;
 constexpr std::size_t kSpectraBytes = std::size_t{1} << 21;
 constexpr std::size_t kRowsBytes = std::size_t{1} << 20;
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/host/spectral_data/engine/engine_cases.h"
 
+#include <gtest/gtest.h>
+#include <hwy/targets.h>
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -45,6 +48,18 @@ EngineRequest RequestFor(std::size_t sensors, std::int64_t samples, std::uint32_
     request.bins = request.padded / 2 + 1;
     request.threads = 1;
     return request;
+}
+
+void OnEveryTarget(const std::function<void()>& check) {
+    for (std::int64_t left = hwy::SupportedTargets(); left != 0; left &= left - 1) {
+        const std::int64_t target = left & -left;
+        hwy::SetSupportedTargetsForTest(target);
+        hwy::GetChosenTarget().Update(target);
+        SCOPED_TRACE(hwy::TargetName(target));
+        check();
+    }
+    hwy::SetSupportedTargetsForTest(0);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
 }
 
 } // namespace orvanta::spectral

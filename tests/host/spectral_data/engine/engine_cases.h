@@ -5,6 +5,7 @@
 #include "host/spectral_data/engine/engine.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace orvanta::spectral {
@@ -19,5 +20,8 @@ std::vector<double> Counts(std::size_t count, unsigned seed, double range);
 /// Sensors 0 … sensors − 1 with gain 1, epochs from sample 0 on with the given overlap, all bins.
 EngineRequest RequestFor(std::size_t sensors, std::int64_t samples, std::uint32_t window,
                          double overlapPercent, double rate, std::vector<double> taper);
+
+/// Runs a check with each instruction set that this machine has in turn.
+void OnEveryTarget(const std::function<void()>& check);
 
 } // namespace orvanta::spectral

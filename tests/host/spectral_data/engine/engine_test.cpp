@@ -108,6 +108,56 @@ TEST(Engine, ReadsEveryFormatAndOrderAlike) {
     }
 }
 
+TEST(Engine, ComputesTheSameOnEveryTarget) {
+    std::vector<std::vector<double>> stored;
+    for (unsigned s = 0; s < 18; ++s) {
+        stored.push_back(Counts(700, s, 3000));
+    }
+    for (const Precision precision : {Precision::Float, Precision::Double}) {
+        for (const SampleFormat format : {SampleFormat::Int16, SampleFormat::Int24, SampleFormat::Float32}) {
+            const RawSource source(format, stored, 37);
+            EngineRequest request = RequestFor(18, 700, 50, 50, 50.0, Hanning(50));
+            request.derived = {{{{0, 1}, {17, -1}}, true}, {{{18, 0.5}, {3, 2}}, true}};
+            request.pairs = {{2, 19}};
+            request.amplitude = request.log_power = true;
+            request.bands = {{2, 9}};
+            request.store_bins = 30;
+            request.precision = precision;
+            EngineResult expected;
+            ASSERT_TRUE(Accumulate(source, request, expected, nullptr));
+            const double tolerance = precision == Precision::Float ? 2e-5 : 1e-10;
+            const auto expectClose = [&](const std::vector<double>& values,
+                                         const std::vector<double>& others) {
+                ASSERT_EQ(values.size(), others.size());
+                for (std::size_t i = 0; i < values.size(); ++i) {
+                    EXPECT_NEAR(values[i], others[i], tolerance * (1 + std::abs(others[i]))) << i;
+                }
+            };
+            OnEveryTarget([&] {
+                EngineResult result;
+                ASSERT_TRUE(Accumulate(source, request, result, nullptr));
+                expectClose(result.power.mean, expected.power.mean);
+                expectClose(result.power.m2, expected.power.m2);
+                expectClose(result.amplitude.mean, expected.amplitude.mean);
+                expectClose(result.band_power.mean, expected.band_power.mean);
+                for (std::size_t i = 0; i < result.log_power.mean.size(); ++i) {
+                    if (i % result.bins != 0) {
+                        EXPECT_NEAR(result.log_power.mean[i], expected.log_power.mean[i], tolerance) << i;
+                    }
+                }
+                for (std::size_t i = 0; i < result.cross.size(); ++i) {
+                    EXPECT_LT(std::abs(result.cross[i] - expected.cross[i]),
+                              tolerance * (1 + std::abs(expected.cross[i])))
+                        << i;
+                }
+                for (std::size_t i = 0; i < result.stored.size(); ++i) {
+                    EXPECT_NEAR(result.stored[i], expected.stored[i], 1e-4F * (1 + expected.stored[i])) << i;
+                }
+            });
+        }
+    }
+}
+
 TEST(Engine, TakesOneSensorAndFiveHundredAndTwelve) {
     std::vector<std::vector<double>> stored;
     for (unsigned s = 0; s < 512; ++s) {

@@ -2,35 +2,23 @@
 // The transform by itself, on every instruction set that this machine has.
 #include "host/spectral_data/engine/kernel/transform.h"
 
+#include "tests/host/spectral_data/engine/engine_cases.h"
+
 #include <fftw3.h>
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 
 #include <bit>
 #include <cmath>
 #include <complex>
-#include <functional>
 #include <numbers>
 #include <random>
+#include <set>
 #include <vector>
 
 namespace orvanta::spectral {
 namespace {
 
 using Spectrum = std::vector<std::complex<double>>;
-
-/// Runs a check with each instruction set in turn.
-void OnEveryTarget(const std::function<void()>& check) {
-    for (std::int64_t left = hwy::SupportedTargets(); left != 0; left &= left - 1) {
-        const std::int64_t target = left & -left;
-        hwy::SetSupportedTargetsForTest(target);
-        hwy::GetChosenTarget().Update(target);
-        SCOPED_TRACE(hwy::TargetName(target));
-        check();
-    }
-    hwy::SetSupportedTargetsForTest(0);
-    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-}
 
 /// X[0 … p/2] of one sequence in each lane; lanes[l][i] = sample i. Taper 1, mean 0.
 template <class T>
@@ -199,6 +187,12 @@ TEST(FftPlan, RefusesALengthThatIsNoPowerOfTwo) {
     EXPECT_THROW(PlanFor<float>(0), std::invalid_argument);
     EXPECT_THROW(PlanFor<float>(1), std::invalid_argument);
     EXPECT_THROW(PlanFor<float>(96), std::invalid_argument);
+}
+
+TEST(Transform, TakesTheWidestLanesOfThisMachine) {
+    std::set<std::size_t> widths;
+    OnEveryTarget([&] { widths.insert(Lanes<float>()); });
+    EXPECT_EQ(Lanes<float>(), *widths.rbegin());
 }
 
 } // namespace
