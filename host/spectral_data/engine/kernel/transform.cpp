@@ -79,8 +79,10 @@ struct FromSamples {
         if (kPadded && row >= window) {
             return hn::Zero(d);
         }
-        const auto centred = hn::Sub(hn::Sub(hn::Load(d, samples + row * Tag<T>::kLanes), mean), rest);
-        return hn::Mul(centred, hn::Set(d, taper[row]));
+        // (x − mean − rest)·w; the rest is small, so its product may be rounded by itself.
+        const auto weight = hn::Set(d, taper[row]);
+        const auto centred = hn::Sub(hn::Load(d, samples + row * Tag<T>::kLanes), mean);
+        return hn::MulSub(centred, weight, hn::Mul(rest, weight));
     }
     HWY_INLINE Complex<T> operator()(std::size_t row) const { return {One(2 * row), One(2 * row + 1)}; }
 };
@@ -134,14 +136,16 @@ HWY_INLINE void Pass8(const Source& source, T* work, std::size_t n, const T* fac
         const auto x3 = source(j + 3 * step), x7 = source(j + 7 * step);
         const auto s1 = Add(x1, x5), d1 = Sub(x1, x5), s3 = Add(x3, x7), d3 = Sub(x3, x7);
         const auto e2 = Add(s1, s3), e3 = Sub(s1, s3), u = SubI(d1, d3), v = AddI(d1, d3);
-        // u and v times the eighth and three eighths of a turn: (1 − i)/√2 and (−1 − i)/√2.
-        const Complex<T> o2{hn::Mul(hn::Add(u.re, u.im), half), hn::Mul(hn::Sub(u.im, u.re), half)};
-        const Complex<T> o3{hn::Mul(hn::Sub(v.im, v.re), half), hn::Mul(hn::Add(v.re, v.im), half)};
+        // u and v times the eighth and three eighths of a turn, (1 − i)/√2 and (−1 − i)/√2; the root comes in
+        // with the additions below.
+        const auto ua = hn::Add(u.re, u.im), ub = hn::Sub(u.im, u.re);
+        const auto va = hn::Sub(v.im, v.re), vb = hn::Add(v.re, v.im);
 
         const auto y4 = Sub(e0, e2), y2 = SubI(e1, e3), y6 = AddI(e1, e3);
-        const auto y1 = Add(o0, o2), y5 = Sub(o0, o2);
-        const Complex<T> y3{hn::Add(o1.re, o3.re), hn::Sub(o1.im, o3.im)};
-        const Complex<T> y7{hn::Sub(o1.re, o3.re), hn::Add(o1.im, o3.im)};
+        const Complex<T> y1{hn::MulAdd(ua, half, o0.re), hn::MulAdd(ub, half, o0.im)};
+        const Complex<T> y5{hn::NegMulAdd(ua, half, o0.re), hn::NegMulAdd(ub, half, o0.im)};
+        const Complex<T> y3{hn::MulAdd(va, half, o1.re), hn::NegMulAdd(vb, half, o1.im)};
+        const Complex<T> y7{hn::NegMulAdd(va, half, o1.re), hn::MulAdd(vb, half, o1.im)};
         Store(Add(e0, e2), work, j);
         Store(kTwiddled ? Times(y1, factors) : y1, work, j + step);
         Store(kTwiddled ? Times(y2, factors + 2) : y2, work, j + 2 * step);
@@ -213,11 +217,11 @@ HWY_INLINE void Put(const TransformJob<T>& job, std::size_t bin, Complex<T> valu
     if (bin >= job.bins) {
         return;
     }
-    const Complex<T> x{hn::Mul(value.re, scale), hn::Mul(value.im, scale)};
-    hn::Store(hn::MulAdd(x.re, x.re, hn::Mul(x.im, x.im)), d, job.power + bin * Tag<T>::kLanes);
+    const auto square = hn::MulAdd(value.re, value.re, hn::Mul(value.im, value.im));
+    hn::Store(hn::Mul(square, hn::Mul(scale, scale)), d, job.power + bin * Tag<T>::kLanes);
     if (kSpectrum) {
-        hn::Store(x.re, d, job.spectrum + 2 * bin * Tag<T>::kLanes);
-        hn::Store(x.im, d, job.spectrum + (2 * bin + 1) * Tag<T>::kLanes);
+        hn::Store(hn::Mul(value.re, scale), d, job.spectrum + 2 * bin * Tag<T>::kLanes);
+        hn::Store(hn::Mul(value.im, scale), d, job.spectrum + (2 * bin + 1) * Tag<T>::kLanes);
     }
 }
 
