@@ -92,8 +92,9 @@ public:
     std::uint64_t GetSpeCartoonChnLen() const;
     /// Number of bipolar channels of the computed montage; 0 for a referential one.
     unsigned GetNumBip() const;
-    /// Start of the first processed selection after \p time, or null when there is none later. Valid until
-    /// the next call.
+    /// Start of the first processed selection after \p time (the first of all for null), or null when
+    /// there is none later. By duration, where the selection follows the cursor: \p time and one duration
+    /// more. Valid until the next call.
     const XTime* GetNextSelectionStart(const XTime* time) const;
     /// Fills \p list with the epochs' intervals, step = epoch index.
     void GetEventList(EEGFileInfoType* recording, XTimeList& list, const GenericGUI* gui) const;

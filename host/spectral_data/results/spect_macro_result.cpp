@@ -263,6 +263,16 @@ const XTime* SpectMacroResult::GetNextSelectionStart(const XTime* time) const {
     if (data == nullptr || !(data->Rate() > 0)) {
         return nullptr;
     }
+    if (time != nullptr &&
+        impl_->macro.GetTimeIntervalSelectMode() == SpectraMacro::TimeIntervalSelectMode::ByDuration) {
+        // The processed stretch follows the cursor, so the next one begins where this one ends.
+        const double next = time->Seconds() + impl_->macro.GetFixedDurationSec();
+        if (!(next > time->Seconds() && next < data->Time().Duration())) {
+            return nullptr;
+        }
+        impl_->nextSelection = XTime::FromSeconds(next);
+        return &impl_->nextSelection;
+    }
     // A cursor set to a selection's start stands on its first sample, up to half a sample beside it.
     const double after = time == nullptr ? -1 : time->Seconds() + 0.5 / data->Rate();
     for (const auto& span : impl_->Plan(impl_->CursorSeconds()).spans) {

@@ -360,6 +360,29 @@ TEST_F(Result, ACursorOnASelectionsFirstSampleMovesOn) {
     EXPECT_EQ(*next, XTime::FromSeconds(6));
 }
 
+TEST_F(Result, ByDurationTheNextSelectionIsOneDurationOn) {
+    result.GetMacro().SetTimeIntervalSelectMode(Interval::ByDuration);
+    result.GetMacro().SetFixedDurationSec(3);
+    const XTime start = XTime::FromSeconds(1.5);
+    const XTime* next = result.GetNextSelectionStart(&start);
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(*next, XTime::FromSeconds(4.5));
+}
+
+TEST_F(Result, ByDurationThereIsNoSelectionBeyondTheEnd) {
+    result.GetMacro().SetTimeIntervalSelectMode(Interval::ByDuration);
+    result.GetMacro().SetFixedDurationSec(3);
+    const XTime late = XTime::FromSeconds(recording->GetRecording()->Time().Duration() - 3);
+    EXPECT_EQ(result.GetNextSelectionStart(&late), nullptr);
+}
+
+TEST_F(Result, ByDurationOfNothingThereIsNoNextSelection) {
+    result.GetMacro().SetTimeIntervalSelectMode(Interval::ByDuration);
+    result.GetMacro().SetFixedDurationSec(0);
+    const XTime start;
+    EXPECT_EQ(result.GetNextSelectionStart(&start), nullptr);
+}
+
 TEST_F(Result, ByDurationStartsAtTheCursorWhenComputed) {
     result.GetMacro().SetTimeIntervalSelectMode(Interval::ByDuration);
     result.GetMacro().SetFixedDurationSec(2);
