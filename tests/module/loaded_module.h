@@ -19,7 +19,7 @@ namespace orvanta::test {
 /// Loaded while it lives. A library or symbol that is missing fails the test and ends the program.
 class LoadedModule {
 public:
-    LoadedModule() : handle_(dlopen(ORVANTA_MODULE_FILE, RTLD_LAZY | RTLD_LOCAL)) {
+    LoadedModule() : handle_(dlopen(ORVANTA_MODULE_FILE, RTLD_NOW | RTLD_LOCAL)) {
         if (handle_ == nullptr) {
             GTEST_LOG_(FATAL) << dlerror();
         }
@@ -29,7 +29,7 @@ public:
     LoadedModule& operator=(const LoadedModule&) = delete;
 
     static bool IsInMemory() {
-        void* handle = dlopen(ORVANTA_MODULE_FILE, RTLD_LAZY | RTLD_NOLOAD);
+        void* handle = dlopen(ORVANTA_MODULE_FILE, RTLD_NOW | RTLD_NOLOAD);
         return handle != nullptr && dlclose(handle) == 0;
     }
 

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// New analyses, asked for as a host does.
+#include "host/platform/host_platform.h"
+#include "host/signal_base/recording.h"
+#include "spectra_contract/spectra_mgr.h"
+#include "tests/module/loaded_module.h"
+#include "tests/support/memory_source.h"
+#include "tests/support/qt/scripted_user.h"
+#include "tests/support/recording_gui.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <stdexcept>
+
+namespace {
+
+using orvanta::test::CursorLog;
+using orvanta::test::ScriptedUser;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// 20 µV at 10 Hz on Fp1, for so many seconds at 64 Hz.
+std::unique_ptr<EEGFileInfoType> TenHertz(int seconds) {
+    std::vector<double> values(static_cast<std::size_t>(64 * seconds));
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = 20 * std::sin(2 * std::numbers::pi * 10 * static_cast<double>(i) / 64);
+    }
+    return orvanta::signal::MakeRecording(orvanta::test::MakeData({{"EEG Fp1", 64, values}}));
+}
+
+class ModuleEntry : public testing::Test {
+protected:
+    /// What the host sees of a request while the user clicks on \p control; on nothing when it is empty.
+    std::int32_t CreateWhileUserClicks(const std::string& control) {
+        user_.OnForm = [control](owl::ModalForm& form) {
+            EXPECT_TRUE(control.empty() || form.Click(control)) << "no control " << control;
+        };
+        return module_.CreateNewSpectrum(&platform_, nullptr, manager_, recording_.get());
+    }
+
+    orvanta::test::TempFolder folder_;
+    orvanta::test::RecordingGui gui_;
+    orvanta::platform::HostPlatform platform_{gui_, folder_.Path("settings.ini"), folder_.Path("data")};
+    std::unique_ptr<EEGFileInfoType> recording_ = TenHertz(8);
+    SpectraMgr manager_{recording_.get(), &gui_};
+    orvanta::test::LoadedModule module_;
+    ScriptedUser user_;
+    CursorLog cursors_;
+};
+
+TEST_F(ModuleEntry, AnswersMinus2AndAddsNothingWhenTheUserCancels) {
+    manager_.push_back(new SpectMacroResult(SpectraMacro(), recording_.get(), &gui_));
+    EXPECT_EQ(CreateWhileUserClicks("BtnCancel"), -2);
+    EXPECT_EQ(user_.FormsShown(), 1);
+    EXPECT_EQ(manager_.Size(), 1U);
+    EXPECT_THAT(cursors_.Log(), IsEmpty());
+}
+
+TEST_F(ModuleEntry, TakesAFormClosedWithoutAButtonForCancelled) {
+    EXPECT_EQ(CreateWhileUserClicks(""), -2);
+    EXPECT_EQ(manager_.Size(), 0U);
+}
+
+TEST_F(ModuleEntry, TakesAFormThatNobodyShowsForCancelled) {
+    owl::ReplaceModalGateway(nullptr);
+    EXPECT_EQ(module_.CreateNewSpectrum(&platform_, nullptr, manager_, recording_.get()), -2);
+    EXPECT_EQ(manager_.Size(), 0U);
+}
+
+TEST_F(ModuleEntry, AppendsAnUncomputedAnalysisWhenTheUserConfirms) {
+    auto* earlier = new SpectMacroResult(SpectraMacro(), recording_.get(), &gui_);
+    manager_.push_back(earlier);
+    EXPECT_EQ(CreateWhileUserClicks("BtnAutoAverage"), 1);
+    ASSERT_EQ(manager_.Size(), 2U);
+    EXPECT_EQ(*manager_.begin(), earlier);
+    const SpectMacroResult* added = *std::prev(manager_.end());
+    EXPECT_FALSE(added->IsComputed());
+    EXPECT_TRUE(added->GetMacro() == SpectraMacro());
+    EXPECT_THAT(cursors_.Log(), ElementsAre(32514U, 0U));
+    EXPECT_THAT(gui_.Progresses(), IsEmpty());
+}
+
+TEST_F(ModuleEntry, AnswersTwoAndAddsNothingForAManualChoice) {
+    EXPECT_EQ(CreateWhileUserClicks("BtnManualAverage"), 2);
+    EXPECT_EQ(manager_.Size(), 0U);
+    EXPECT_THAT(cursors_.Log(), ElementsAre(32514U, 0U));
+}
+
+TEST_F(ModuleEntry, PassesAnExceptionOfTheFormOn) {
+    user_.OnForm = [](owl::ModalForm& form) {
+        form.Click("BtnAutoAverage");
+        throw std::runtime_error("the form broke");
+    };
+    EXPECT_THROW(module_.CreateNewSpectrum(&platform_, nullptr, manager_, recording_.get()),
+                 std::runtime_error);
+    EXPECT_EQ(manager_.Size(), 0U);
+    EXPECT_THAT(cursors_.Log(), IsEmpty());
+    EXPECT_EQ(CreateWhileUserClicks("BtnAutoAverage"), 1);
+    EXPECT_EQ(manager_.Size(), 1U);
+}
+
+TEST_F(ModuleEntry, ComputesUnderAWaitCursor) {
+    ASSERT_EQ(CreateWhileUserClicks("BtnAutoAverage"), 1);
+    SpectMacroResult* analysis = *manager_.begin();
+    std::vector<unsigned> during;
+    gui_.OnProgress = [&during] { during.push_back(owl::CurrentCursor()); };
+    EXPECT_EQ(module_.PerformComputation(&platform_, nullptr, analysis, recording_.get()), 0);
+    EXPECT_THAT(during, ElementsAre(32514U));
+    EXPECT_EQ(owl::CurrentCursor(), 0U);
+    EXPECT_THAT(gui_.Errors(), IsEmpty());
+}
+
+TEST_F(ModuleEntry, ComputesTheSpectraOfTheRecording) {
+    ASSERT_EQ(CreateWhileUserClicks("BtnAutoAverage"), 1);
+    SpectMacroResult* analysis = *manager_.begin();
+    EXPECT_EQ(module_.PerformComputation(&platform_, nullptr, analysis, recording_.get()), 0);
+    ASSERT_TRUE(analysis->IsComputed());
+    EXPECT_EQ(analysis->GetFFTCount(), 7U); // 2 s windows, 1 s apart, in 8 s
+    SpectrumSingle* spectrum = analysis->GetSpectrum(recording_->GetTraceInfo()->FindSensor("Fp1"));
+    ASSERT_NE(spectrum, nullptr);
+    std::vector<double> power;
+    spectrum->GetSpect(power);
+    ASSERT_EQ(power.size(), 65U); // 128 samples
+    const auto peak =
+        static_cast<std::uint64_t>(std::max_element(power.begin(), power.end()) - power.begin());
+    EXPECT_EQ(analysis->GetFreqFromIndex(peak), 10.0);
+}
+
+TEST_F(ModuleEntry, AnswersZeroAlsoWhenNothingCanBeComputed) {
+    const std::unique_ptr<EEGFileInfoType> tooShort = TenHertz(1);
+    SpectMacroResult analysis(SpectraMacro(), tooShort.get(), &gui_);
+    EXPECT_EQ(module_.PerformComputation(&platform_, nullptr, &analysis, tooShort.get()), 0);
+    EXPECT_FALSE(analysis.IsComputed());
+    EXPECT_THAT(gui_.Errors(), SizeIs(1));
+    EXPECT_THAT(cursors_.Log(), ElementsAre(32514U, 0U));
+}
+
+TEST_F(ModuleEntry, AnswersZeroWhenTheUserStopsTheComputation) {
+    gui_.Cancelled = true;
+    SpectMacroResult analysis(SpectraMacro(), recording_.get(), &gui_);
+    EXPECT_EQ(module_.PerformComputation(&platform_, nullptr, &analysis, recording_.get()), 0);
+    EXPECT_FALSE(analysis.IsComputed());
+    EXPECT_THAT(cursors_.Log(), ElementsAre(32514U, 0U));
+}
+
+TEST(ModuleUnload, LeavesTheAnalysesToTheirManager) {
+    const orvanta::test::RecordingGui gui;
+    const orvanta::test::TempFolder folder;
+    const orvanta::platform::HostPlatform platform(gui, folder.Path("settings.ini"), folder.Path("data"));
+    const std::unique_ptr<EEGFileInfoType> recording = TenHertz(4);
+    SpectraMgr manager(recording.get(), &gui);
+    {
+        ScriptedUser user;
+        user.OnForm = [](owl::ModalForm& form) { form.Click("BtnAutoAverage"); };
+        const orvanta::test::LoadedModule module;
+        ASSERT_EQ(module.CreateNewSpectrum(&platform, nullptr, manager, recording.get()), 1);
+        ASSERT_EQ(module.PerformComputation(&platform, nullptr, *manager.begin(), recording.get()), 0);
+    }
+    EXPECT_FALSE(orvanta::test::LoadedModule::IsInMemory());
+    EXPECT_EQ((*manager.begin())->GetFFTCount(), 3U);
+}
+
+} // namespace
