@@ -105,19 +105,44 @@ void Whole(benchmark::State& state, std::size_t sensors, std::uint32_t rate, std
 }
 
 constexpr auto kUnit = benchmark::kMillisecond;
-BENCHMARK_CAPTURE(Whole, Small, 32, 256, 600, Extra::None)->Arg(1)->Arg(4)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
-BENCHMARK_CAPTURE(Whole, Medium, 64, 512, 3600, Extra::None)->Arg(1)->Arg(4)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
-BENCHMARK_CAPTURE(Whole, Large, 128, 1024, 7200, Extra::None)->Arg(1)->Arg(4)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
-BENCHMARK_CAPTURE(Whole, MediumDouble, 64, 512, 3600, Extra::Double)->Arg(1)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK_CAPTURE(Whole, Small, 32, 256, 600, Extra::None)
+    ->Arg(1)
+    ->Arg(4)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Whole, Medium, 64, 512, 3600, Extra::None)
+    ->Arg(1)
+    ->Arg(4)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Whole, Large, 128, 1024, 7200, Extra::None)
+    ->Arg(1)
+    ->Arg(4)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Whole, MediumDouble, 64, 512, 3600, Extra::Double)
+    ->Arg(1)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
 BENCHMARK_CAPTURE(Whole, MediumStatistics, 64, 512, 3600, Extra::Statistics)
     ->Arg(1)
     ->Unit(kUnit)
-    ->MeasureProcessCPUTime()->UseRealTime();
-BENCHMARK_CAPTURE(Whole, MediumBipolar, 64, 512, 3600, Extra::Bipolar)->Arg(1)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Whole, MediumBipolar, 64, 512, 3600, Extra::Bipolar)
+    ->Arg(1)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
 BENCHMARK_CAPTURE(Whole, MediumReference, 64, 512, 3600, Extra::Reference)
     ->Arg(1)
     ->Unit(kUnit)
-    ->MeasureProcessCPUTime()->UseRealTime();
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
 
 /// One epoch of every sensor, and every epoch of one sensor.
 void Epochs(benchmark::State& state, bool oneSensor) {
@@ -139,7 +164,12 @@ void Epochs(benchmark::State& state, bool oneSensor) {
     }
 }
 BENCHMARK_CAPTURE(Epochs, OneEpochOfAll, false)->Arg(1)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
-BENCHMARK_CAPTURE(Epochs, AllOfOneSensor, true)->Arg(1)->Arg(4)->Unit(kUnit)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK_CAPTURE(Epochs, AllOfOneSensor, true)
+    ->Arg(1)
+    ->Arg(4)
+    ->Unit(kUnit)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
 
 } // namespace
 } // namespace orvanta::spectral

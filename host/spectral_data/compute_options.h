@@ -12,7 +12,9 @@ namespace orvanta::spectral {
 struct ComputeOptions {
     unsigned threads = 0; ///< 0: one per core
     Precision precision = Precision::Float;
-    std::uint64_t memory_bytes = std::uint64_t{1} << 30; ///< budget for per-epoch spectra
+    /// Budget for per-epoch spectra: where they would take more, they are computed again when asked for. Half
+    /// of it bounds the sums of the worker threads: where they would take more, fewer threads work.
+    std::uint64_t memory_bytes = std::uint64_t{1} << 30;
     bool amplitude = true;
     bool statistics = true; ///< log power, for p-values
     bool cross = true;      ///< cross-spectra of channels with two electrodes

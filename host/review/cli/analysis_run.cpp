@@ -85,7 +85,9 @@ void AnalysisArguments::AddTo(CLI::App& command) {
     command.add_option("--precision", precision, "float (default) or double")
         ->check(CLI::Validator(CLI::IsMember({"float", "double"})).description(""))
         ->type_name("NAME");
-    command.add_option("--memory", memory_mib, "Budget for working memory, MiB (default 1024)")
+    command
+        .add_option("--memory", memory_mib,
+                    "Memory budget, MiB (default 1024); with a small one fewer threads work")
         ->check(CLI::Validator(CLI::Range(16u, 1u << 20)).description(""))
         ->type_name("MIB");
     command.add_flag("--quiet", quiet, "No progress and no table");

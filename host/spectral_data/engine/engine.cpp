@@ -15,8 +15,6 @@ namespace {
 /// Into how many chunks the epochs are cut. It must not depend on the threads, or their number would show in
 /// the last digits; enough to keep eight threads busy to the end, few enough for merging to cost nothing.
 constexpr std::size_t kChunks = 32;
-/// Sums of all threads together; with larger ones fewer threads work.
-constexpr std::size_t kThreadBytes = std::size_t{1} << 29;
 
 template <class T>
 bool AccumulateAs(const signal::BlockSource& source, const EngineRequest& request, EngineResult& result,
@@ -31,9 +29,9 @@ bool AccumulateAs(const signal::BlockSource& source, const EngineRequest& reques
     const std::size_t chunks = (epochs + perChunk - 1) / perChunk;
 
     Accumulators all(setup);
-    const std::size_t affordable =
-        std::max<std::size_t>(1, kThreadBytes / std::max<std::size_t>(1, all.Bytes()));
-    const unsigned workers = WorkerCount(request.threads, std::min(chunks, affordable));
+    const std::uint64_t affordable =
+        std::max<std::uint64_t>(1, request.working_bytes / std::max<std::size_t>(1, all.Bytes()));
+    const unsigned workers = WorkerCount(request.threads, std::min<std::uint64_t>(chunks, affordable));
     std::vector<std::unique_ptr<ChunkWorker<T>>> own(workers);
     WorkState state;
     const auto work = [&](unsigned worker, std::size_t chunk) {

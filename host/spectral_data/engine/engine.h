@@ -65,6 +65,8 @@ struct EngineRequest {
                                   ///< empty range sums to 0
     std::uint32_t store_bins = 0; ///< keep every epoch's power as float for bins 0 … store_bins−1
     Precision precision = Precision::Float;
+    /// What the threads' own sums may take together, bytes; where they would take more, fewer threads work.
+    std::uint64_t working_bytes = std::uint64_t{1} << 29;
     unsigned threads = 0; ///< 0: one per core. Results do not depend on it, bit for bit.
 };
 

@@ -76,6 +76,7 @@ EngineRequest MakeRequest(const AnalysisInput& input, const MontageNodes& nodes)
                                request.bins * sizeof(float);
     const bool fits = storedBytes <= static_cast<double>(input.options.memory_bytes);
     request.store_bins = input.options.store_epochs && fits ? request.bins : 0;
+    request.working_bytes = input.options.memory_bytes / 2;
     request.precision = input.options.precision;
     request.threads = input.options.threads;
     return request;
