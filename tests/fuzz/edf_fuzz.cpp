@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace {
@@ -60,9 +61,11 @@ void Check(const RecordingData& data) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const int file = MemoryFile();
-    Require(ftruncate(file, 0) == 0 && pwrite(file, bytes, size, 0) == static_cast<ssize_t>(size));
+    Require(pwrite(file, bytes, size, 0) == static_cast<ssize_t>(size));
+    Require(ftruncate(file, static_cast<off_t>(size)) == 0);
     try {
-        const RecordingData data = orvanta::signal::ReadEdf("/proc/self/fd/" + std::to_string(file));
+        static const std::string path = "/proc/self/fd/" + std::to_string(file);
+        const RecordingData data = orvanta::signal::ReadEdf(path);
         Check(data);
         const std::uint64_t blocks = std::min<std::uint64_t>(data.source->BlockCount(), 4);
         std::vector<std::byte> samples(static_cast<std::size_t>(blocks) * data.source->BlockBytes());
