@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 
 namespace {
 
@@ -74,6 +75,10 @@ struct Difference {
     std::uint32_t bits;
     bool answered;
 };
+
+void PrintTo(const Difference& difference, std::ostream* out) {
+    *out << std::hex << std::showbase << difference.bits;
+}
 
 class CallersVersion : public testing::TestWithParam<Difference> {};
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct Taken {
@@ -11,6 +13,10 @@ struct Taken {
     const char* file;
     const char* extension;
 };
+
+void PrintTo(const Taken& taken, std::ostream* out) {
+    *out << '"' << taken.path << '"';
+}
 
 class FilePathParts : public testing::TestWithParam<Taken> {};
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <ostream>
 #include <stdexcept>
 
 namespace {
@@ -39,7 +40,7 @@ TEST(SettingsStore, WritesSectionsKeysAndValues) {
     EXPECT_EQ(folder.Read("deep/er/settings.ini"), "[Spectrum]\nSaveDir = /data/out\n");
 }
 
-class SettingsValue : public testing::TestWithParam<const char*> {};
+class SettingsValue : public testing::TestWithParam<std::string> {};
 
 TEST_P(SettingsValue, ComesBackAsItWas) {
     const TempFolder folder;
@@ -66,6 +67,12 @@ struct Unstorable {
     const char* key;
     const char* value;
 };
+
+void PrintTo(const Unstorable& setting, std::ostream* out) {
+    *out << testing::PrintToString(std::string(setting.section)) << ' '
+         << testing::PrintToString(std::string(setting.key)) << ' '
+         << testing::PrintToString(std::string(setting.value));
+}
 
 class UnstorableSetting : public testing::TestWithParam<Unstorable> {};
 
