@@ -46,6 +46,9 @@ public:
     /// belongs to another montage object (a copy, a computed result), or it would change on its own turn.
     void AssignChannel(const ChnType* other);
 
+    /// A copy that can be changed by itself.
+    std::shared_ptr<ChnType> Copy() const;
+
     /// Same name, terms and common average.
     bool operator==(const ChnType& other) const;
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 namespace {
 
@@ -21,13 +22,7 @@ XEventType::XEventType(std::string label, EventClass eventClass, std::uint32_t c
     : label_(std::move(label)), class_(eventClass), code_(code) {}
 
 std::strong_ordering XEventType::operator<=>(const XEventType& other) const {
-    if (const int order = label_.compare(other.label_); order != 0) {
-        return order <=> 0;
-    }
-    if (const auto order = code_ <=> other.code_; order != 0) {
-        return order;
-    }
-    return class_ <=> other.class_;
+    return std::tie(label_, code_, class_) <=> std::tie(other.label_, other.code_, other.class_);
 }
 
 struct EventsManager::Impl {

@@ -15,7 +15,9 @@ FlagListener::FlagListener(const char* name, ManagedFlag& flag) : FlagListener(n
 FlagListener::FlagListener(const FlagListener& other) : FlagListener(other.name_.c_str(), other.flag_) {}
 
 FlagListener& FlagListener::operator=(const FlagListener& other) {
-    name_ = other.name_;
+    if (this != &other) {
+        name_ = other.name_;
+    }
     if (flag_ != other.flag_) {
         if (flag_ != nullptr) {
             flag_->Detach(this);

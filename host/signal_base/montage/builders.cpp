@@ -7,7 +7,7 @@
 namespace orvanta::signal {
 
 std::shared_ptr<ChnType> MakeChannel(std::string name, std::vector<ChannelTerm> terms,
-                                     std::vector<const SensorType*> commonAverage) {
+                                     CommonAverage commonAverage) {
     auto impl = std::make_unique<ChnType::Impl>();
     impl->name = std::move(name);
     impl->position = terms.front().Sensor->GetName();
@@ -32,7 +32,7 @@ MontageType MakeMontage(std::string name, MontageType::Kind kind,
 MontageType Renamed(const MontageType& montage, std::string name) {
     std::vector<std::shared_ptr<ChnType>> channels;
     for (auto channel = montage.BeginChn(); channel != montage.EndChn(); ++channel) {
-        channels.push_back(CopyChannel(**channel));
+        channels.push_back((*channel)->Copy());
     }
     return MakeMontage(std::move(name), montage.GetKind(), std::move(channels));
 }

@@ -11,7 +11,7 @@ namespace orvanta::signal {
 
 /// \param terms at least one; the first names the position
 std::shared_ptr<ChnType> MakeChannel(std::string name, std::vector<ChannelTerm> terms,
-                                     std::vector<const SensorType*> commonAverage = {});
+                                     CommonAverage commonAverage = nullptr);
 /// first − second, labelled "first-second".
 std::shared_ptr<ChnType> MakeDifference(const SensorType& first, const SensorType& second);
 MontageType MakeMontage(std::string name, MontageType::Kind kind,

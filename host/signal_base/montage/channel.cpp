@@ -21,12 +21,14 @@ const std::vector<ChannelTerm>& ChnType::GetTerms() const {
 }
 
 const std::vector<const SensorType*>& ChnType::GetCommonAverage() const {
-    return impl_->commonAverage;
+    static const std::vector<const SensorType*> none;
+    return impl_->commonAverage == nullptr ? none : *impl_->commonAverage;
 }
 
 std::pair<const SensorType*, const SensorType*> ChnType::GetElectrodes() const {
     const std::vector<ChannelTerm>& terms = impl_->terms;
-    if (!impl_->commonAverage.empty() || terms.size() != 2 || terms[0].Weight != 1 || terms[1].Weight != -1) {
+    if (impl_->commonAverage != nullptr || terms.size() != 2 || terms[0].Weight != 1 ||
+        terms[1].Weight != -1) {
         return {nullptr, nullptr};
     }
     return {terms[0].Sensor, terms[1].Sensor};
@@ -56,26 +58,27 @@ void ChnType::AssignChannel(const ChnType* other) {
         }
         own.Sensor = impl_->terms.back().Sensor;
     }
-    impl_->commonAverage.clear();
+    impl_->commonAverage = nullptr;
     impl_->terms = {{own.Sensor, 1}, {reference.Sensor, -1}};
     impl_->position = own.Sensor->GetName();
     impl_->name = own.Sensor->GetName() + "-" + reference.Sensor->GetName();
 }
 
+std::shared_ptr<ChnType> ChnType::Copy() const {
+    return std::make_shared<ChnType>(std::make_unique<Impl>(*impl_));
+}
+
 bool ChnType::operator==(const ChnType& other) const {
     return impl_->name == other.impl_->name && impl_->terms == other.impl_->terms &&
-           impl_->commonAverage == other.impl_->commonAverage;
+           orvanta::signal::SameAverage(*this, other);
 }
 
 namespace orvanta::signal {
 
-std::shared_ptr<ChnType> CopyChannel(const ChnType& channel) {
-    auto impl = std::make_unique<ChnType::Impl>();
-    impl->name = channel.GetName();
-    impl->position = channel.GetLabelPos();
-    impl->terms = channel.GetTerms();
-    impl->commonAverage = channel.GetCommonAverage();
-    return std::make_shared<ChnType>(std::move(impl));
+bool SameAverage(const ChnType& a, const ChnType& b) {
+    const std::vector<const SensorType*>& x = a.GetCommonAverage();
+    const std::vector<const SensorType*>& y = b.GetCommonAverage();
+    return &x == &y || x == y;
 }
 
 } // namespace orvanta::signal

@@ -15,7 +15,7 @@ bool SameReference(const ChnType& a, const ChnType& b) {
     const std::vector<ChannelTerm>& x = a.GetTerms();
     const std::vector<ChannelTerm>& y = b.GetTerms();
     return !x.empty() && !y.empty() && std::equal(x.begin() + 1, x.end(), y.begin() + 1, y.end()) &&
-           a.GetCommonAverage() == b.GetCommonAverage();
+           orvanta::signal::SameAverage(a, b);
 }
 
 /// Every channel shows an electrode of its own, unscaled.
@@ -34,7 +34,7 @@ MontageType::MontageType(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 MontageType::MontageType(const MontageType& other) : impl_(std::make_unique<Impl>(*other.impl_)) {
     for (std::shared_ptr<ChnType>& channel : impl_->channels) {
-        channel = orvanta::signal::CopyChannel(*channel);
+        channel = channel->Copy();
     }
 }
 

@@ -4,11 +4,19 @@
 
 #include "spectra_contract/montage.h"
 
+namespace orvanta::signal {
+
+/// Sensors whose mean the channels of a montage share; null for none. Shared, or an average of n electrodes
+/// would hold n² of them.
+using CommonAverage = std::shared_ptr<const std::vector<const SensorType*>>;
+
+} // namespace orvanta::signal
+
 struct ChnType::Impl {
     std::string name;
     std::string position;
     std::vector<ChannelTerm> terms;
-    std::vector<const SensorType*> commonAverage;
+    orvanta::signal::CommonAverage commonAverage;
 };
 
 struct MontageType::Impl {
@@ -26,7 +34,7 @@ struct MontageList::Impl {
 
 namespace orvanta::signal {
 
-/// A copy of a channel that shares nothing with it.
-std::shared_ptr<ChnType> CopyChannel(const ChnType& channel);
+/// Equal sensors in equal order.
+bool SameAverage(const ChnType& a, const ChnType& b);
 
 } // namespace orvanta::signal

@@ -80,8 +80,9 @@ MontageType AverageMontage(const Sensors& sensors) {
 
     Channels channels;
     if (good.size() > 1) {
+        const auto common = std::make_shared<const std::vector<const SensorType*>>(std::move(good));
         for (const SensorType* sensor : electrodes) {
-            channels.push_back(MakeChannel(sensor->GetName() + "-Avg", {{sensor, 1}}, good));
+            channels.push_back(MakeChannel(sensor->GetName() + "-Avg", {{sensor, 1}}, common));
         }
     }
     return MakeMontage("Average reference", Kind::AverageReference, std::move(channels));

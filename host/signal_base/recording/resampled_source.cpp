@@ -156,7 +156,7 @@ ResampledSource::TilePtr ResampledSource::FindTile(std::uint64_t block) const {
         }
     }
     const std::uint64_t inside = (block - segment.first_block) / tileBlocks_ * tileBlocks_;
-    const TilePtr tile =
+    TilePtr tile =
         MakeTile(segment.first_block + inside, std::min(tileBlocks_, segment.count - inside), segment);
 
     const std::size_t bytes = tileBlocks_ * samples_ * sizeof(float) * signals_.size();

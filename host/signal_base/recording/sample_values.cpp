@@ -24,7 +24,7 @@ double StoredValue(SampleFormat format, const std::byte* bytes) {
         return static_cast<std::int16_t>(bits);
     case SampleFormat::Int24:
         // Shifted up and down again, so that the sign spreads.
-        return static_cast<std::int32_t>(bits << 8) / 256;
+        return static_cast<std::int32_t>(bits << 8) >> 8;
     case SampleFormat::Float32:
         break;
     }

@@ -133,6 +133,10 @@ void DecideUnknown(std::vector<Signal>& signals) {
     }
 }
 
+std::string Renaming(const std::string& label, const std::string& name) {
+    return "the one labelled \"" + label + "\" is called \"" + name + "\"";
+}
+
 /// Electrodes are named by themselves where that is unambiguous, else with their reference.
 std::vector<std::string> MakeNames(const std::vector<Signal>& signals, std::vector<std::string>& repairs) {
     std::map<std::string, int> uses;
@@ -141,17 +145,19 @@ std::vector<std::string> MakeNames(const std::vector<Signal>& signals, std::vect
     }
     std::vector<std::string> names;
     std::set<std::string> taken;
-    LimitedList renamed(repairs, "");
+    std::map<std::string, int> copies; // the last number given, so that many equal names cost no search
+    LimitedList renamed(repairs, "two channels have one name: ");
     for (const Signal& signal : signals) {
         const ParsedLabel& label = signal.label;
-        std::string name = label.pair || uses[LowerCase(label.name)] > 1 ? label.full : label.name;
-        const std::string stem = name;
-        for (int copy = 2; !taken.insert(LowerCase(name)).second; ++copy) {
-            name = stem + "-" + std::to_string(copy);
+        const std::string stem = label.pair || uses[LowerCase(label.name)] > 1 ? label.full : label.name;
+        std::string name = stem;
+        int& copy = copies.emplace(LowerCase(stem), 1).first->second;
+        while (!taken.insert(LowerCase(name)).second) {
+            name = stem;
+            name.append("-").append(std::to_string(++copy));
         }
         if (name != stem && name != signal.header->label) {
-            renamed.Add("two channels are named \"" + stem + "\": the one labelled \"" +
-                        signal.header->label + "\" is called \"" + name + "\"");
+            renamed.Add(Renaming(signal.header->label, name));
         }
         names.push_back(name);
     }

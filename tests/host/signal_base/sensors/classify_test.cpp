@@ -136,6 +136,12 @@ TEST(Sensors, EqualNamesGetANumberAndARepair) {
     EXPECT_THAT(file->GetRecording()->Repairs(), ElementsAre(HasSubstr("\"EEG Fp1\" is called \"Fp1-2\"")));
 }
 
+TEST(Sensors, ThousandsOfEqualNamesAreTold) {
+    const auto file = Open(std::vector<Labelled>(4000, {"EEG Fp1-Ref"}));
+    EXPECT_EQ(NamesOf(*file).back(), "Fp1-4000");
+    EXPECT_EQ(file->GetRecording()->Repairs().size(), 21U);
+}
+
 TEST(Sensors, RecordedDifferencesStandBetweenTheirElectrodes) {
     const auto file = Open({{"Fpz-Cz"}, {"Pz-Oz"}});
     EXPECT_THAT(NamesOf(*file), ElementsAre("Fpz-Cz", "Pz-Oz"));
