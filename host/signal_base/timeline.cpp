@@ -59,8 +59,9 @@ std::int64_t Timeline::SampleAt(double seconds) const {
     return SampleCount();
 }
 
-std::vector<SampleRange> Timeline::Ranges(double begin_s, double end_s) const {
+std::vector<SampleRange> Timeline::Ranges(double begin_s, double end_s, double limit_s) const {
     std::vector<SampleRange> ranges;
+    end_s = std::min(end_s, limit_s);
     const auto samplesInto = [&](const Segment& segment, double seconds) {
         return (seconds - segment.start_s) * rate_hz_;
     };
@@ -68,15 +69,18 @@ std::vector<SampleRange> Timeline::Ranges(double begin_s, double end_s) const {
         return samplesInto(earlier, begin_s) >= static_cast<double>(earlier.count);
     });
     for (; segment != segments_.end() && samplesInto(*segment, end_s) > 0; ++segment) {
-        const auto clamp = [&](double seconds) {
-            const double samples = samplesInto(*segment, seconds);
-            if (samples <= 0) {
-                return std::int64_t{0};
-            }
-            return samples >= static_cast<double>(segment->count) ? segment->count : CeilSample(samples);
+        const auto count = static_cast<double>(segment->count);
+        const double begin = std::max(0.0, samplesInto(*segment, begin_s));
+        const double end = samplesInto(*segment, end_s);
+        const std::int64_t first = begin >= count ? segment->count : CeilSample(begin);
+        // What reaches the segment's end is cut there; a number of samples may then be out of range too.
+        const auto whole = [&](double samples) {
+            return samples >= count ? segment->count : static_cast<std::int64_t>(samples);
         };
-        const std::int64_t first = clamp(begin_s);
-        const std::int64_t last = clamp(end_s);
+        const std::int64_t limit = whole(std::ceil(samplesInto(*segment, limit_s) - kSampleTolerance));
+        const std::int64_t length = whole(std::trunc(end - begin + 0.5 + kSampleTolerance));
+        const std::int64_t last =
+            limit_s <= end_s ? limit : std::min({first + length, limit, segment->count});
         if (first < last) {
             ranges.push_back({segment->first_sample + first, segment->first_sample + last});
         }

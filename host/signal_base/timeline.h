@@ -5,6 +5,7 @@
 #include "spectra_contract/api.h"
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace orvanta::signal {
@@ -44,8 +45,12 @@ public:
     /// The first stored sample at or after \p seconds, to within 1e-6 of a sample; SampleCount() beyond the
     /// end.
     std::int64_t SampleAt(double seconds) const;
-    /// The stored samples in [begin_s, end_s), one range per segment that it meets.
-    std::vector<SampleRange> Ranges(double begin_s, double end_s) const;
+    /// The stored samples of the stretch [begin_s, end_s), one range per segment that it meets: in each from
+    /// the first sample at or after its begin, as many as its length there gives, trunc(length·rate + 0.5).
+    /// So stretches of one length have one number of samples, wherever they begin between two samples. None
+    /// lies at or after \p limit_s; a limit inside the stretch ends it exactly.
+    std::vector<SampleRange> Ranges(double begin_s, double end_s,
+                                    double limit_s = std::numeric_limits<double>::infinity()) const;
 
 private:
     double rate_hz_ = 0;

@@ -69,7 +69,7 @@ std::vector<std::int64_t> GetEpochStarts(const SpectraMacro& macro, const signal
         return starts;
     }
     for (const TimeSpan& span : spans) {
-        for (const signal::SampleRange& range : timeline.Ranges(span.begin_s, span.end_s)) {
+        for (const signal::SampleRange& range : timeline.Ranges(span.begin_s, span.end_s, span.limit_s)) {
             for (std::int64_t first = range.first; first + geometry.window <= range.last;
                  first += geometry.step) {
                 starts.push_back(first);

@@ -8,6 +8,7 @@
 #include "spectra_contract/spectra_macro.h"
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace orvanta::spectral {
@@ -36,13 +37,17 @@ ORVANTA_API WindowGeometry GetWindowGeometry(const SpectraMacro& macro, double r
 struct TimeSpan {
     double begin_s = 0;
     double end_s = 0;
+    /// Begin of the next rejected stretch: no sample at or after it belongs to the span.
+    double limit_s = std::numeric_limits<double>::infinity();
 
     bool operator==(const TimeSpan&) const = default;
 };
 ORVANTA_API std::vector<TimeSpan> GetProcessedSpans(const SpectraMacro& macro, const EventsManager& events,
                                                     double duration_s, double cursor_s);
 
-/// Epochs' first samples, strictly ascending: every span is cut at gaps, and windows are laid from each
+/// Epochs' first samples, strictly ascending: every span is brought to samples and cut at gaps
+/// (signal::Timeline::Ranges: the begin up to the next sample, the length to the nearest number of them, so
+/// that a segment as long as the window holds one, wherever its event lies), and windows are laid from each
 /// piece's start as long as they fit; an epoch that several spans give counts once, since the same samples
 /// say nothing new. Then the macro's selection: all, the first N, or N at random in time order (the same ones
 /// every time and on every platform); all of them when there are fewer than N.

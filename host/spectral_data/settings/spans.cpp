@@ -105,11 +105,12 @@ void AppendWithout(const Spans& rejected, TimeSpan span, Spans& result) {
                                     [&](const TimeSpan& r) { return r.end_s <= span.begin_s; });
     for (; cut != rejected.end() && cut->begin_s < span.end_s; ++cut) {
         if (span.begin_s < cut->begin_s) {
-            result.push_back({span.begin_s, cut->begin_s});
+            result.push_back({span.begin_s, cut->begin_s, cut->begin_s});
         }
         span.begin_s = cut->end_s;
     }
     if (span.begin_s < span.end_s) {
+        span.limit_s = cut == rejected.end() ? span.limit_s : cut->begin_s;
         result.push_back(span);
     }
 }

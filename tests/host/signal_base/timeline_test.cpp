@@ -46,6 +46,19 @@ TEST(Timeline, ReversedRangeIsNone) {
     EXPECT_TRUE(kGapped.Ranges(5, 2).empty());
 }
 
+TEST(Timeline, StretchesOfOneLengthHaveOneNumberOfSamples) {
+    // 0.26 s at 10 Hz are 2.6 samples, rounded to 3.
+    EXPECT_EQ(kGapped.Ranges(1, 1.26), std::vector<SampleRange>({{10, 13}}));
+    EXPECT_EQ(kGapped.Ranges(1.01, 1.27), std::vector<SampleRange>({{11, 14}}));
+    EXPECT_EQ(kGapped.Ranges(1.09, 1.35), std::vector<SampleRange>({{11, 14}}));
+    EXPECT_EQ(kGapped.Ranges(15.01, 15.27), std::vector<SampleRange>({{101, 104}}));
+}
+
+TEST(Timeline, ALimitEndsAStretchExactly) {
+    EXPECT_EQ(kGapped.Ranges(1.01, 1.27, 1.29), std::vector<SampleRange>({{11, 13}}));
+    EXPECT_EQ(kGapped.Ranges(1.01, 1.57, 1.31), std::vector<SampleRange>({{11, 14}}));
+}
+
 TEST(Timeline, SecondsFromNanosecondsFindTheirOwnSample) {
     const Timeline odd(1000.0 / 3, {{0, 1000, 0}});
     EXPECT_EQ(odd.SampleAt(0.003 * 7 - 1e-10), 7);

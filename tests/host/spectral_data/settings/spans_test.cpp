@@ -23,13 +23,27 @@ protected:
     void State(const char* label, double begin, double end) { Add(label, EventClass::State, begin, end); }
     void Spot(const char* label, double at) { Add(label, EventClass::Spot, at, at); }
     void Mode_(Mode mode) { macro_.SetTimeIntervalSelectMode(mode); }
-    Spans Get(double cursor = 0) const { return GetProcessedSpans(macro_, events_, 100, cursor); }
+    /// Begin and end of the spans.
+    Spans Get(double cursor = 0) const {
+        Spans spans = GetProcessedSpans(macro_, events_, 100, cursor);
+        for (TimeSpan& span : spans) {
+            span = {span.begin_s, span.end_s};
+        }
+        return spans;
+    }
     /// Starts of epochs of 1 s without overlap at 10 Hz.
     Starts EpochStarts() {
         macro_.SetFFTSeconds(1);
         macro_.SetOverlapPerc(0);
-        return GetEpochStarts(macro_, signal::Timeline(10, {{0, 1000, 0}}), Get(),
-                              GetWindowGeometry(macro_, 10));
+        return GetEpochStarts(macro_, signal::Timeline(10, {{0, 1000, 0}}),
+                              GetProcessedSpans(macro_, events_, 100, 0), GetWindowGeometry(macro_, 10));
+    }
+    /// Starts of epochs of 0.3 s at 256 Hz: 76.8 samples, taken as 77.
+    Starts OddStarts() {
+        macro_.SetFFTSeconds(0.3);
+        macro_.SetOverlapPerc(0);
+        return GetEpochStarts(macro_, signal::Timeline(256, {{0, 25600, 0}}),
+                              GetProcessedSpans(macro_, events_, 100, 0), GetWindowGeometry(macro_, 256));
     }
 
     SpectraMacro macro_;
@@ -200,6 +214,39 @@ TEST_F(ProcessedSpans, AStateEventWithoutLengthRejectsItsInstant) {
     State("bad", 1, 1);
     const Starts starts = EpochStarts();
     EXPECT_EQ(Starts(starts.begin(), starts.begin() + 3), Starts({0, 11, 21}));
+}
+
+// Begins at 256, 281.6, 307.2 and 332.8 samples, and so on: every fifth of a sample.
+TEST_F(ProcessedSpans, EverySegmentAsLongAsTheWindowIsAnEpoch) {
+    Mode_(Mode::BySpotEvents);
+    macro_.SetAcceptSpotList({"flash"});
+    macro_.SetTrgDurationMS(300);
+    for (const double at : {1.0, 2.1, 3.2, 4.3, 5.4}) {
+        Spot("flash", at);
+    }
+    EXPECT_EQ(OddStarts(), Starts({256, 538, 820, 1101, 1383}));
+}
+
+TEST_F(ProcessedSpans, EveryStateAsLongAsTheWindowIsAnEpoch) {
+    Mode_(Mode::ByStateEvents);
+    macro_.SetAcceptStateList({"burst"});
+    for (const double at : {1.0, 2.1, 3.2, 4.3, 5.4}) {
+        State("burst", at, at + 0.3);
+    }
+    EXPECT_EQ(OddStarts(), Starts({256, 538, 820, 1101, 1383}));
+}
+
+// The segment ends at 1.3004 s; its 77 samples are 257 to 333, and 333 lies at 1.30078 s.
+TEST_F(ProcessedSpans, RoundingTakesNoSampleOfARejectedStretch) {
+    Mode_(Mode::BySpotEvents);
+    macro_.SetAcceptSpotList({"flash"});
+    macro_.SetRejectEventsList({"bad", "worse"});
+    macro_.SetTrgDurationMS(300);
+    Spot("flash", 1.0004);
+    State("bad", 1.3008, 2);
+    EXPECT_EQ(OddStarts(), Starts({257}));
+    State("worse", 1.3005, 2);
+    EXPECT_EQ(OddStarts(), Starts());
 }
 
 TEST_F(ProcessedSpans, EpochsTouchRejectedEventsButDoNotEnterThem) {
