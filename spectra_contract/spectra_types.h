@@ -4,7 +4,9 @@
 
 #include "spectra_contract/api.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <string>
 
 class SensorType;
@@ -43,6 +45,11 @@ enum class Normalisation : int { None = 0, ByF = 1, BySqrtF = 2, ByLnF = 3, ByLo
 
 inline constexpr unsigned BandCount = 8;
 
+/// A band counts only when it is wider than 0.01 Hz.
+constexpr bool IsBandDefined(double lo, double hi) {
+    return hi - lo > 0.01;
+}
+
 /// A frequency band, low <= f < high in Hz.
 struct Band {
     double lo = 0;
@@ -50,9 +57,23 @@ struct Band {
     char name[64] = {};
     bool selected = true;
 
-    /// A band counts only when it is wider than 0.01 Hz.
-    bool IsDefined() const { return hi - lo > 0.01; }
+    bool IsDefined() const { return IsBandDefined(lo, hi); }
 };
+
+/// A range of frequencies in Hz.
+struct FrequencyRange {
+    double bottom = 0;
+    double top = 0;
+
+    bool operator==(const FrequencyRange&) const = default;
+};
+
+/// The range that data sampled at \p rate (Hz) can fill: the top at most half the rate, the bottom at most
+/// the top and at least 0.
+constexpr FrequencyRange ClampFrequencyRange(double bottom, double top, double rate) {
+    const double limit = std::min(top, rate * 0.5);
+    return {std::max(0.0, std::min(bottom, limit)), limit};
+}
 
 /// Axis ranges of one entity: frequency in Hz for X, the entity's unit for Y.
 struct Scale {
@@ -89,7 +110,7 @@ struct SpectralComments {
 /// Coherence and phase of one bin.
 class SpectSample {
 public:
-    SpectSample() = default;
+    SpectSample() = default; ///< not computable
     SpectSample(double coherence, double phase) : coherence_(coherence), phase_(phase) {}
     /// Magnitude, 0 to 1; NaN when not computable.
     double GetCohM() const { return coherence_; }
@@ -97,8 +118,8 @@ public:
     double GetCohP() const { return phase_; }
 
 private:
-    double coherence_ = 0;
-    double phase_ = 0;
+    double coherence_ = std::numeric_limits<double>::quiet_NaN();
+    double phase_ = std::numeric_limits<double>::quiet_NaN();
 };
 
 /// One row of the regression of contrast values on log10 power.

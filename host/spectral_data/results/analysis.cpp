@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/results/analysis.h"
 
+#include "host/spectral_data/not_computable.h"
 #include "host/spectral_data/results/analysis_request.h"
 #include "host/spectral_data/statistics/comparison.h"
 #include "host/spectral_data/statistics/measures.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 
 namespace orvanta::spectral {
@@ -15,8 +15,6 @@ namespace orvanta::spectral {
 using SPECT::Entity::Type;
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 double Deviation(double m2, std::uint64_t count) {
     return count < 2 ? kNaN : std::sqrt(m2 / static_cast<double>(count - 1));

@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/results/comparison_of.h"
 
+#include "host/spectral_data/not_computable.h"
 #include "host/spectral_data/statistics/comparison.h"
-
-#include <limits>
 
 namespace orvanta::spectral {
 
 using SPECT::Entity::Type;
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 SampleMoments LogPower(const Analysis& analysis, TraceRow trace, std::uint32_t bin) {
     const auto [mean, m2] = analysis.LogPowerAt(trace, bin);

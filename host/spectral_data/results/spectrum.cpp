@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectra_contract/spectrum.h"
 
+#include "host/spectral_data/not_computable.h"
 #include "host/spectral_data/results/spectrum_impl.h"
 #include "host/spectral_data/statistics/measures.h"
 #include "spectra_contract/montage.h"
@@ -8,7 +9,6 @@
 #include "spectra_contract/spect_globals.h"
 
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -17,8 +17,6 @@ namespace orvanta::spectral {
 namespace {
 
 using SPECT::Entity::Type;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 class OverEpochs final : public SpectrumSingle::Impl {
 public:

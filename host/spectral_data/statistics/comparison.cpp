@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/statistics/comparison.h"
 
+#include "host/spectral_data/not_computable.h"
+
 #include <boost/math/distributions/normal.hpp>
 #include <boost/math/distributions/students_t.hpp>
 
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 namespace orvanta::spectral {
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr TestResult kNotComputable{kNaN, kNaN, kNaN};
 
 bool IsUsable(const SampleMoments& sample) {

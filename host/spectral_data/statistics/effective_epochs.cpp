@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/statistics/comparison.h"
 
+#include "host/spectral_data/not_computable.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 namespace orvanta::spectral {
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kDilogOfOne = std::numbers::pi * std::numbers::pi / 6.0;
 
 /// Li2(x) = Σ_k x^k/k² for 0 <= x <= 1; above 1/2 by Euler's reflection, so that the series is short.

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/statistics/measures.h"
 
+#include "host/spectral_data/not_computable.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 
 namespace orvanta::spectral {
@@ -13,7 +14,6 @@ namespace {
 using SPECT::Entity::Type;
 using Measure = SPECT::Meas::Type;
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 /// Share of the band's power below the spectral edge.
 constexpr double kEdgeShare = 0.95;
 /// Directions whose mean vector is shorter than this cancel; rounding alone leaves some 1e-16.
@@ -152,7 +152,7 @@ double OfPhase(const MeasureInput& input, BinRange range, Measure measure) {
 } // namespace
 
 BinRange BandBins(double lo_hz, double hi_hz, double resolution_hz, std::uint32_t bins) {
-    if (!(hi_hz - lo_hz > 0.01) || !(resolution_hz > 0)) {
+    if (!SPECT::IsBandDefined(lo_hz, hi_hz) || !(resolution_hz > 0)) {
         return {};
     }
     // The first bin at or above a frequency. The quotient may be off by a rounding, the product decides.

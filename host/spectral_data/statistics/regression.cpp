@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/statistics/regression.h"
 
+#include "host/spectral_data/not_computable.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 #include <vector>
 
 namespace orvanta::spectral {
 
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Deviations from the mean; all exactly 0 when the values are equal, which a rounded mean would not give.
 std::vector<double> Centred(const std::vector<double>& values) {
