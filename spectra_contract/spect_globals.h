@@ -19,7 +19,8 @@ public:
     void SetMeasEntity(Entity::Type entity) { entity_ = entity; }
     /// Stores bands, total band and the selections in section "Spectrum" of the user's settings.
     void SaveInfo(GenericPlatform* platform) const;
-    /// Reads what SaveInfo stored; what is missing or wrong keeps its default.
+    /// Reads what SaveInfo stored, every finite pair of edges as it was; what is missing or wrong keeps the
+    /// value it had.
     void LoadInfo(GenericPlatform* platform);
 
     Band Bands[BandCount];

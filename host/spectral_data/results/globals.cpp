@@ -72,11 +72,12 @@ public:
         return whole && std::isfinite(value) ? std::optional(value) : std::nullopt;
     }
 
-    /// Two numbers with 0 <= lo <= hi; anything else leaves both as they are.
+    /// Two finite numbers in any order, since a reversed band is one that is not defined; anything else
+    /// leaves both as they are.
     void ReadRange(const std::string& loKey, const std::string& hiKey, double& lo, double& hi) const {
         const auto newLo = ReadNumber(loKey);
         const auto newHi = ReadNumber(hiKey);
-        if (newLo && newHi && *newLo >= 0 && *newLo <= *newHi) {
+        if (newLo && newHi) {
             lo = *newLo;
             hi = *newHi;
         }

@@ -140,14 +140,40 @@ TEST_P(WrongNumbers, KeepTheBand) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Globals, WrongNumbers,
-                         testing::Values(std::pair("eight", "13"), std::pair("8", ""), std::pair("13", "8"),
-                                         std::pair("-1", "13"), std::pair("nan", "13"), std::pair("8", "inf"),
-                                         std::pair("8,5", "13,5"), std::pair("8 Hz", "13"),
-                                         std::pair("1e999", "2e999")));
+                         testing::Values(std::pair("eight", "13"), std::pair("8", ""), std::pair("nan", "13"),
+                                         std::pair("8", "inf"), std::pair("8,5", "13,5"),
+                                         std::pair("8 Hz", "13"), std::pair("1e999", "2e999")));
 
-TEST_F(GlobalsStore, ABandOfNoWidthIsLoaded) {
-    Store({{"Band2Lo", "8"}, {"Band2Hi", "8"}});
-    EXPECT_EQ(Loaded().Bands[2].hi, 8);
+class FiniteEdges : public GlobalsStore, public testing::WithParamInterface<std::pair<double, double>> {};
+
+TEST_P(FiniteEdges, AreLoadedAsTheyWereSaved) {
+    const auto [lo, hi] = GetParam();
+    Globals saved;
+    saved.Bands[2].lo = saved.TotalLo = lo;
+    saved.Bands[2].hi = saved.TotalHi = hi;
+    saved.SaveInfo(&platform);
+    const Globals loaded = Loaded();
+    EXPECT_EQ(loaded.Bands[2].lo, lo);
+    EXPECT_EQ(loaded.Bands[2].hi, hi);
+    EXPECT_EQ(loaded.Bands[2].IsDefined(), saved.Bands[2].IsDefined());
+    EXPECT_EQ(loaded.TotalLo, lo);
+    EXPECT_EQ(loaded.TotalHi, hi);
+}
+
+INSTANTIATE_TEST_SUITE_P(Globals, FiniteEdges,
+                         testing::Values(std::pair(8.0, 8.0),   // no width
+                                         std::pair(13.0, 8.0),  // reversed: not defined, and stays so
+                                         std::pair(-1.0, 13.0), // below 0
+                                         std::pair(0.1 + 0.2, 1e300)));
+
+TEST_F(GlobalsStore, WhatIsWrongKeepsTheValueItHad) {
+    Store({{"Band2Lo", "eight"}, {"Band2Hi", "13"}});
+    Globals globals;
+    globals.Bands[2].lo = 7;
+    globals.Bands[2].hi = 12;
+    globals.LoadInfo(&platform);
+    EXPECT_EQ(globals.Bands[2].lo, 7);
+    EXPECT_EQ(globals.Bands[2].hi, 12);
 }
 
 TEST_F(GlobalsStore, AnEmptyNameIsLoadedAsEmpty) {
