@@ -22,7 +22,9 @@ public:
     using iterator = std::vector<SpectMacroResult*>::iterator;
     using const_iterator = std::vector<SpectMacroResult*>::const_iterator;
 
-    /// Makes the recording's events the ones against which macros are checked when they are loaded.
+    /// Makes the recording's events the ones against which macros are checked when they are loaded; with
+    /// several managers those of the one made last that still lives. The bands are those of SPECT::Globals,
+    /// which the host fills with Globals::LoadInfo when it starts; the p threshold starts at 0.05 each time.
     SpectraMgr(EEGFileInfoType* recording, const GenericGUI* gui);
     ~SpectraMgr();
     SpectraMgr(const SpectraMgr&) = delete;
@@ -43,6 +45,7 @@ public:
     /// Clears a secondary that is the same analysis.
     void SetMain(SpectMacroResult* analysis);
     SpectMacroResult* GetSecondary() const;
+    /// The main analysis, which is not compared with itself, leaves none.
     void SetSecondary(SpectMacroResult* analysis);
 
     /// 2 asks for the regression panel.
@@ -57,6 +60,7 @@ public:
     /// Main mean / secondary mean per bin; null as above, with its own switch.
     const double* GetRatio(const SensorType* sensor) const;
     const double* GetRatio(const ChnType* channel) const;
+    /// The p-value below which a bin counts as different, 0.05 at first; not stored with the settings.
     double GetPThreshold() const;
     void SetPThreshold(double threshold);
     bool GetShowTTest() const;
@@ -84,13 +88,16 @@ public:
 
     /// True when the main or the secondary analysis needs it.
     bool IsRecomputingNeeded(const MontageType& montage, const XTimeList& events, double topFrequency) const;
-    /// Computes every analysis that needs it. True when all are up to date afterwards; false when cancelled.
+    /// Computes every analysis that needs it, from \p recording (null for the manager's), its events and its
+    /// montage; one computed from another recording needs it, too. True when all are up to date afterwards;
+    /// false when cancelled. \p progress (may be null) shows nothing when nothing is needed.
     /// \throws std::exception as SpectMacroResult::Compute
     bool ReComputeFFT(EEGFileInfoType* recording, double topFrequency, const XTimeList& events,
                       GenericProgress* progress);
     /// Least-squares regression of the analyses' contrast values on log10 power of their epochs, per sensor
     /// and bin with low <= f <= high (Hz). 0, or -10 no observations, -20 no contrast values that differ, -30
-    /// no sensor or bin, -40 low above high.
+    /// no sensor or bin, -40 low above high, -50 epochs that cannot be read again. \p results stays empty
+    /// unless 0.
     int ComputeBCIRegression(const std::list<SpectMacroResult*>& analyses, std::list<BCIReg>& results,
                              const std::set<const SensorType*>& sensors, int low, int high) const;
 

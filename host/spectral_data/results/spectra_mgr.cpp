@@ -26,13 +26,17 @@ constexpr double kDefaultThreshold = 0.05;
 } // namespace
 
 struct SpectraMgr::Impl {
+    explicit Impl(EEGFileInfoType* file)
+        : recording(file), events(file == nullptr ? nullptr : file->GetEventsManager()) {}
+
     bool Owns(const SpectMacroResult* analysis) const {
         return std::find(analyses.begin(), analyses.end(), analysis) != analyses.end();
     }
     template <typename Trace>
     const TraceComparison* Compare(const Trace* trace) const;
 
-    EEGFileInfoType* recording = nullptr;
+    EEGFileInfoType* recording;
+    orvanta::spectral::MacroEventContext events;
     std::vector<SpectMacroResult*> analyses;
     SpectMacroResult* main = nullptr;
     SpectMacroResult* secondary = nullptr;
@@ -89,16 +93,10 @@ const TraceComparison* SpectraMgr::Impl::Compare(const Trace* trace) const {
     return &known->second;
 }
 
-SpectraMgr::SpectraMgr(EEGFileInfoType* recording, const GenericGUI*) : impl_(std::make_unique<Impl>()) {
-    impl_->recording = recording;
-    orvanta::spectral::SetMacroEventContext(recording == nullptr ? nullptr : recording->GetEventsManager());
-}
+SpectraMgr::SpectraMgr(EEGFileInfoType* recording, const GenericGUI*)
+    : impl_(std::make_unique<Impl>(recording)) {}
 
 SpectraMgr::~SpectraMgr() {
-    if (impl_->recording != nullptr &&
-        orvanta::spectral::GetMacroEventContext() == impl_->recording->GetEventsManager()) {
-        orvanta::spectral::SetMacroEventContext(nullptr);
-    }
     for (const SpectMacroResult* analysis : impl_->analyses) {
         delete analysis;
     }

@@ -8,10 +8,22 @@ class EventsManager;
 
 namespace orvanta::spectral {
 
-/// Sets the events of the recording at hand; null for none. Not owned: whoever sets them takes them back
-/// before they go. GUI thread only.
-ORVANTA_API void SetMacroEventContext(const EventsManager* events);
-/// What was set last, or null.
+/// Offers the events of a recording as the context while it lives. Not owned: the events must outlive it.
+/// GUI thread only.
+class ORVANTA_API MacroEventContext {
+public:
+    /// \param events null offers nothing
+    explicit MacroEventContext(const EventsManager* events);
+    ~MacroEventContext();
+    MacroEventContext(const MacroEventContext&) = delete;
+    MacroEventContext& operator=(const MacroEventContext&) = delete;
+
+private:
+    const EventsManager* events_;
+    friend ORVANTA_API const EventsManager* GetMacroEventContext();
+};
+
+/// The events offered last of those still offered, or null.
 ORVANTA_API const EventsManager* GetMacroEventContext();
 
 } // namespace orvanta::spectral

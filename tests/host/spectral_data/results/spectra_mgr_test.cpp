@@ -144,7 +144,31 @@ TEST_F(Manager, ItsRecordingsEventsAreTheContextOfMacros) {
         const SpectraMgr another(other.get(), nullptr);
         EXPECT_EQ(spectral::GetMacroEventContext(), other->GetEventsManager());
     }
+    EXPECT_EQ(spectral::GetMacroEventContext(), recording->GetEventsManager());
+}
+
+TEST(Managers, TheLastThatLivesGivesTheContextWhoeverGoesFirst) {
+    const auto first = test::SmallRecording(), second = test::SmallRecording();
+    auto early = std::make_unique<SpectraMgr>(first.get(), nullptr);
+    auto late = std::make_unique<SpectraMgr>(second.get(), nullptr);
+    const SpectraMgr ofNothing(nullptr, nullptr);
+    EXPECT_EQ(spectral::GetMacroEventContext(), second->GetEventsManager());
+    early.reset();
+    EXPECT_EQ(spectral::GetMacroEventContext(), second->GetEventsManager());
+    late.reset();
     EXPECT_EQ(spectral::GetMacroEventContext(), nullptr);
+}
+
+TEST_F(Manager, KeepsItsStatisticsModeAndThreshold) {
+    for (const int mode : {2, 1, 0}) {
+        manager.SetStatMode(mode);
+        EXPECT_EQ(manager.GetStatMode(), mode);
+    }
+    for (const double threshold : {0.01, 0.001, 1.0, 0.0}) {
+        manager.SetPThreshold(threshold);
+        EXPECT_EQ(manager.GetPThreshold(), threshold);
+    }
+    EXPECT_EQ(SpectraMgr(recording.get(), nullptr).GetPThreshold(), 0.05); // each starts anew
 }
 
 // --- entities, bands, measures

@@ -185,8 +185,6 @@ TEST(MacroFile, EntitiesAreNotExpanded) {
 
 class MacroLoading : public testing::Test {
 protected:
-    ~MacroLoading() override { SetMacroEventContext(nullptr); }
-
     std::string SmxWith(const std::string& elements) { return folder_.Write("m.smx", File(elements)); }
 
     test::TempFolder folder_;
@@ -278,7 +276,7 @@ TEST_F(MacroLoading, SelectionsThatMatchNoEventFallBackToAllOfTheRecording) {
     EventsManager events(256);
     events.Add({"eyes closed", EventClass::State, {XTime::FromSeconds(1), XTime::FromSeconds(2)}});
     events.Add({"flash", EventClass::Spot, {XTime::FromSeconds(1), XTime::FromSeconds(1)}});
-    SetMacroEventContext(&events);
+    const MacroEventContext context(&events);
     struct Case {
         const char* elements;
         int result;
@@ -306,13 +304,18 @@ TEST_F(MacroLoading, WithoutARecordingNoSelectionIsChecked) {
     EXPECT_EQ(macro_.GetTimeIntervalSelectMode(), Mode::ByStateEvents);
 }
 
-TEST_F(MacroLoading, TheContextIsWhatWasSetLast) {
+TEST_F(MacroLoading, TheContextIsWhatWasOfferedLastOfTheLiving) {
     const EventsManager first(1);
     const EventsManager second(1);
-    SetMacroEventContext(&first);
-    SetMacroEventContext(&second);
-    EXPECT_EQ(GetMacroEventContext(), &second);
-    SetMacroEventContext(nullptr);
+    {
+        const MacroEventContext early(&first);
+        {
+            const MacroEventContext late(&second);
+            const MacroEventContext nothing(nullptr);
+            EXPECT_EQ(GetMacroEventContext(), &second);
+        }
+        EXPECT_EQ(GetMacroEventContext(), &first);
+    }
     EXPECT_EQ(GetMacroEventContext(), nullptr);
 }
 
