@@ -41,14 +41,17 @@ public:
     SpectMacroResult(const SpectMacroResult&) = delete;
     SpectMacroResult& operator=(const SpectMacroResult&) = delete;
 
-    /// Computes all spectra, with progress through \p gui (may be null). Failures are told through \p gui and
-    /// leave the analysis as it was; nothing is thrown.
+    /// Computes all spectra of \p recording (null for the one at hand), with progress through \p gui (may be
+    /// null). Failures are told through \p gui and leave the analysis as it was, with the recording that it
+    /// had; nothing is thrown.
     void ComputeFFT(EEGFileInfoType* recording, const GenericGUI* gui);
     /// As above with a progress display of the caller's (may be null). True when computed; false when
     /// cancelled. \throws std::exception when reading fails or nothing is computable; the earlier results
     /// then stay. \param topFrequency the highest frequency in Hz that the caller shows. All bins up to half
     /// the rate are computed in any case; a higher wish is remembered as met.
     bool Compute(GenericProgress* progress, double topFrequency = 0);
+    /// The same of \p recording (null for the one at hand), which is kept once its spectra are computed.
+    bool ComputeOf(EEGFileInfoType* recording, GenericProgress* progress, double topFrequency = 0);
     /// Drops the computed data.
     void ResetData();
     bool IsComputed() const;
@@ -58,6 +61,9 @@ public:
 
     /// The macro file's name without folder and extension, else "Spectrum n".
     std::string GetName() const;
+    // Texts and geometry are those of the computed data, also when settings have changed since; before
+    // computing, those that the data would have.
+
     /// "2 s, 50 %, Hanning, 118 epochs".
     void GetShortInfo(std::ostream& text) const;
     /// One "Name: value" per line.
@@ -65,7 +71,7 @@ public:
     /// "118 epochs, 236.0 s"; always terminated.
     void GetProcDataString(char* buffer, std::size_t size) const;
 
-    /// Transform length in samples, a power of two. Follows from settings and recording; needs no data.
+    /// Transform length in samples, a power of two; needs no data.
     std::uint64_t GetFFTSamples() const;
     /// Rate of the transform's input in Hz.
     double GetFFTSR() const;
@@ -81,7 +87,8 @@ public:
     double GetFreqFromIndex(std::uint64_t bin) const;
     double GetTrueFreqFromFreq(double hz) const;
 
-    /// Mean spectrum, or null when there is none. Owned by the analysis; valid until its generation changes.
+    /// Mean spectrum, or null when there is none, as for a sensor that is not EEG. Owned by the analysis;
+    /// valid until its generation changes.
     SpectrumSingle* GetSpectrum(const SensorType* sensor) const;
     SpectrumSingle* GetSpectrum(const ChnType* channel) const;
     /// Spectrum of one epoch, or null. Valid until another epoch is asked for or the generation changes.
@@ -93,8 +100,9 @@ public:
     /// Number of bipolar channels of the computed montage; 0 for a referential one.
     unsigned GetNumBip() const;
     /// Start of the first processed selection after \p time (the first of all for null), or null when
-    /// there is none later. By duration, where the selection follows the cursor: \p time and one duration
-    /// more. Valid until the next call.
+    /// there is none later. A selection without an epoch, too short or beyond the first N, is not processed.
+    /// By duration, where the selection follows the cursor: \p time and one duration more. Valid until the
+    /// next call.
     const XTime* GetNextSelectionStart(const XTime* time) const;
     /// Fills \p list with the epochs' intervals, step = epoch index.
     void GetEventList(EEGFileInfoType* recording, XTimeList& list, const GenericGUI* gui) const;
@@ -103,6 +111,7 @@ public:
     void SetDSPWindowStr(const std::string& name);
     void SetFFTSeconds(double seconds);
     /// Writes the spectra file; atomic. Failures are told through the platform's GUI. True when written.
+    /// \param recording not used: the file names the recording that was analysed
     bool SaveSpectra(GenericPlatform* platform, const EEGFileInfoType* recording, const char* fileName,
                      const SpectralComments* comments) const;
 
@@ -110,7 +119,8 @@ public:
     const SpectraMacro& GetMacro() const;
     /// The montage of the computed data; before computing, the recording's current one.
     const MontageType& GetMontage() const;
-    /// Mean spectra of all sensors in recording order; empty before computing.
+    /// Mean spectra of all EEG sensors in recording order; empty before computing. Other signals have other
+    /// rates and units, and no spectra.
     const SensorMap& GetSensorMap() const;
     /// Changes with every reset and computation.
     std::uint64_t GetGeneration() const;

@@ -34,14 +34,19 @@ std::vector<double> CzValues(std::size_t count) {
     return Residues(count, 1, 13, 17);
 }
 
+signal::RecordingData SmallData(std::size_t seconds, const std::vector<signal::Annotation>& annotations,
+                                const std::vector<Gap>& gaps) {
+    const std::size_t count = seconds * kRate;
+    return MakeData({{"Fp1", kRate, Fp1Values(count), "uV"},
+                     {"F3", kRate, F3Values(count), "uV"},
+                     {"Cz", kRate, CzValues(count), "uV"}},
+                    annotations, gaps);
+}
+
 std::unique_ptr<EEGFileInfoType> SmallRecording(std::size_t seconds,
                                                 const std::vector<signal::Annotation>& annotations,
                                                 const std::vector<Gap>& gaps) {
-    const std::size_t count = seconds * kRate;
-    return signal::MakeRecording(MakeData({{"Fp1", kRate, Fp1Values(count), "uV"},
-                                           {"F3", kRate, F3Values(count), "uV"},
-                                           {"Cz", kRate, CzValues(count), "uV"}},
-                                          annotations, gaps));
+    return signal::MakeRecording(SmallData(seconds, annotations, gaps));
 }
 
 SpectraMacro SmallMacro(const std::string& taper, unsigned overlap) {

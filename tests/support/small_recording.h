@@ -20,6 +20,9 @@ std::vector<double> F3Values(std::size_t count);
 std::vector<double> CzValues(std::size_t count);
 
 /// Fp1, F3 and Cz at 8 Hz.
+signal::RecordingData SmallData(std::size_t seconds = 5,
+                                const std::vector<signal::Annotation>& annotations = {},
+                                const std::vector<Gap>& gaps = {});
 std::unique_ptr<EEGFileInfoType> SmallRecording(std::size_t seconds = 5,
                                                 const std::vector<signal::Annotation>& annotations = {},
                                                 const std::vector<Gap>& gaps = {});

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <stdexcept>
 
 namespace orvanta::spectral {
 
@@ -84,7 +85,12 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
     }
     std::list<BCIReg> rows;
     for (const SensorType* sensor : common) {
-        const auto columns = LogPower(used, sensor, bins);
+        std::vector<std::vector<double>> columns;
+        try {
+            columns = LogPower(used, sensor, bins);
+        } catch (const std::runtime_error&) { // the file went away or changed
+            return RegressionCode::ReadFailed;
+        }
         for (std::uint32_t bin = bins.first; bin < bins.last; ++bin) {
             const Line line = FitLine(columns[bin - bins.first], contrasts);
             rows.push_back({sensor, bin * used.front().analysis->Resolution(), line.r, line.slope,

@@ -25,13 +25,13 @@ enum class RegressionCode : int {
     NoContrast = -20,     ///< fewer than two different contrast values
     NoPredictors = -30,   ///< no sensor that all analyses have, or no bin in the range
     ReversedRange = -40,  ///< low above high
+    ReadFailed = -50,     ///< epochs that were not kept could not be read again
 };
 
 /// Ordinary least squares of the contrast value (y) on log10 of the power in µV²/Hz (x) over all epochs, for
 /// each sensor and bin with low <= f <= high in Hz: R, slope K, intercept M, count. Rows by sensor in
 /// recording order, then by frequency. An epoch without power at a bin does not count there. Groups whose
 /// bins differ from the first one's are left out. \p results is emptied first and stays empty unless done.
-/// \throws RecordingError when epochs that were not kept cannot be read again
 ORVANTA_API RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
                                            const std::set<const SensorType*>& sensors, double low_hz,
                                            double high_hz, std::list<BCIReg>& results);

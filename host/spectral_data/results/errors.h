@@ -4,6 +4,8 @@
 
 #include "spectra_contract/api.h"
 
+#include <exception>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -18,5 +20,11 @@ public:
     NothingComputable(const std::string& file, const NothingComputable& cause)
         : std::runtime_error(file + ": " + cause.what()) {}
 };
+
+/// What to tell a person of a failure: its own words, and of memory that ran out what to do.
+inline std::string FailureText(const std::exception& failure) {
+    const bool memory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr;
+    return memory ? "not enough memory for the spectra (choose a shorter FFT window)" : failure.what();
+}
 
 } // namespace orvanta::spectral

@@ -2,6 +2,7 @@
 // From an analysis to a spectra file.
 #include "host/signal_base/time/time_text.h"
 #include "host/spectral_data/files/spectra_file.h"
+#include "host/spectral_data/results/errors.h"
 #include "host/spectral_data/results/names.h"
 #include "host/spectral_data/results/spect_macro_result_impl.h"
 #include "spectra_contract/platform.h"
@@ -78,8 +79,8 @@ void DescribeMeasures(SpectraFileContent& content) {
 
 } // namespace
 
-bool SpectMacroResult::SaveSpectra(GenericPlatform* platform, const EEGFileInfoType* recording,
-                                   const char* fileName, const SpectralComments* comments) const {
+bool SpectMacroResult::SaveSpectra(GenericPlatform* platform, const EEGFileInfoType*, const char* fileName,
+                                   const SpectralComments* comments) const {
     const GenericGUI* gui = platform == nullptr ? nullptr : platform->GetGUI();
     const auto refuse = [&](const std::string& reason) {
         if (gui != nullptr) {
@@ -95,12 +96,8 @@ bool SpectMacroResult::SaveSpectra(GenericPlatform* platform, const EEGFileInfoT
     }
     try {
         SpectraFileContent content;
-        const EEGFileInfoType* described = recording != nullptr ? recording : impl_->recording;
-        DescribeRecording(*described, content);
-        content.macro =
-            impl_->analysis->Macro(); // what the numbers were made with; the labels as they are now
-        content.macro.SetContrastValue(impl_->macro.GetContrastValue());
-        content.macro.Color = impl_->macro.Color;
+        DescribeRecording(*impl_->recording, content);
+        content.macro = impl_->Settings();
         DescribeAnalysis(*impl_->analysis, content);
         DescribeMeasures(content);
         content.comments = comments;
@@ -114,7 +111,7 @@ bool SpectMacroResult::SaveSpectra(GenericPlatform* platform, const EEGFileInfoT
         }
         orvanta::spectral::WriteSpectraFile(fileName, content);
     } catch (const std::exception& error) {
-        return refuse(error.what());
+        return refuse(orvanta::spectral::FailureText(error));
     }
     return true;
 }

@@ -9,16 +9,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 #include <stdexcept>
 #include <utility>
 
 using orvanta::spectral::Analysis;
 using orvanta::spectral::EpochPlan;
 using orvanta::spectral::EpochSpectrum;
+using orvanta::spectral::FailureText;
 using orvanta::spectral::GetWindowGeometry;
 using orvanta::spectral::MeanSpectrum;
 using orvanta::spectral::PlanEpochs;
+using orvanta::spectral::WindowGeometry;
 
 namespace {
 
@@ -32,11 +33,30 @@ unsigned NextNumber() {
     return ++last;
 }
 
-/// Equal but for what does not enter the spectra.
-bool GiveSameSpectra(const SpectraMacro& a, SpectraMacro b) {
-    b.SetContrastValue(a.GetContrastValue());
-    b.Color = a.Color;
-    return a == b;
+/// The settings with the contrast and colour, which do not enter the spectra, of others.
+SpectraMacro WithLabelsOf(const SpectraMacro& labels, SpectraMacro settings) {
+    settings.SetContrastValue(labels.GetContrastValue());
+    settings.Color = labels.Color;
+    return settings;
+}
+
+/// Where the by-duration mode starts, in seconds.
+double CursorSeconds(const EEGFileInfoType& file) {
+    return file.GetTraceCursor()->GetStartRecTime()->Seconds();
+}
+
+EpochPlan PlanOf(const SpectraMacro& macro, const EEGFileInfoType& file, double cursor_s) {
+    return PlanEpochs(macro, *file.GetEventsManager(), *file.GetRecording(), cursor_s);
+}
+
+/// True when an epoch of the plan lies inside the span.
+bool HasEpoch(const EpochPlan& plan, const orvanta::spectral::TimeSpan& span,
+              const orvanta::signal::Timeline& time) {
+    const auto ranges = time.Ranges(span.begin_s, span.end_s, span.limit_s);
+    return std::any_of(ranges.begin(), ranges.end(), [&](const orvanta::signal::SampleRange& range) {
+        const auto first = std::lower_bound(plan.starts.begin(), plan.starts.end(), range.first);
+        return first != plan.starts.end() && *first + plan.geometry.window <= range.last;
+    });
 }
 
 XTimeList EventListOf(const orvanta::signal::Recording& recording, const EpochPlan& plan) {
@@ -61,23 +81,33 @@ const orvanta::signal::Recording* SpectMacroResult::Impl::Data() const {
     return recording == nullptr ? nullptr : recording->GetRecording().get();
 }
 
-double SpectMacroResult::Impl::CursorSeconds() const {
-    const TraceCursorType* cursor = recording == nullptr ? nullptr : recording->GetTraceCursor();
-    return cursor == nullptr ? 0 : cursor->GetStartRecTime()->Seconds();
+EpochPlan SpectMacroResult::Impl::PlanNow() const {
+    return recording == nullptr ? EpochPlan() : PlanOf(macro, *recording, CursorSeconds(*recording));
 }
 
-EpochPlan SpectMacroResult::Impl::Plan(double cursor_s) const {
-    return recording == nullptr ? EpochPlan()
-                                : PlanEpochs(macro, *recording->GetEventsManager(), *Data(), cursor_s);
+double SpectMacroResult::Impl::Rate() const {
+    return Data() == nullptr ? 0 : Data()->Rate();
+}
+
+WindowGeometry SpectMacroResult::Impl::Geometry() const {
+    return analysis ? analysis->Geometry() : GetWindowGeometry(macro, Rate());
+}
+
+EpochPlan SpectMacroResult::Impl::Plan() const {
+    return analysis ? analysis->Input().plan : PlanNow();
+}
+
+SpectraMacro SpectMacroResult::Impl::Settings() const {
+    return analysis ? WithLabelsOf(macro, analysis->Macro()) : macro;
 }
 
 bool SpectMacroResult::Impl::IsCurrent() const {
-    if (!analysis || &analysis->Recording() != Data() || !GiveSameSpectra(macro, analysis->Macro())) {
+    if (!analysis || !(macro == Settings())) {
         return false;
     }
     const std::uint64_t now = recording->GetEventsManager()->GetGeneration();
     if (now != eventsGeneration) {
-        if (Plan(computedCursor) != analysis->Input().plan) {
+        if (PlanOf(macro, *recording, computedCursor) != analysis->Input().plan) {
             return false;
         }
         eventsGeneration = now;
@@ -109,17 +139,12 @@ SpectMacroResult::SpectMacroResult(const SpectraMacro& macro, EEGFileInfoType* r
 SpectMacroResult::~SpectMacroResult() = default;
 
 void SpectMacroResult::ComputeFFT(EEGFileInfoType* recording, const GenericGUI* gui) {
-    if (recording != nullptr) {
-        impl_->recording = recording;
-    }
     std::string failure;
     try {
         const auto progress = gui == nullptr ? nullptr : gui->CreateProgress("Computing Spectra...");
-        Compute(progress.get());
-    } catch (const std::bad_alloc&) {
-        failure = "not enough memory for the spectra (choose a shorter FFT window)";
+        ComputeOf(recording, progress.get());
     } catch (const std::exception& error) {
-        failure = error.what();
+        failure = FailureText(error);
     }
     if (gui != nullptr && !failure.empty()) {
         gui->ShowError(failure);
@@ -127,18 +152,23 @@ void SpectMacroResult::ComputeFFT(EEGFileInfoType* recording, const GenericGUI* 
 }
 
 bool SpectMacroResult::Compute(GenericProgress* progress, double topFrequency) {
-    if (impl_->recording == nullptr) {
+    return ComputeOf(nullptr, progress, topFrequency);
+}
+
+bool SpectMacroResult::ComputeOf(EEGFileInfoType* recording, GenericProgress* progress, double topFrequency) {
+    EEGFileInfoType* file = recording != nullptr ? recording : impl_->recording;
+    if (file == nullptr) {
         throw orvanta::spectral::NothingComputable("there is no recording", "open one first");
     }
-    const double cursor = impl_->CursorSeconds();
-    const std::uint64_t events = impl_->recording->GetEventsManager()->GetGeneration();
-    auto computed =
-        Analysis::Compute({impl_->recording->GetRecording(), impl_->macro,
-                           impl_->recording->GetTraceInfo()->GetMtg(), impl_->Plan(cursor), impl_->options},
-                          progress);
+    const double cursor = CursorSeconds(*file);
+    const std::uint64_t events = file->GetEventsManager()->GetGeneration();
+    auto computed = Analysis::Compute({file->GetRecording(), impl_->macro, file->GetTraceInfo()->GetMtg(),
+                                       PlanOf(impl_->macro, *file, cursor), impl_->options},
+                                      progress);
     if (!computed) {
         return false;
     }
+    impl_->recording = file;
     impl_->Adopt(std::move(computed));
     impl_->computedCursor = cursor;
     impl_->eventsGeneration = events;
@@ -166,7 +196,7 @@ bool SpectMacroResult::IsRecomputingNeeded(const MontageType& montage, const XTi
 }
 
 std::uint64_t SpectMacroResult::GetFFTSamples() const {
-    return GetWindowGeometry(impl_->macro, impl_->Rate()).padded;
+    return impl_->Geometry().padded;
 }
 
 double SpectMacroResult::GetFFTSR() const {
@@ -178,8 +208,7 @@ double SpectMacroResult::GetResolutionHz() const {
 }
 
 std::uint64_t SpectMacroResult::GetFFTCount() const {
-    return impl_->analysis ? impl_->analysis->EpochCount()
-                           : impl_->Plan(impl_->CursorSeconds()).starts.size();
+    return impl_->analysis ? impl_->analysis->EpochCount() : impl_->PlanNow().starts.size();
 }
 
 std::uint64_t SpectMacroResult::GetIndexFromFreq(double hz) const {
@@ -275,9 +304,10 @@ const XTime* SpectMacroResult::GetNextSelectionStart(const XTime* time) const {
     }
     // A cursor set to a selection's start stands on its first sample, up to half a sample beside it.
     const double after = time == nullptr ? -1 : time->Seconds() + 0.5 / data->Rate();
-    for (const auto& span : impl_->Plan(impl_->CursorSeconds()).spans) {
+    const EpochPlan plan = impl_->PlanNow();
+    for (const auto& span : plan.spans) {
         const double start = data->Time().TimeOf(data->Time().SampleAt(span.begin_s));
-        if (start > after) {
+        if (start > after && HasEpoch(plan, span, data->Time())) {
             impl_->nextSelection = XTime::FromSeconds(start);
             return &impl_->nextSelection;
         }
@@ -290,7 +320,7 @@ void SpectMacroResult::GetEventList(EEGFileInfoType*, XTimeList& list, const Gen
     if (impl_->IsCurrent()) {
         list = EventListOf(impl_->analysis->Recording(), impl_->analysis->Input().plan);
     } else if (const orvanta::signal::Recording* data = impl_->Data()) {
-        list = EventListOf(*data, impl_->Plan(impl_->CursorSeconds()));
+        list = EventListOf(*data, impl_->PlanNow());
     }
 }
 

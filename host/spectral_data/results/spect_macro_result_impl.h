@@ -18,20 +18,26 @@ struct SpectMacroResult::Impl {
 
     /// The recording's data, or null without a recording.
     const orvanta::signal::Recording* Data() const;
-    /// Rate in Hz at which EEG is analysed; 0 without EEG or recording.
-    double Rate() const { return Data() == nullptr ? 0 : Data()->Rate(); }
-    /// Where the by-duration mode starts, in seconds: the trace cursor.
-    double CursorSeconds() const;
-    /// Epochs that the settings make now; the by-duration mode starts at \p cursor_s.
-    orvanta::spectral::EpochPlan Plan(double cursor_s) const;
+    /// Epochs that settings, events and cursor make of the recording now; none without a recording.
+    orvanta::spectral::EpochPlan PlanNow() const;
     /// True when settings, file and events would give what is computed.
     bool IsCurrent() const;
+
+    // What is described and measured in bins belongs to the computed data, stale or not; before computing,
+    // to the data that there would be.
+    /// Rate in Hz at which EEG is analysed; 0 without EEG or recording.
+    double Rate() const;
+    orvanta::spectral::WindowGeometry Geometry() const;
+    orvanta::spectral::EpochPlan Plan() const;
+    /// The settings. Contrast and colour do not enter the spectra and are the present ones.
+    SpectraMacro Settings() const;
+
     /// Replaces the computed data, null for none; all spectra handed out before become invalid.
     void Adopt(std::shared_ptr<const orvanta::spectral::Analysis> computed);
 
     SpectraMacro macro;
-    EEGFileInfoType* recording;
-    unsigned number; ///< for the name
+    EEGFileInfoType* recording; ///< that of the computed data
+    unsigned number;            ///< for the name
     orvanta::spectral::ComputeOptions options;
     std::uint64_t generation = 0;
 

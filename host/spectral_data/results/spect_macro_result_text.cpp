@@ -10,9 +10,10 @@
 #include <ostream>
 #include <sstream>
 
+using orvanta::spectral::EpochInterval;
+using orvanta::spectral::EpochPlan;
 using orvanta::spectral::EpochsText;
 using orvanta::spectral::FixedText;
-using orvanta::spectral::GetWindowGeometry;
 using orvanta::spectral::NumberText;
 
 namespace {
@@ -33,14 +34,14 @@ std::string SpectMacroResult::GetName() const {
 }
 
 void SpectMacroResult::GetShortInfo(std::ostream& text) const {
-    text << NumberText(impl_->macro.GetFFTSeconds()) << " s, "
-         << std::to_string(impl_->macro.GetOverlapPerc()) << " %, " << impl_->macro.GetDSPWindowStr() << ", "
-         << EpochsText(GetFFTCount());
+    const SpectraMacro settings = impl_->Settings();
+    text << NumberText(settings.GetFFTSeconds()) << " s, " << std::to_string(settings.GetOverlapPerc())
+         << " %, " << settings.GetDSPWindowStr() << ", " << EpochsText(GetFFTCount());
 }
 
 void SpectMacroResult::GetLongInfo(std::ostream& text) const {
     std::ostringstream settings;
-    impl_->macro.GetLongDescrStr(settings);
+    impl_->Settings().GetLongDescrStr(settings);
     const std::string lines = settings.str();
     text << "Name: " << GetName() << '\n' << lines;
     if (!lines.empty() && lines.back() != '\n') {
@@ -58,19 +59,18 @@ void SpectMacroResult::GetProcDataString(char* buffer, std::size_t size) const {
     if (buffer == nullptr || size == 0) {
         return;
     }
-    const double rate = impl_->Rate();
-    const auto geometry =
-        impl_->analysis ? impl_->analysis->Geometry() : GetWindowGeometry(impl_->macro, rate);
-    const double seconds = rate > 0 ? static_cast<double>(GetFFTCount()) * geometry.window / rate : 0;
-    const std::string text = EpochsText(GetFFTCount()) + ", " + FixedText(seconds, 1) + " s";
+    const std::uint64_t count = GetFFTCount();
+    const double samples = static_cast<double>(count) * impl_->Geometry().window;
+    const double seconds = impl_->Rate() > 0 ? samples / impl_->Rate() : 0;
+    const std::string text = EpochsText(count) + ", " + FixedText(seconds, 1) + " s";
     buffer[text.copy(buffer, size - 1)] = '\0';
 }
 
 std::list<std::string> SpectMacroResult::GetFFTIntervalList() const {
     std::list<std::string> texts;
-    const std::uint64_t count = impl_->analysis ? impl_->analysis->EpochCount() : 0;
-    for (std::uint64_t epoch = 0; epoch < count; ++epoch) {
-        const XTimeInterval time = impl_->analysis->EpochTime(epoch);
+    const EpochPlan plan = impl_->Plan();
+    for (const std::int64_t start : plan.starts) {
+        const XTimeInterval time = EpochInterval(*impl_->Data(), plan.geometry, start);
         std::string begin = ElapsedText(time.GetBeginPtr());
         begin.resize(std::max(begin.size(), kBeginWidth), ' ');
         texts.push_back(begin + '\t' + ElapsedText(time.GetEndPtr()));

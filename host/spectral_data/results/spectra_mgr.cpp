@@ -286,15 +286,17 @@ bool SpectraMgr::IsRecomputingNeeded(const MontageType& montage, const XTimeList
 
 bool SpectraMgr::ReComputeFFT(EEGFileInfoType* recording, double topFrequency, const XTimeList& events,
                               GenericProgress* progress) {
-    const EEGFileInfoType* file = recording != nullptr ? recording : impl_->recording;
+    EEGFileInfoType* file = recording != nullptr ? recording : impl_->recording;
     if (file == nullptr) {
         return impl_->analyses.empty();
     }
     std::vector<SpectMacroResult*> stale;
     for (SpectMacroResult* analysis : impl_->analyses) {
         const bool isMain = analysis == impl_->main;
-        if (analysis->IsRecomputingNeeded(file->GetTraceInfo()->GetMtg(), isMain ? events : XTimeList(),
-                                          topFrequency)) {
+        const auto computed = analysis->GetAnalysis();
+        const bool ofAnother = computed && &computed->Recording() != file->GetRecording().get();
+        if (ofAnother || analysis->IsRecomputingNeeded(file->GetTraceInfo()->GetMtg(),
+                                                       isMain ? events : XTimeList(), topFrequency)) {
             stale.insert(isMain ? stale.begin() : stale.end(), analysis); // what is shown comes first
         }
     }
@@ -303,7 +305,7 @@ bool SpectraMgr::ReComputeFFT(EEGFileInfoType* recording, double topFrequency, c
     for (std::size_t i = 0; i < stale.size(); ++i) {
         orvanta::spectral::ProgressShare share(progress, i, stale.size());
         try {
-            if (!stale[i]->Compute(progress == nullptr ? nullptr : &share, topFrequency)) {
+            if (!stale[i]->ComputeOf(file, progress == nullptr ? nullptr : &share, topFrequency)) {
                 return false;
             }
         } catch (const std::exception&) {

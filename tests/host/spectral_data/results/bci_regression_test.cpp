@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Expected values: SciPy's linregress of the contrast values on log10 power of the same epochs.
+#include "host/signal_base/recording_error.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "tests/host/spectral_data/results/analysis_fixture.h"
+#include "tests/support/failing_source.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +112,25 @@ TEST_F(Regression, NoPredictors) {
 TEST_F(Regression, LowAboveHigh) {
     EXPECT_EQ(Regress({open, closed}, 3, 2), -40);
     EXPECT_EQ(Regress({}, 3, 2), -40);
+}
+
+TEST_F(Regression, EpochsThatCannotBeReadAgain) {
+    signal::RecordingData data = test::SmallData(10, {{0, 5.0, "open"}, {5, 5.0, "closed"}});
+    const auto source = std::make_shared<test::FailingSource>(data.source);
+    data.source = source;
+    const auto file = signal::MakeRecording(std::move(data));
+    for (SpectMacroResult* analysis : {open, closed}) {
+        analysis->SetComputeOptions(test::WithoutMemory(test::InDouble()));
+        ASSERT_TRUE(analysis->ComputeOf(file.get(), nullptr));
+    }
+    sensors = {test::SensorOf(*file, "Fp1")};
+    ASSERT_EQ(Regress({open, closed}), 0);
+    for (SpectMacroResult* analysis : {open, closed}) { // leaves another epoch in the cache
+        analysis->GetSpeCartoon(4, test::SensorOf(*file, "Cz"));
+    }
+    source->BeforeRead = [] { throw signal::RecordingError("memory.edf", "it went away", "bring it back"); };
+    EXPECT_EQ(Regress({open, closed}), -50);
+    EXPECT_TRUE(results.empty());
 }
 
 TEST_F(Regression, AFailureEmptiesTheResults) {

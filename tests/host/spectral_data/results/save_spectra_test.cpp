@@ -2,6 +2,7 @@
 #include "host/platform/host_platform.h"
 #include "spectra_contract/spect_macro_result.h"
 #include "tests/host/spectral_data/results/analysis_fixture.h"
+#include "tests/support/failing_source.h"
 #include "tests/support/recording_gui.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/xml_schema.h"
@@ -119,6 +120,38 @@ TEST_F(Saving, StaleSpectraAreSavedWithTheSettingsThatMadeThem) {
     EXPECT_STREQ(Root().child("analysis").child_value("fft_samples"), "8");
     EXPECT_STREQ(Root().child("settings").child_value("fft_seconds"), "1");
     EXPECT_STREQ(Root().child("settings").child_value("contrast"), "4");
+}
+
+TEST_F(Saving, NamesTheRecordingThatWasAnalysed) {
+    result.Compute(nullptr);
+    signal::RecordingData data = test::SmallData(7);
+    data.path = "other.edf";
+    const auto other = signal::MakeRecording(std::move(data));
+    ASSERT_TRUE(result.SaveSpectra(&platform, other.get(), file.c_str(), nullptr));
+    EXPECT_STREQ(Root().child("recording").child_value("file"), "memory.edf");
+    EXPECT_STREQ(Root().child("recording").child_value("duration_s"), "5");
+    result.ComputeFFT(other.get(), nullptr);
+    ASSERT_TRUE(Save());
+    EXPECT_STREQ(Root().child("recording").child_value("file"), "other.edf");
+    EXPECT_STREQ(Root().child("recording").child_value("duration_s"), "7");
+}
+
+TEST_F(Saving, MemoryThatRunsOutIsToldWithItsRemedy) {
+    signal::RecordingData data = test::SmallData();
+    const auto source = std::make_shared<test::FailingSource>(data.source);
+    data.source = source;
+    const auto big = signal::MakeRecording(std::move(data));
+    result.SetComputeOptions(test::WithoutMemory(test::InDouble()));
+    SPECT::GetGlobals().Bands[0] = {1, 3, "", true};
+    SPECT::GetGlobals().SetMeasEntity(SPECT::Entity::Type::Amplitude); // CV reads the epochs again
+    ASSERT_TRUE(result.ComputeOf(big.get(), nullptr));
+    source->BeforeRead = [] { throw std::bad_alloc(); };
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(gui.Errors(),
+              std::vector<std::string>{"not enough memory for the spectra (choose a shorter FFT window)"});
+    result.ComputeFFT(nullptr, &gui);
+    ASSERT_EQ(gui.Errors().size(), 2u);
+    EXPECT_EQ(gui.Errors()[1], gui.Errors()[0]);
 }
 
 TEST_F(Saving, WithoutSpectraIsRefused) {

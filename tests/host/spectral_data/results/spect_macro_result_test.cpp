@@ -48,17 +48,20 @@ TEST_F(Result, ConstructionComputesNothing) {
     EXPECT_EQ(result.GetSpeCartoon(0, Fp1()), nullptr);
     EXPECT_EQ(result.GetSpeCartoonChnLen(), 0u);
     EXPECT_TRUE(result.GetSensorMap().empty());
-    EXPECT_TRUE(result.GetFFTIntervalList().empty());
 }
 
 TEST_F(Result, TheGeometryNeedsNoData) {
+    Use("Fp1-F3 = +Fp1 -F3\nF3-Cz = +F3 -Cz");
     EXPECT_EQ(result.GetFFTSamples(), 8u);
     EXPECT_EQ(result.GetFFTSR(), 8.0);
     EXPECT_EQ(result.GetResolutionHz(), 1.0);
     EXPECT_EQ(result.GetFFTResolution(), 1.0);
     EXPECT_EQ(result.GetFFTCount(), 19u);
-    EXPECT_EQ(result.GetMontage(), recording->GetTraceInfo()->GetMtg());
-    EXPECT_EQ(result.GetNumBip(), recording->GetTraceInfo()->GetMtg().GetNumBip());
+    EXPECT_EQ(result.GetFFTIntervalList().size(), 19u);
+    EXPECT_EQ(result.GetFFTIntervalList().back(), "00:00:09.000  \t00:00:10.000");
+    ASSERT_EQ(result.GetMontage().GetNumTraces(), 2u);
+    EXPECT_EQ(result.GetMontage().GetChn(1)->GetName(), "F3-Cz");
+    EXPECT_EQ(result.GetNumBip(), 2u);
 }
 
 TEST_F(Result, AWindowThatIsNoPowerOfTwoIsPadded) {
@@ -96,6 +99,43 @@ TEST_F(Result, FrequenciesSnapToTheNearestBin) {
     EXPECT_EQ(result.GetIndexFromFreq(-5), 0u);
     EXPECT_EQ(result.GetIndexFromFreq(1e300), 4u);
     EXPECT_EQ(result.GetIndexFromFreq(std::nan("")), 0u);
+}
+
+class GeometryAfterAFailure : public Result, public testing::WithParamInterface<bool> {};
+
+TEST_P(GeometryAfterAFailure, IsThatOfTheSpectraStillThere) {
+    result.Compute(nullptr);
+    result.SetFFTSeconds(4);
+    test::RecordingGui gui;
+    gui.Cancelled = GetParam();
+    if (!GetParam()) {
+        result.GetMacro().SetDSPWindowStr("Nonesuch");
+    }
+    result.ComputeFFT(recording.get(), &gui);
+    EXPECT_TRUE(IsNeeded());
+    std::vector<double> mean;
+    result.GetSpectrum(Fp1())->GetSpect(mean);
+    EXPECT_EQ(mean.size(), 5u);
+    EXPECT_EQ(result.GetFFTSamples(), 8u);
+    EXPECT_EQ(result.GetFFTSR(), 8.0);
+    EXPECT_EQ(result.GetResolutionHz(), 1.0);
+    EXPECT_EQ(result.GetFFTCount(), 19u);
+    EXPECT_EQ(result.GetFFTIntervalList().size(), 19u);
+    EXPECT_EQ(result.GetIndexFromFreq(100), 4u); // not 16, which the spectrum does not have
+    EXPECT_EQ(result.GetFreqFromIndex(3), 3.0);
+    EXPECT_EQ(result.GetTrueFreqFromFreq(2.6), 3.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Result, GeometryAfterAFailure, testing::Bool(),
+                         [](const auto& cancelled) { return cancelled.param ? "Cancelled" : "Failed"; });
+
+TEST_F(Result, AResetGivesTheGeometryOfTheSettings) {
+    result.Compute(nullptr);
+    result.SetFFTSeconds(4);
+    result.ResetData();
+    EXPECT_EQ(result.GetFFTSamples(), 32u);
+    EXPECT_EQ(result.GetResolutionHz(), 0.25);
+    EXPECT_EQ(result.GetIndexFromFreq(100), 16u);
 }
 
 // --- what makes a computation stale
@@ -159,6 +199,41 @@ TEST_F(Result, EveryTopUpToHalfTheRateIsMet) {
     EXPECT_FALSE(IsNeeded(4));
 }
 
+struct OddRate {
+    const char* name;
+    double rate;
+    double halfOfMemory;      ///< the rate of the data in memory, a whole number, times 0.5
+    double wholeHalfOfMemory; ///< the same without its fraction
+};
+
+class OddRates : public testing::TestWithParam<OddRate> {};
+
+TEST_P(OddRates, NeitherHalfOfTheRateIsStale) {
+    const double rate = GetParam().rate;
+    const double perBlock = std::floor(rate);
+    signal::RecordingData data =
+        test::MakeData({{"Fp1", perBlock, test::Fp1Values(static_cast<std::size_t>(5 * perBlock)), "uV"}});
+    data.signals[0].rate_hz = rate;
+    data.block_seconds = perBlock / rate;
+    const auto odd = signal::MakeRecording(std::move(data));
+    SpectMacroResult analysis(test::SmallMacro(), odd.get(), nullptr);
+    EXPECT_TRUE(analysis.Compute(nullptr));
+    EXPECT_DOUBLE_EQ(analysis.GetFFTSR(), rate);
+    const double memory = odd->GetTraceCursor()->GetMemDataSR();
+    EXPECT_EQ(memory * 0.5, GetParam().halfOfMemory);
+    const MontageType& montage = odd->GetTraceInfo()->GetMtg();
+    EXPECT_FALSE(analysis.IsRecomputingNeeded(montage, {}, GetParam().halfOfMemory));
+    EXPECT_FALSE(analysis.IsRecomputingNeeded(montage, {}, GetParam().wholeHalfOfMemory));
+    EXPECT_FALSE(analysis.IsRecomputingNeeded(montage, {}, rate / 2));
+    EXPECT_TRUE(analysis.IsRecomputingNeeded(montage, {}, GetParam().halfOfMemory + 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Result, OddRates,
+                         testing::Values(OddRate{"Odd", 255, 127.5, 127}, //
+                                         OddRate{"RoundedUp", 173.61, 87, 87},
+                                         OddRate{"RoundedDown", 250.4, 125, 125}),
+                         [](const auto& odd) { return odd.param.name; });
+
 TEST_F(Result, AHigherTopIsAskedForOnce) {
     result.Compute(nullptr);
     EXPECT_TRUE(IsNeeded(4.5));
@@ -182,6 +257,41 @@ TEST_F(Result, AnotherFileIsStale) {
     result.ComputeFFT(other.get(), nullptr);
     EXPECT_FALSE(result.IsRecomputingNeeded(other->GetTraceInfo()->GetMtg(), {}, 4));
     EXPECT_EQ(result.GetFFTCount(), 7u);
+}
+
+TEST_F(Result, AnotherFileIsKeptOnlyOnceItIsComputed) {
+    result.Compute(nullptr);
+    const auto other = test::SmallRecording(4);
+    test::RecordingGui gui;
+    gui.Cancelled = true;
+    result.ComputeFFT(other.get(), &gui);
+    EXPECT_FALSE(IsNeeded());
+    EXPECT_EQ(result.GetFFTCount(), 19u);
+    result.ResetData();
+    EXPECT_EQ(result.GetFFTCount(), 19u); // would be 7 of the other
+}
+
+TEST_F(Result, ASensorMarkedBadIsStaleOnceTheAverageIsChosenAgain) {
+    std::size_t average = 0;
+    while (recording->GetMontageList()->Get(average)->GetKind() != MontageType::Kind::AverageReference) {
+        ++average;
+    }
+    recording->ChangeMntg(average, false);
+    result.SetComputeOptions(test::InDouble());
+    result.Compute(nullptr);
+    const double ofThree = result.GetSpectrum(result.GetMontage().GetChn(0))->GetValue(1);
+    test::SensorOf(*recording, "Cz")->SetBad(true);
+    EXPECT_FALSE(IsNeeded()); // the montage in use is as it was
+    recording->ChangeMntg(average, false);
+    EXPECT_TRUE(IsNeeded());
+    result.Compute(nullptr);
+    EXPECT_FALSE(IsNeeded());
+    const double ofTwo = result.GetSpectrum(result.GetMontage().GetChn(0))->GetValue(1);
+    // Fp1 against the mean of Fp1 and F3 is half of Fp1 − F3.
+    Use("half = +0.5*Fp1 -0.5*F3");
+    result.Compute(nullptr);
+    EXPECT_NEAR(ofTwo, result.GetSpectrum(result.GetMontage().GetChn(0))->GetValue(1), 1e-12 * ofTwo);
+    EXPECT_GT(std::abs(ofTwo - ofThree), 1e-3 * ofTwo);
 }
 
 TEST_F(Result, TheGenerationChangesWithEveryResetAndComputation) {
@@ -356,6 +466,63 @@ TEST_F(Result, ACursorOnASelectionsFirstSampleMovesOn) {
         cursor->GetSample(other.GetNextSelectionStart(cursor->GetStartRecTime()), Sample::Mode::Memory, 0));
     EXPECT_EQ(cursor->GetStartRecTime()->Seconds(), 2.125);
     const XTime* next = other.GetNextSelectionStart(cursor->GetStartRecTime());
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(*next, XTime::FromSeconds(6));
+}
+
+TEST_F(Result, ASelectionTooShortForAnEpochIsPassedOver) {
+    const auto file = test::SmallRecording(10, {{1, 0.5, "a"}, {3, 2.0, "a"}, {7, 0.8, "a"}});
+    SpectraMacro macro = test::SmallMacro();
+    macro.SetTimeIntervalSelectMode(Interval::ByStateEvents);
+    macro.SetAcceptStateList({"a"});
+    const SpectMacroResult other(macro, file.get(), nullptr);
+    const XTime* next = other.GetNextSelectionStart(nullptr);
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(*next, XTime::FromSeconds(3));
+    const XTime first = *next;
+    EXPECT_EQ(other.GetNextSelectionStart(&first), nullptr);
+}
+
+TEST_F(Result, AShortSegmentInsideALongOneHasNoEpochOfItsOwn) {
+    const auto file = test::SmallRecording(10, {{1, {}, "a"}, {4, 3.0, "bad"}});
+    SpectraMacro macro = test::SmallMacro("Hanning", 0);
+    macro.SetTimeIntervalSelectMode(Interval::BySpotEvents);
+    macro.SetAcceptSpotList({"a"});
+    macro.SetRejectEventsList({"bad"});
+    macro.SetTrgDurationMS(3000);
+    macro.SpotStepCount = 2;
+    macro.SpotStepInc = 2500; // 1 to 4 s, and 3.5 to 6.5 s, of which half a second is left
+    const SpectMacroResult other(macro, file.get(), nullptr);
+    const XTime* next = other.GetNextSelectionStart(nullptr);
+    ASSERT_NE(next, nullptr);
+    const XTime first = *next;
+    EXPECT_EQ(first, XTime::FromSeconds(1));
+    EXPECT_EQ(other.GetNextSelectionStart(&first), nullptr);
+}
+
+TEST_F(Result, ASelectionAsLongAsTheWindowHasAnEpochBetweenSamplesToo) {
+    const auto file = test::SmallRecording(10, {{2.06, 0.94, "a"}}); // 7.52 samples from sample 16.48 on
+    SpectraMacro macro = test::SmallMacro();
+    macro.SetFFTSeconds(0.94);
+    macro.SetTimeIntervalSelectMode(Interval::ByStateEvents);
+    macro.SetAcceptStateList({"a"});
+    const SpectMacroResult other(macro, file.get(), nullptr);
+    EXPECT_EQ(other.GetFFTCount(), 1u);
+    const XTime* next = other.GetNextSelectionStart(nullptr);
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(*next, XTime::FromSeconds(2.125));
+}
+
+TEST_F(Result, ASelectionBeyondTheFirstNIsPassedOver) {
+    result.GetMacro().SetTimeIntervalSelectMode(Interval::ByStateEvents);
+    result.GetMacro().SetAcceptStateList({"open"});
+    result.GetMacro().SetOverlapPerc(0);
+    result.GetMacro().SetEpochsSelMode(SpectraMacro::EpochsSelectionMode::FirstN);
+    result.GetMacro().SetNumEpochsToUse(3); // all in the first, 2 to 5 s
+    const XTime first = XTime::FromSeconds(2);
+    EXPECT_EQ(result.GetNextSelectionStart(&first), nullptr);
+    result.GetMacro().SetNumEpochsToUse(4);
+    const XTime* next = result.GetNextSelectionStart(&first);
     ASSERT_NE(next, nullptr);
     EXPECT_EQ(*next, XTime::FromSeconds(6));
 }

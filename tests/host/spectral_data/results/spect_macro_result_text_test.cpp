@@ -57,6 +57,20 @@ TEST_F(ResultTexts, ShortInfoIsOneLine) {
     EXPECT_EQ(ShortInfo(), "0.5 s, 50 %, Hanning, 39 epochs");
 }
 
+TEST_F(ResultTexts, InfosAreOfTheSpectraWhileThereAreSome) {
+    result.Compute(nullptr);
+    result.SetFFTSeconds(4);
+    result.SetDSPWindowStr("Hamming");
+    result.GetMacro().SetContrastValue(3);
+    EXPECT_EQ(ShortInfo(), "1 s, 50 %, Hanning, 19 epochs");
+    for (const char* expected : {"FFT window: 1 s\n", "Windowing: Hanning\n", "FFT samples: 8\n",
+                                 "Resolution: 1 Hz\n", "Epochs used: 19\n", "Contrast value: 3\n"}) {
+        EXPECT_NE(LongInfo().find(expected), std::string::npos) << expected;
+    }
+    result.ResetData();
+    EXPECT_EQ(ShortInfo(), "4 s, 50 %, Hamming, 4 epochs");
+}
+
 TEST_F(ResultTexts, ShortInfoKeepsThePointInEveryLocale) {
     const test::CommaNumerals comma;
     result.SetFFTSeconds(0.5);
