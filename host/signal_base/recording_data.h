@@ -51,7 +51,8 @@ struct StartTime {
 /// A recording as a reader hands it over.
 struct RecordingData {
     std::string path;
-    std::string format; ///< "EDF", "EDF+C", "EDF+D", "BDF", "BDF+C", "BDF+D", "BrainVision"
+    std::vector<std::string> files; ///< every file that was read, \p path included
+    std::string format;             ///< "EDF", "EDF+C", "EDF+D", "BDF", "BDF+C", "BDF+D", "BrainVision"
     std::string patient;
     std::string record;
     std::optional<StartTime> start;

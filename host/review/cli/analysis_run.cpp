@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/cli/analysis_run.h"
 
-#include "host/platform/console_gui.h"
+#include "host/review/cli/event_warnings.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/macro_keys.h"
+#include "host/review/cli/montage_choice.h"
+#include "host/review/cli/output.h"
+#include "host/review/cli/watch.h"
 #include "host/signal_base/recording.h"
 #include "host/spectral_data/results/errors.h"
 #include "spectra_contract/spect_globals.h"
@@ -11,8 +14,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <filesystem>
-#include <iostream>
 #include <map>
 
 namespace orvanta::cli {
@@ -30,36 +31,10 @@ bool NeedsPairs(SPECT::Entity::Type entity) {
     return entity == SPECT::Entity::Type::Coherence || entity == SPECT::Entity::Type::Phase;
 }
 
-/// Makes the montage current that an argument names: one of the list, or the first of a montage file.
-void ChooseMontage(EEGFileInfoType& recording, const std::string& argument) {
-    MontageList& list = *recording.GetMontageList();
-    if (list.Find(argument) == nullptr && std::filesystem::exists(argument)) {
-        std::size_t first = list.Size();
-        for (MontageType& montage : signal::ReadMontageFile(argument, *recording.GetTraceInfo())) {
-            first = std::min(first, list.Add(std::move(montage)));
-        }
-        recording.ChangeMntg(first, false);
-        return;
-    }
-    for (std::size_t i = 0; i < list.Size(); ++i) {
-        if (list.Get(i) == list.Find(argument)) {
-            recording.ChangeMntg(i, false);
-            return;
-        }
-    }
-    std::string names;
-    for (const auto& montage : list) {
-        names += (names.empty() ? "\"" : ", \"") + montage->GetName() + "\"";
-    }
-    throw UsageError(argument + ": no such montage (one of " + names + ", or a montage file)");
-}
-
-platform::ConsoleGui MakeGui(bool quiet, double seconds) {
-    platform::ConsoleGui::Options options;
-    options.terminal = !quiet && platform::ConsoleGui::StandardErrorIsTerminal();
-    options.work = seconds / 60;
-    options.work_unit = "min";
-    return {std::cerr, options};
+/// An empty name is an empty variable of a script more often than a wish.
+CLI::Validator IsNotEmpty() {
+    return {[](const std::string& name) { return name.empty() ? std::string("is empty") : std::string(); },
+            ""};
 }
 
 bool HasPair(const MontageType& montage) {
@@ -71,14 +46,21 @@ bool HasPair(const MontageType& montage) {
 
 void AnalysisArguments::AddTo(CLI::App& command) {
     command.add_option("FILE", file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")->required();
-    command.add_option("--montage", montage, "A montage's name (orvanta info lists them), or a montage file")
+    command
+        .add_option("--montage", montage,
+                    "A montage of the list in orvanta info, \"Reference NAME\", a montage file, or FILE:NAME")
         ->type_name("NAME");
     command.add_option("--entity", entity, "power (default), amplitude, coherence or phase")
-        ->check(CLI::Validator(CLI::IsMember({"power", "amplitude", "coherence", "phase"})).description(""))
+        ->transform(
+            CLI::Validator(CLI::IsMember({"power", "amplitude", "coherence", "phase"}, CLI::ignore_case))
+                .description(""))
         ->type_name("NAME");
-    command.add_option("--json", json, "Write everything as JSON; - for standard output")->type_name("OUT");
+    command.add_option("--json", json, "Write everything as JSON; - for standard output")
+        ->type_name("OUT")
+        ->check(IsNotEmpty());
     command.add_option("--csv", csv, "Write the band measures as CSV; - for standard output")
-        ->type_name("OUT");
+        ->type_name("OUT")
+        ->check(IsNotEmpty());
     command.add_option("--threads", threads, "Worker threads; 0 (default) for one per core")
         ->check(CLI::Validator(CLI::Range(0, 256)).description(""))
         ->type_name("N");
@@ -131,16 +113,31 @@ AnalysisRun::AnalysisRun(const AnalysisArguments& arguments)
     }
 }
 
-SpectMacroResult& AnalysisRun::Compute(const SpectraMacro& macro, const spectral::ComputeOptions& options,
-                                       const std::string& title) {
+std::vector<std::string> AnalysisRun::Inputs(const std::vector<std::string>& macroFiles) const {
+    std::vector<std::string> inputs = recording_->GetRecording()->Data().files;
+    for (const std::string& file : macroFiles) {
+        inputs.push_back(file);
+    }
+    inputs.push_back(MontageFileOf(*recording_, arguments_.montage));
+    std::erase(inputs, "");
+    return inputs;
+}
+
+SpectMacroResult& AnalysisRun::Compute(const SpectraMacro& macro, const std::string& macroFile,
+                                       const spectral::ComputeOptions& options, const std::string& title) {
+    WarnOfLabels(macro, *recording_->GetEventsManager());
     auto analysis = std::make_unique<SpectMacroResult>(macro, recording_.get(), nullptr);
     analysis->SetComputeOptions(options);
-    const platform::ConsoleGui gui = MakeGui(arguments_.quiet, recording_->GetRecording()->Time().Duration());
-    const std::unique_ptr<GenericProgress> progress = gui.CreateProgress(title);
+    // Numbers on the terminal and progress would run into each other.
+    const bool quiet = arguments_.quiet || arguments_.json == "-" || arguments_.csv == "-";
+    Watch watch(title, recording_->GetRecording()->Time().Duration() / 60, quiet);
     try {
-        analysis->Compute(progress.get());
+        if (!analysis->Compute(&watch)) {
+            throw Interrupted();
+        }
     } catch (const spectral::NothingComputable& cause) {
-        throw spectral::NothingComputable(arguments_.file, cause);
+        throw spectral::NothingComputable(
+            macroFile.empty() ? arguments_.file : arguments_.file + " with " + macroFile, cause);
     }
     manager_->push_back(analysis.get());
     return *analysis.release();

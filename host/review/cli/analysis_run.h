@@ -44,10 +44,13 @@ public:
 
     EEGFileInfoType& Recording() const { return *recording_; }
     SpectraMgr& Manager() { return *manager_; }
-    /// Appends an analysis with these settings and computes it, with progress on a terminal.
-    /// \throws NothingComputable, RecordingError, UsageError
-    SpectMacroResult& Compute(const SpectraMacro& macro, const spectral::ComputeOptions& options,
-                              const std::string& title);
+    /// Every file that is read, for CheckOutputs.
+    std::vector<std::string> Inputs(const std::vector<std::string>& macroFiles) const;
+    /// Appends an analysis with these settings and computes it, with progress on a terminal and warnings of
+    /// labels that the recording does not have. \param macroFile where the settings come from, for messages;
+    /// may be empty \throws NothingComputable, RecordingError, UsageError, Interrupted
+    SpectMacroResult& Compute(const SpectraMacro& macro, const std::string& macroFile,
+                              const spectral::ComputeOptions& options, const std::string& title);
 
 private:
     const AnalysisArguments& arguments_;

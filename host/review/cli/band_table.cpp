@@ -12,11 +12,6 @@ namespace {
 
 constexpr int kColumn = 9;
 
-int DecimalsOf(double value) {
-    const double size = std::fabs(value);
-    return size >= 1000 ? 0 : size >= 100 ? 1 : size >= 1 ? 2 : 4;
-}
-
 } // namespace
 
 std::vector<SPECT::Meas::Type> TableMeasures(SPECT::Entity::Type entity) {
@@ -57,8 +52,8 @@ std::string BandTable(const SpectraMgr& manager, const SpectMacroResult& analysi
         for (const TableBlock& block : blocks) {
             for (const unsigned band : bands) {
                 const double value = block.value(trace, band);
-                const bool free = block.decimals == TableBlock::kSignificant;
-                table += Pad(FixedText(value, free ? DecimalsOf(value) : block.decimals), -kColumn);
+                const bool free = block.decimals == TableBlock::kSignificant || std::fabs(value) >= 1e5;
+                table += Pad(' ' + (free ? CompactText(value) : FixedText(value, block.decimals)), -kColumn);
             }
         }
         table += "\n";

@@ -16,7 +16,7 @@ struct TableBlock {
     std::function<double(const Trace& trace, unsigned band)> value;
     int decimals = kSignificant;
 
-    /// As many decimals as keep about four significant digits.
+    /// As CompactText chooses.
     static constexpr int kSignificant = -1;
 };
 

@@ -3,6 +3,7 @@
 #include "host/review/cli/analysis_run.h"
 #include "host/review/cli/commands.h"
 #include "host/review/cli/comparison_report.h"
+#include "host/review/cli/event_warnings.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/spectral_data/results/errors.h"
@@ -26,14 +27,18 @@ int Compare(const CompareArguments& arguments) {
     options.statistics = true;
 
     AnalysisRun run(arguments);
-    const SpectMacroResult& main = run.Compute(mainMacro, options, "Computing the main analysis");
+    CheckOutputs({{"--json", arguments.json}, {"--csv", arguments.csv}},
+                 run.Inputs({arguments.main, arguments.secondary}));
+    const SpectMacroResult& main =
+        run.Compute(mainMacro, arguments.main, options, "Computing the main analysis");
     const SpectMacroResult& secondary =
-        run.Compute(secondaryMacro, options, "Computing the secondary analysis");
+        run.Compute(secondaryMacro, arguments.secondary, options, "Computing the secondary analysis");
     if (!spectral::AreComparable(*main.GetAnalysis(), *secondary.GetAnalysis())) {
         throw spectral::NothingComputable(arguments.main + " and " + arguments.secondary +
                                               ": their bins differ, so that nothing can be compared",
                                           "give both the same fft_seconds");
     }
+    WarnOfSharedTime(main, secondary, run.Recording());
     const Comparison comparison{run.Recording(), run.Manager(), main, secondary};
     if (!arguments.json.empty()) {
         WriteOutput(arguments.json, ToJson(comparison).dump() + "\n");

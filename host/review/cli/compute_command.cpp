@@ -24,6 +24,14 @@ struct ComputeArguments : AnalysisArguments {
     std::string spectra;
 };
 
+/// A spectra file is saved whole or not at all, which standard output cannot promise.
+CLI::Validator NamesAFile() {
+    return {[](const std::string& name) {
+                return name.empty() || name == "-" ? std::string("needs a file name") : std::string();
+            },
+            ""};
+}
+
 /// Events that are labelled bad and not left out are worth a word: people expect them gone.
 std::string RejectHint(const EEGFileInfoType& recording, const SpectraMacro& macro) {
     const std::set<std::string> rejected = macro.GetRejectEventsList();
@@ -41,7 +49,10 @@ std::string RejectHint(const EEGFileInfoType& recording, const SpectraMacro& mac
 int Compute(const ComputeArguments& arguments) {
     const SpectraMacro macro = MakeMacro(arguments.macro, arguments.assignments);
     AnalysisRun run(arguments);
-    const SpectMacroResult& analysis = run.Compute(macro, arguments.Options(), "Computing spectra");
+    CheckOutputs({{"--json", arguments.json}, {"--csv", arguments.csv}, {"--spectra", arguments.spectra}},
+                 run.Inputs({arguments.macro}));
+    const SpectMacroResult& analysis =
+        run.Compute(macro, arguments.macro, arguments.Options(), "Computing spectra");
 
     if (!arguments.json.empty()) {
         WriteOutput(arguments.json, ToJson(run.Recording(), run.Manager(), analysis, {}).dump() + "\n");
@@ -75,7 +86,8 @@ void AddCompute(CLI::App& app, Command& run) {
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     command->add_option("--spectra", arguments->spectra, "Write the spectra file (XML)")
-        ->type_name("OUT.xml");
+        ->type_name("OUT.xml")
+        ->check(NamesAFile());
     command->footer(KeyHelp());
     command->callback([&run, arguments] { run = [arguments] { return Compute(*arguments); }; });
 }

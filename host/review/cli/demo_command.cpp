@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // orvanta demo: a made-up recording for trying things out.
-#include "host/platform/console_gui.h"
 #include "host/review/cli/commands.h"
 #include "host/review/cli/demo_signal.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
+#include "host/review/cli/watch.h"
 #include "host/signal_base/edf/edf_writer.h"
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 
 namespace orvanta::cli {
 
 namespace {
+
+constexpr const char* kPatient = "X X X Demo";
 
 struct DemoArguments {
     std::string out = "demo.edf";
@@ -23,7 +26,7 @@ struct DemoArguments {
 
 signal::EdfWriterHeader HeaderOf(const DemoSignal& demo, unsigned rate) {
     signal::EdfWriterHeader header;
-    header.patient = "X X X Demo";
+    header.patient = kPatient;
     header.start = signal::StartTime{2026, 1, 5, 9, 0, 0, 0};
     header.record_count = demo.Seconds();
     for (const std::string& label : demo.Labels()) {
@@ -36,14 +39,26 @@ signal::EdfWriterHeader HeaderOf(const DemoSignal& demo, unsigned rate) {
     return header;
 }
 
+/// A recording is worth more than a demo: only another demo, or nothing, may be replaced.
+void RequireReplaceable(const std::string& path) {
+    if (path.empty() || path == "-") {
+        throw UsageError("--out: needs a file name (such as demo.edf)");
+    }
+    std::error_code none;
+    if (!std::filesystem::is_regular_file(path, none) || std::filesystem::file_size(path, none) == 0) {
+        return;
+    }
+    std::string head(88, ' ');
+    std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
+    if (head.find(kPatient) != 8) {
+        throw UsageError(path + ": exists and is no demo recording (choose another name with --out)");
+    }
+}
+
 int Demo(const DemoArguments& arguments) {
     DemoSignal demo(arguments.parameters);
-    platform::ConsoleGui::Options options;
-    options.terminal = platform::ConsoleGui::StandardErrorIsTerminal();
-    options.work = static_cast<double>(demo.Seconds()) / 60;
-    options.work_unit = "min";
-    const platform::ConsoleGui gui(std::cerr, options);
-    const std::unique_ptr<GenericProgress> progress = gui.CreateProgress("Writing " + arguments.out);
+    RequireReplaceable(arguments.out);
+    Watch watch("Writing " + arguments.out, static_cast<double>(demo.Seconds()) / 60, false);
 
     signal::EdfWriter writer(arguments.out, HeaderOf(demo, arguments.parameters.rate_hz));
     std::vector<std::vector<double>> samples;
@@ -56,8 +71,9 @@ int Demo(const DemoArguments& arguments) {
         }
         demo.NextSecond(samples);
         writer.WriteRecord(samples, inThisSecond);
-        if (progress && second % 10 == 0) {
-            progress->SetPosition(static_cast<double>(second) / static_cast<double>(demo.Seconds()));
+        watch.SetPosition(static_cast<double>(second + 1) / static_cast<double>(demo.Seconds()));
+        if (watch.IsCancelled()) {
+            throw Interrupted();
         }
     }
     writer.Finish();
@@ -77,7 +93,7 @@ void AddDemo(CLI::App& app, Command& run) {
     command->add_option("--out", arguments->out, "EDF+ file to write (default demo.edf)")
         ->type_name("FILE.edf");
     command->add_option("--minutes", parameters.minutes, "Length (default 5)")
-        ->check(CLI::Validator(CLI::Range(1.0 / 60, 7.0 * 24 * 60)).description(""))
+        ->check(CLI::Validator(CLI::Range(0.02, 7.0 * 24 * 60)).description(""))
         ->type_name("M");
     command->add_option("--channels", parameters.channels, "Electrodes (default 19, the 10-20 system)")
         ->check(CLI::Validator(CLI::Range(1u, 512u)).description(""))

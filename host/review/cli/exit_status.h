@@ -10,7 +10,8 @@ namespace orvanta::cli {
 enum ExitStatus : int {
     kDone = 0,
     kNothingComputable = 1,
-    kRefused = 2, ///< bad usage, or a file that was refused
+    kRefused = 2,       ///< bad usage, or a file that was refused
+    kInterrupted = 130, ///< the user asked to stop, as shells report it
 };
 
 /// A command that was called wrongly, or an input or output that failed: one line "WHAT: reason (remedy)".

@@ -56,7 +56,12 @@ std::string StartText(const signal::RecordingData& data) {
     const signal::StartTime& t = *data.start;
     std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d", t.year, t.month, t.day, t.hour,
                   t.minute, t.second);
-    return text.data();
+    std::string start = text.data();
+    if (t.microsecond != 0) {
+        std::snprintf(text.data(), text.size(), ".%06d", t.microsecond);
+        start += text.data();
+    }
+    return start;
 }
 
 Json PositionToJson(const SensorType& sensor) {
@@ -86,7 +91,7 @@ Json ToJson(const EEGFileInfoType& recording) {
     json["duration_s"] = opened.Time().Duration();
     const std::string start = StartText(opened.Data());
     json["start"] = start.empty() ? Json(nullptr) : Json(start);
-    json["rate_hz"] = opened.Rate();
+    json["rate_hz"] = opened.Rate() > 0 ? Json(opened.Rate()) : Json(nullptr);
     json["sensors"] = Json::array();
     for (const auto& sensor : opened.Sensors()) {
         json["sensors"].push_back({{"name", sensor->GetName()},

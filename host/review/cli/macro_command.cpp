@@ -3,6 +3,7 @@
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/macro_keys.h"
+#include "host/spectral_data/settings/tapers.h"
 #include "spectra_contract/spectra_macro.h"
 
 #include <CLI/CLI.hpp>
@@ -55,7 +56,13 @@ int ShowMacro(const MacroArguments& arguments) {
 }
 
 int CheckMacro(const MacroArguments& arguments) {
-    LoadMacro(arguments);
+    try {
+        spectral::FindTaper(LoadMacro(arguments).GetDSPWindowStr());
+    } catch (const UsageError&) {
+        throw;
+    } catch (const std::exception& reason) {
+        throw UsageError(arguments.file + ": " + reason.what());
+    }
     std::printf("%s: a sound macro file\n", arguments.file.c_str());
     return kDone;
 }

@@ -54,16 +54,17 @@ std::string TaperFromUser(std::string_view text) {
 std::set<std::string> Labels(std::string_view text) {
     std::set<std::string> labels;
     std::string label;
+    const auto take = [&] { labels.insert(std::string(signal::Trim(std::exchange(label, {})))); };
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\\' && i + 1 < text.size() && text[i + 1] == ',') {
             label += text[++i];
         } else if (text[i] == ',') {
-            labels.insert(std::exchange(label, {}));
+            take();
         } else {
             label += text[i];
         }
     }
-    labels.insert(label);
+    take();
     labels.erase("");
     return labels;
 }

@@ -11,8 +11,8 @@
 
 namespace orvanta::cli {
 
-/// Applies "KEY=VALUE". Lists are comma-separated ("\," stands for a comma in a label).
-/// \throws UsageError that names the key, the value and what is allowed
+/// Applies "KEY=VALUE". Lists are comma-separated, blanks around a label do not count ("\," stands for a
+/// comma in a label). \throws UsageError that names the key, the value and what is allowed
 void SetKey(SpectraMacro& macro, const std::string& assignment);
 
 /// Every key with its value, in a fixed order: numbers as numbers, lists as arrays, modes by name.

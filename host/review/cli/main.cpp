@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/platform/interrupts.h"
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
+#include "host/review/cli/watch.h"
 #include "host/signal_base/recording_error.h"
 #include "host/spectral_data/results/errors.h"
 
@@ -8,6 +10,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <string>
 
 namespace {
 
@@ -42,10 +45,18 @@ int main(int argc, char** argv) {
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {
-        return Fail(kRefused, (std::string(error.what()) + " (see orvanta --help)").c_str());
+        std::string command = "orvanta";
+        for (const CLI::App* sub = &app; !sub->get_subcommands().empty();) {
+            sub = sub->get_subcommands().front();
+            command += " " + sub->get_name();
+        }
+        return Fail(kRefused, (std::string(error.what()) + " (see " + command + " --help)").c_str());
     }
+    orvanta::platform::CatchInterrupts();
     try {
         return run();
+    } catch (const Interrupted& interrupted) {
+        return Fail(kInterrupted, interrupted.what());
     } catch (const orvanta::spectral::NothingComputable& error) {
         return Fail(kNothingComputable, error.what());
     } catch (const std::exception& error) {

@@ -9,8 +9,41 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 namespace orvanta::cli {
+
+namespace {
+
+bool SameFile(const std::string& a, const std::string& b) {
+    std::error_code none;
+    return std::filesystem::equivalent(a, b, none) ||
+           std::filesystem::absolute(a, none).lexically_normal() ==
+               std::filesystem::absolute(b, none).lexically_normal();
+}
+
+} // namespace
+
+void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs) {
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        const std::string& target = outputs[i].target;
+        if (target.empty()) {
+            continue;
+        }
+        for (const std::string& input : inputs) {
+            if (target != "-" && SameFile(target, input)) {
+                throw UsageError(target + ": is read by this command and cannot be written too (give " +
+                                 outputs[i].option + " another name)");
+            }
+        }
+        for (std::size_t j = 0; j < i; ++j) {
+            if (!outputs[j].target.empty() && SameFile(target, outputs[j].target)) {
+                throw UsageError(target + ": is named by " + outputs[j].option + " and by " +
+                                 outputs[i].option + " (give each its own name)");
+            }
+        }
+    }
+}
 
 void WriteOutput(const std::string& target, std::string_view text) {
     if (target != "-") {
@@ -27,10 +60,26 @@ std::string FixedText(double value, int decimals) {
         return "n/a";
     }
     std::array<char, 400> buffer;
+    // What rounds to zero has no sign.
+    if (std::fabs(value) < 0.5 * std::pow(10.0, -decimals)) {
+        value = 0;
+    }
     const auto end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals)
             .ptr;
     return {buffer.data(), end};
+}
+
+std::string CompactText(double value) {
+    const double size = std::fabs(value);
+    if (std::isfinite(value) && size != 0 && (size >= 1e5 || size < 1e-3)) {
+        std::array<char, 32> buffer;
+        const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::scientific, 1)
+                             .ptr;
+        return {buffer.data(), end};
+    }
+    return FixedText(value, size >= 1000 ? 0 : size >= 100 ? 1 : size >= 1 ? 2 : 4);
 }
 
 std::string DurationText(double seconds) {

@@ -5,8 +5,18 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvanta::cli {
+
+/// An option that names a file to write, and what it was given.
+struct OutputOption {
+    const char* option;
+    std::string target; ///< empty: not asked for
+};
+
+/// Refuses outputs that would replace one of the inputs or each other. \throws UsageError
+void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs);
 
 /// Writes text to standard output for "-", else to a file that is either the old or the new one, whole.
 /// \throws UsageError or std::runtime_error "FILE: reason (remedy)"
@@ -14,6 +24,10 @@ void WriteOutput(const std::string& target, std::string_view text);
 
 /// Fixed number of decimals, locale-free; "n/a" when not finite.
 std::string FixedText(double value, int decimals);
+
+/// At most eight columns that keep about three significant digits, with an exponent where they need one;
+/// "n/a" when not finite.
+std::string CompactText(double value);
 
 /// "h:mm:ss" of a whole number of seconds, rounded to nearest.
 std::string DurationText(double seconds);

@@ -113,6 +113,10 @@ RecordingData ReadBrainVision(const std::string& file) {
     RecordingData recording = brainvision::Assemble(std::move(header), markers, markerName,
                                                     std::move(dataFile), std::move(repairs));
     recording.path = headerPath.string();
+    recording.files = {headerPath.string(), data->string()};
+    if (markerFile) {
+        recording.files.push_back(markerFile->string());
+    }
     return recording;
 }
 

@@ -146,6 +146,7 @@ RecordingData ReadEdf(const std::string& path) {
     ReportRecords(*file, header, records, repairs);
 
     data.path = path;
+    data.files = {path};
     data.format = header.FormatName();
     data.patient = header.patient;
     data.record = header.record;

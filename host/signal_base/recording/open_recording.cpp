@@ -57,6 +57,7 @@ std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
     const std::string table = EventsTableOf(path);
     if (!table.empty()) {
         try {
+            data.files.push_back(table);
             ReadEventsTsv(table, data.annotations, data.repairs);
         } catch (const RecordingError& error) {
             data.repairs.push_back(std::string("events table left out: ") + error.what());

@@ -8,6 +8,7 @@ import csv
 import io
 import json
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -89,6 +90,77 @@ class Usage(CommandLineTest):
     def test_an_unwritable_output_is_refused(self):
         result = self.orvanta("compute", self.demo, "--json", self.folder / "no" / "such" / "out.json")
         self.assert_refused(result, r"^orvanta: .+out\.json: .+ \(.+\)$")
+
+
+class Outputs(CommandLineTest):
+    """What is read, and what is written already, is never replaced."""
+
+    def test_the_recording_is_not_written_over(self):
+        before = self.demo.read_bytes()
+        for option in ("--json", "--csv", "--spectra"):
+            with self.subTest(option=option):
+                result = self.orvanta("compute", self.demo, option, self.demo)
+                self.assert_refused(result, rf"demo\.edf: is read by this command .*{option}")
+                self.assertEqual(self.demo.read_bytes(), before)
+
+    def test_a_link_to_the_recording_is_not_written_over(self):
+        link = self.folder / "link.json"
+        link.symlink_to(self.demo)
+        self.assert_refused(self.orvanta("compute", self.demo, "--json", link), r"is read by this command")
+
+    def test_the_macro_is_not_written_over(self):
+        macro = self.macro("m.smx")
+        result = self.orvanta("compute", self.demo, "--macro", macro, "--json", macro)
+        self.assert_refused(result, r"m\.smx: is read by this command")
+
+    def test_the_montage_file_is_not_written_over(self):
+        montage = self.folder / "mine.txt"
+        montage.write_text("back = +O1 -O2\n")
+        result = self.orvanta("compute", self.demo, "--montage", montage, "--csv", montage)
+        self.assert_refused(result, r"mine\.txt: is read by this command")
+
+    def test_the_events_table_is_not_written_over(self):
+        recording = self.folder / "night.edf"
+        recording.write_bytes(self.demo.read_bytes())
+        table = self.folder / "night_events.tsv"
+        table.write_text("onset\tduration\ttrial_type\n1\t2\tspindle\n")
+        self.assert_refused(self.orvanta("compute", recording, "--csv", table), r"events\.tsv: is read")
+
+    def test_two_outputs_need_two_names(self):
+        out = self.folder / "out"
+        result = self.orvanta("compute", self.demo, "--json", out, "--csv", out)
+        self.assert_refused(result, r"out: is named by --json and by --csv")
+
+    def test_standard_output_takes_one(self):
+        self.assert_refused(self.orvanta("compute", self.demo, "--json", "-", "--csv", "-"), r"^orvanta: -: is named")
+
+    def test_an_empty_name_is_refused(self):
+        for option in ("--json", "--csv", "--spectra"):
+            with self.subTest(option=option):
+                self.assert_refused(self.orvanta("compute", self.demo, option, ""), option)
+
+    def test_a_demo_replaces_no_other_recording(self):
+        other = self.folder / "patient.edf"
+        head = bytearray(self.demo.read_bytes())
+        head[8:88] = b"X F 02-MAR-1951 Someone".ljust(80)
+        other.write_bytes(head)
+        self.assert_refused(self.orvanta("demo", "--out", other), r"patient\.edf: exists and is no demo recording")
+        self.assertEqual(other.read_bytes(), bytes(head))
+
+    def test_a_demo_replaces_a_demo(self):
+        again = self.folder / "demo.edf"
+        again.write_bytes(self.demo.read_bytes())
+        self.assertEqual(self.orvanta("demo", "--out", again, "--minutes", "1").returncode, 0)
+
+    def test_an_interrupt_leaves_nothing_behind(self):
+        arguments = [ORVANTA, "demo", "--out", self.folder / "long.edf", "--minutes", "600", "--channels", "64"]
+        process = subprocess.Popen(arguments, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        while not list(self.folder.iterdir()):
+            self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGINT)
+        errors = process.communicate(timeout=60)[1]
+        self.assertEqual((process.returncode, errors), (130, "orvanta: interrupted (nothing was written)\n"))
+        self.assertEqual(list(self.folder.iterdir()), [])
 
 
 class Info(CommandLineTest):
@@ -214,6 +286,30 @@ class Compute(CommandLineTest):
         result = self.compute("--montage", montage)
         self.assertEqual([channel["name"] for channel in result["channels"]], ["back"])
 
+    def test_another_montage_of_the_file_is_taken_by_name(self):
+        montage = self.folder / "mine.txt"
+        montage.write_text("[Mine]\nback = +O1 -O2\n[Front]\nfront = +Fp1 -Fp2\n")
+        result = self.compute("--montage", f"{montage}:Front")
+        self.assertEqual([channel["name"] for channel in result["channels"]], ["front"])
+
+    def test_any_electrode_can_be_the_reference(self):
+        result = self.compute("--montage", "Reference F3")
+        self.assertEqual(result["montage"], "Reference F3")
+        self.assertIn("O1-F3", [channel["name"] for channel in result["channels"]])
+
+    def test_a_label_that_the_recording_lacks_is_a_warning(self):
+        result = self.orvanta("compute", self.demo, "--quiet", "--set", "mode=states",
+                              "--set", "states=eyes closed,eyes shut", "--set", "reject=bad blnk")
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(result.stderr.splitlines(),
+                         ['orvanta: warning: the recording has no state event "eyes shut"',
+                          'orvanta: warning: the recording has no event to reject "bad blnk"'])
+
+    def test_a_label_of_the_other_class_is_told(self):
+        result = self.orvanta("compute", self.demo, "--set", "mode=states", "--set", "states=tone")
+        self.assertIn('no state event "tone", but spot events of that name', result.stderr)
+        self.assertEqual(result.returncode, 1)
+
     def test_csv_is_long_form(self):
         result = self.orvanta("compute", self.demo, "--csv", "-")
         rows = list(csv.DictReader(io.StringIO(result.stdout)))
@@ -258,6 +354,19 @@ class Compare(CommandLineTest):
         self.assertLess(back["p"][alpha], 0.001)
         self.assertGreater(back["ratio"][alpha], 3)
 
+    def test_shared_time_is_a_warning(self):
+        macro = self.macro("all.smx")
+        closed = self.macro("closed.smx", "mode=states", "states=eyes closed")
+        result = self.orvanta("compare", self.demo, "--main", macro, "--secondary", closed, "--quiet")
+        self.assertRegex(result.stderr, r"^orvanta: warning: the two analyses share 30\.0 s of the recording; p .+\n$")
+
+    def test_the_side_without_epochs_is_named(self):
+        macro = self.macro("all.smx")
+        none = self.macro("none.smx", "fft_seconds=300")
+        result = self.orvanta("compare", self.demo, "--main", macro, "--secondary", none)
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stderr, r"demo\.edf with .*none\.smx: ")
+
     def test_phase_has_no_p(self):
         result = json.loads(self.compared("--json", "-", "--entity", "phase", "--montage", "Longitudinal bipolar"))
         self.assertEqual(set(result["channels"][0]["p"]), {None})
@@ -281,6 +390,11 @@ class Macro(CommandLineTest):
         path = self.folder / "broken.smx"
         path.write_text("<nonsense")
         self.assert_refused(self.orvanta("macro", "check", path), r"broken\.smx: .+ \(.+\)$")
+
+    def test_check_refuses_an_unknown_window(self):
+        path = self.macro("m.smx")
+        path.write_text(path.read_text().replace("Hanning", "Nix"))
+        self.assert_refused(self.orvanta("macro", "check", path), r"m\.smx: .*Nix")
 
     def test_new_does_not_overwrite(self):
         path = self.macro("m.smx")

@@ -57,6 +57,9 @@ TEST(MacroKeys, LabelsAreSplitAtCommas) {
 TEST(MacroKeys, LabelsKeepTheirBlanks) {
     EXPECT_EQ(After("states=eyes closed", "states"), "states=eyes closed");
 }
+TEST(MacroKeys, BlanksAroundLabelsDoNotCount) {
+    EXPECT_EQ(After("states= a , b", "states"), "states=a,b");
+}
 TEST(MacroKeys, ACommaInALabelIsEscaped) {
     EXPECT_EQ(After("reject=a\\,b,c", "reject"), "reject=a\\,b,c");
 }

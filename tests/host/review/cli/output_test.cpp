@@ -20,6 +20,26 @@ TEST(FixedText, NaNIsNotANumberText) {
     EXPECT_EQ(FixedText(kNaN, 2), "n/a");
 }
 
+TEST(FixedText, WhatRoundsToZeroHasNoSign) {
+    EXPECT_EQ(FixedText(-0.004, 2), "0.00");
+}
+TEST(FixedText, KeepsTheSignOfWhatDoesNot) {
+    EXPECT_EQ(FixedText(-0.006, 2), "-0.01");
+}
+
+TEST(CompactText, KeepsEightColumns) {
+    const std::vector<std::pair<double, std::string>> texts = {
+        {0, "0.0000"},       {0.5, "0.5000"},       {12.345, "12.35"},   {123.45, "123.5"}, {99999, "99999"},
+        {123456, "1.2e+05"}, {-4.6e10, "-4.6e+10"}, {0.0004, "4.0e-04"}, {kNaN, "n/a"}};
+    for (const auto& [value, text] : texts) {
+        EXPECT_EQ(CompactText(value), text);
+    }
+}
+
+TEST(CsvLine, QuotesWhatNeedsIt) {
+    EXPECT_EQ(CsvLine({"a", "b,c", "say \"d\"", ""}), "a,\"b,c\",\"say \"\"d\"\"\",\n");
+}
+
 TEST(DurationText, ShowsHoursMinutesSeconds) {
     EXPECT_EQ(DurationText(3725.4), "1:02:05");
 }
