@@ -113,7 +113,8 @@ public:
     MontageType* Find(const std::string& name) const;
     /// The "as recorded" montage; never null.
     MontageType* GetUniMtg() const;
-    /// The reference montage (every electrode against a chosen one); never null.
+    /// The reference montage (every electrode against a chosen one), or "as recorded" where none can be made;
+    /// never null.
     MontageType* GetRefMtg() const;
     /// Appends a user montage and returns its index. A user montage of the same name (case ignored) is
     /// replaced; one that is named as a standard montage gets " (user)" behind its name.

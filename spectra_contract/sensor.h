@@ -72,7 +72,8 @@ public:
 
     /// Acquisition rate in Hz as recorded.
     double GetRateHz() const;
-    /// Unit of the values that analyses get: "µV" for every voltage, else the recorded unit.
+    /// Unit of the values that analyses get: "µV" for every voltage, "raw" for values that the file gives no
+    /// usable calibration for, else the recorded unit.
     const std::string& GetUnit() const;
     bool IsEeg() const { return (GetType() & Sensor::EegFamily) == Sensor::EegFamily; }
     /// Name and standard 10-05 position, with Known false when the name has none.
@@ -86,7 +87,7 @@ public:
     const std::string& GetRecordedLabel() const;
     /// Index of the sensor among the recording's signals, in file order.
     std::size_t GetSignalIndex() const;
-    /// A sensor marked bad takes no part in average references.
+    /// A sensor marked bad takes no part in average references; neither does one in raw values.
     bool IsBad() const;
     void SetBad(bool bad);
 

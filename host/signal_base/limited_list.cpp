@@ -20,4 +20,13 @@ void LimitedList::Add(const std::string& text) {
     }
 }
 
+std::string NameList(const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 8;
+    std::string text;
+    for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
+        text += (i == 0 ? "" : ", ") + names[i];
+    }
+    return names.size() <= kMost ? text : text + " and " + std::to_string(names.size() - kMost) + " more";
+}
+
 } // namespace orvanta::signal

@@ -30,4 +30,7 @@ private:
     std::size_t count_ = 0;
 };
 
+/// "Fp1, F3, C3" of at least one name; of more than eight the first eight "and N more".
+std::string NameList(const std::vector<std::string>& names);
+
 } // namespace orvanta::signal

@@ -40,7 +40,8 @@ public:
     const Timeline& Time() const;
     /// Where an EEG sensor's samples are. \throws std::invalid_argument for a sensor of another kind
     SensorSamples Samples(const SensorType& sensor) const;
-    /// Repairs of the file, of the labels and units, and of the events table.
+    /// Repairs of the file, of the labels and units, and of the events table, and remarks on what the numbers
+    /// depend on: different references, resampled sensors.
     const std::vector<std::string>& Repairs() const;
     /// The sensors, in file order.
     const std::vector<std::shared_ptr<SensorType>>& Sensors() const;

@@ -14,22 +14,18 @@ struct Prefix {
     std::string_view normal;
 };
 
-// Micro: the letter u, U+00B5, U+03BC, U+00B5 encoded twice, U+FFFD and "?" where a conversion lost it.
-constexpr std::array kPrefixes = {Prefix{"", "V"},
-                                  Prefix{"m", "mV"},
-                                  Prefix{"milli", "mV"},
-                                  Prefix{"n", "nV"},
-                                  Prefix{"nano", "nV"},
-                                  Prefix{"u", "µV"},
-                                  Prefix{"micro", "µV"},
-                                  Prefix{"\u00B5", "µV"},
-                                  Prefix{"\u03BC", "µV"},
-                                  Prefix{"\u039C", "µV"},
-                                  Prefix{"\u00C2\u00B5", "µV"},
-                                  Prefix{"\uFFFD", "µV"},
-                                  Prefix{"\uFFFD\uFFFD", "µV"},
-                                  Prefix{"?", "µV"},
-                                  Prefix{"??", "µV"}};
+// Micro: the letter u, U+00B5, U+03BC, U+00B5 encoded twice or half of that, the byte 0xE6 (micro in the code
+// pages 437 and 850) read as Latin-1, U+FFFD and "?" where a conversion lost it.
+constexpr std::array kPrefixes = {Prefix{"", "V"},        Prefix{"m", "mV"},
+                                  Prefix{"milli", "mV"},  Prefix{"n", "nV"},
+                                  Prefix{"nano", "nV"},   Prefix{"u", "µV"},
+                                  Prefix{"micro", "µV"},  Prefix{"mu", "µV"},
+                                  Prefix{"mc", "µV"},     Prefix{"mk", "µV"},
+                                  Prefix{"\u00C2", "µV"}, Prefix{"\u00E6", "µV"},
+                                  Prefix{"\u00B5", "µV"}, Prefix{"\u03BC", "µV"},
+                                  Prefix{"\u039C", "µV"}, Prefix{"\u00C2\u00B5", "µV"},
+                                  Prefix{"\uFFFD", "µV"}, Prefix{"\uFFFD\uFFFD", "µV"},
+                                  Prefix{"?", "µV"},      Prefix{"??", "µV"}};
 
 constexpr std::array<std::string_view, 3> kVolts = {"volts", "volt", "v"};
 

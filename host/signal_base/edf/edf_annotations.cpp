@@ -2,7 +2,7 @@
 #include "host/signal_base/edf/edf_annotations.h"
 
 #include "host/signal_base/edf/annotation_list.h"
-#include "host/signal_base/edf/number_words.h"
+#include "host/signal_base/number_words.h"
 #include "host/signal_base/text_encoding.h"
 
 #include <algorithm>

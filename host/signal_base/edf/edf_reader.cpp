@@ -3,8 +3,8 @@
 #include "host/signal_base/edf/edf_header.h"
 #include "host/signal_base/edf/edf_source.h"
 #include "host/signal_base/edf/edf_start.h"
-#include "host/signal_base/edf/number_words.h"
 #include "host/signal_base/edf/range_check.h"
+#include "host/signal_base/number_words.h"
 #include "host/signal_base/unique_labels.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/edf/range_check.h"
 
-#include "host/signal_base/edf/number_words.h"
+#include "host/signal_base/number_words.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,6 +2,7 @@
 #include "host/signal_base/montage/bipolar_chains.h"
 
 #include "host/signal_base/montage/builders.h"
+#include "host/signal_base/sensors/references.h"
 
 namespace orvanta::signal {
 
@@ -30,7 +31,7 @@ MontageType Link(const char* name, const std::vector<Chain>& chains, const Senso
             if (next == nullptr) {
                 continue;
             }
-            if (last != nullptr && at - lastAt <= 2) {
+            if (last != nullptr && at - lastAt <= 2 && Comparable(*last, *next)) {
                 channels.push_back(MakeDifference(*last, *next));
             }
             last = next;

@@ -13,16 +13,20 @@ using Sensors = std::vector<std::shared_ptr<SensorType>>;
 
 /// Every EEG sensor as it was recorded, labelled with its recorded reference where the label tells.
 MontageType AsRecordedMontage(const Sensors& sensors);
-/// Every other electrode against \p reference; empty without electrodes.
+/// Every other electrode against \p reference, those left out that cannot be compared with it; empty for
+/// null.
 MontageType ReferenceMontage(const Sensors& sensors, const SensorType* reference);
-/// Cz when recorded, else Fz or Pz, else the first electrode that is no ear; null without electrodes.
+/// Cz when recorded, else Fz or Pz, else the first electrode that is no ear, among those recorded against the
+/// reference of most; null without electrodes.
 const SensorType* DefaultReference(const Sensors& sensors);
 /// Every electrode against the mean of all that are not marked bad. Contacts inside the skull take part only
-/// when there is no electrode on the scalp.
+/// when there is no electrode on the scalp, electrodes recorded against another reference than most and those
+/// in raw values not at all; empty when no reference is that of most.
 MontageType AverageMontage(const Sensors& sensors);
 
 /// All montages that can be made, in this order: as recorded; longitudinal bipolar; transverse bipolar;
-/// average reference; reference; linked ears; linked mastoids. As recorded and reference are always there.
+/// average reference; reference; linked ears; linked mastoids. As recorded is always there, and serves as the
+/// reference montage where none can be made.
 std::unique_ptr<MontageList> StandardMontages(const Sensors& sensors);
 
 } // namespace orvanta::signal

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/recording.h"
 
+#include "host/signal_base/limited_list.h"
+#include "host/signal_base/number_words.h"
 #include "host/signal_base/recording/resampled_source.h"
 #include "host/signal_base/recording_error.h"
 #include "host/signal_base/sensors/classify.h"
 
 #include <algorithm>
+#include <map>
 #include <stdexcept>
 
 namespace orvanta::signal {
@@ -49,6 +52,21 @@ std::shared_ptr<const BlockSource> AtOneRate(const RecordingData& data, const Se
     return data.source;
 }
 
+/// A line for each rate that is brought to a higher one.
+void ReportResampling(const SensorVector& sensors, double rate_hz, std::vector<std::string>& remarks) {
+    std::map<double, std::vector<std::string>> slower;
+    for (const auto& sensor : sensors) {
+        if (sensor->IsEeg() && sensor->GetRateHz() < rate_hz) {
+            slower[sensor->GetRateHz()].push_back(sensor->GetName());
+        }
+    }
+    LimitedList list(remarks, "");
+    for (const auto& [rate, names] : slower) {
+        list.Add(NameList(names) + ": " + HertzText(rate) + " resampled to " + HertzText(rate_hz) +
+                 "; bins above " + HertzText(rate / 2) + " are empty");
+    }
+}
+
 Timeline LayOutTime(const RecordingData& data, const BlockSource& source, const SensorType* sensor) {
     if (sensor == nullptr) {
         return {};
@@ -89,6 +107,7 @@ Recording::Recording(RecordingData data) : impl_(std::make_unique<Impl>()) {
         Fastest(impl_->sensors, [](const SensorType& sensor) { return sensor.IsEeg(); });
     impl_->source = AtOneRate(found, impl_->sensors, fastest);
     impl_->rate = fastest == nullptr ? 0 : fastest->GetRateHz();
+    ReportResampling(impl_->sensors, impl_->rate, found.repairs);
     if (fastest == nullptr) {
         fastest = Fastest(impl_->sensors, [](const SensorType& sensor) {
             return sensor.IsSignal() && sensor.GetRateHz() > 0;

@@ -170,11 +170,7 @@ std::optional<Contact> ParseContact(std::string_view name) {
     if (stem.empty() || !letters || !IsNumber(number) || number.size() > 3) {
         return std::nullopt;
     }
-    const auto value = static_cast<unsigned>(*ParseWhole(number));
-    if (value == 0) {
-        return std::nullopt;
-    }
-    return Contact{LowerCase(Trim(stem)), value};
+    return Contact{LowerCase(Trim(stem)), static_cast<unsigned>(*ParseWhole(number))};
 }
 
 } // namespace orvanta::signal

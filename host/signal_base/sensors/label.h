@@ -38,7 +38,7 @@ struct Contact {
     std::string stem;
     unsigned number = 0;
 };
-/// Nothing when the name is not letters and then a number from 1 to 999.
+/// Nothing when the name is not letters and then a number from 0 to 999.
 ORVANTA_API std::optional<Contact> ParseContact(std::string_view name);
 
 } // namespace orvanta::signal

@@ -8,7 +8,7 @@ struct SensorType::Impl {
     ElectInfo elect; ///< its name is the sensor's
     std::uint32_t type = Sensor::OtherSignal;
     double rateHz = 0;
-    std::string unit;
+    std::string unit; ///< kRawUnit for values without calibration
     std::string electrode;
     std::string reference;
     std::string recordedLabel;

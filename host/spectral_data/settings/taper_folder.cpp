@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window functions that are at hand.
 #include "host/platform/module_path.h"
-#include "host/signal_base/recording_error.h"
 #include "host/signal_base/text.h"
 #include "host/spectral_data/settings/tapers.h"
 #include "spectra_contract/file_path.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 
 namespace orvanta::spectral {
 
@@ -72,8 +72,13 @@ Taper FindTaper(const std::string& name) {
                              [&](const auto& file) { return signal::SameText(file.stem().string(), name); });
     }
     if (found == files.end()) {
-        throw signal::RecordingError(GetTaperFolder(), "there is no window function \"" + name + "\"",
-                                     "choose another one or add the file " + name + ".wnd");
+        std::string names;
+        for (const std::filesystem::path& file : files) {
+            names += (names.empty() ? "one of " : ", ") + file.stem().string();
+        }
+        throw std::runtime_error("there is no window function \"" + name + "\" (" +
+                                 (names.empty() ? "put its .wnd file into " + GetTaperFolder() : names) +
+                                 ")");
     }
     return Taper::Load(found->string());
 }

@@ -48,7 +48,8 @@ ORVANTA_API void SetTaperFolder(const std::string& folder);
 /// cannot be read.
 ORVANTA_API std::vector<std::string> ListTapers();
 /// The window function named \p name, case ignored; of several that differ in case only the one written like
-/// \p name, else the first. \throws std::runtime_error when there is none or it cannot be read
+/// \p name, else the first. \throws std::runtime_error: 'there is no window function "NAME" (one of NAMES)',
+/// or as Taper::Load
 ORVANTA_API Taper FindTaper(const std::string& name);
 
 } // namespace orvanta::spectral

@@ -105,7 +105,7 @@ TEST(ParseWhole, RefusesFractionsAndOverflow) {
 
 TEST(NormalUnit, WritesEverySpellingOfMicrovoltOneWay) {
     for (const char* unit : {"uV", "UV", "uv", " µV ", "\u03BCV", "µv", "microvolt", "MicroVolts", "micro V",
-                             "\u00C2\u00B5V", "\uFFFDV", "?V"}) {
+                             "\u00C2\u00B5V", "\uFFFDV", "?V", "muV", "mcV", "mkV", "\u00E6V", "\u00C2V"}) {
         EXPECT_EQ(NormalUnit(unit), "\u00B5V") << unit;
     }
 }

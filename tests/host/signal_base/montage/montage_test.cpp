@@ -179,10 +179,40 @@ TEST(Montages, TellWhetherTheyCanBeMapped) {
 
 TEST(Montages, RecordedDifferencesAreBipolar) {
     const auto file = Open({"FP1-F7", "F7-T7", "T7-P7", "P7-O1"});
-    EXPECT_THAT(Montages(*file), ElementsAre("As recorded", "Reference"));
+    EXPECT_THAT(Montages(*file), ElementsAre("As recorded"));
     EXPECT_EQ(file->GetMontageList()->GetUniMtg()->GetNumBip(), 4U);
     EXPECT_FALSE(file->GetMontageList()->GetUniMtg()->IsMappable());
-    EXPECT_EQ(file->GetMontageList()->GetRefMtg()->GetNumTraces(), 0U);
+    EXPECT_EQ(file->GetMontageList()->GetRefMtg(), file->GetMontageList()->GetUniMtg());
+}
+
+TEST(Montages, WithoutEegThereIsOnlyAsRecorded) {
+    const auto file = Open({"ECG", "EMG chin"});
+    EXPECT_THAT(Montages(*file), ElementsAre("As recorded"));
+    EXPECT_EQ(file->GetMontageList()->GetRefMtg(), file->GetMontageList()->GetUniMtg());
+}
+
+TEST(Montages, CombineNoElectrodesOfDifferentReferences) {
+    const auto file = Open({"C3-A2", "C4-A1", "O1-A2", "O2-A1", "P3-A2", "P4-A1"});
+    EXPECT_THAT(Montages(*file), ElementsAre("As recorded", "Longitudinal bipolar", "Reference C3"));
+    EXPECT_THAT(Channels(file->GetMontageList()->Get(1)), ElementsAre("C3-P3", "P3-O1", "C4-P4", "P4-O2"));
+    EXPECT_THAT(Channels(file->GetMontageList()->Get(2)), ElementsAre("O1-C3", "P3-C3"));
+}
+
+TEST(AverageReference, LeavesElectrodesOfAnotherReferenceOut) {
+    const auto file = Open({"Cz-A1", "C3-A2", "C4-A2", "P3-A2"});
+    EXPECT_THAT(Channels(file->GetMontageList()->Find("Average reference")),
+                ElementsAre("C3-Avg", "C4-Avg", "P3-Avg"));
+    EXPECT_EQ(file->GetMontageList()->GetRefMtg()->GetName(), "Reference C3");
+}
+
+TEST(AverageReference, LeavesRawValuesOut) {
+    const std::vector<double> values(10);
+    RecordingData data = test::MakeData({{"Cz", 10, values}, {"C3", 10, values}, {"C4", 10, values}});
+    data.signals[0].calibrated = false;
+    const auto file = MakeRecording(std::move(data));
+    EXPECT_THAT(Channels(file->GetMontageList()->Find("Average reference")), ElementsAre("C3-Avg", "C4-Avg"));
+    EXPECT_THAT(Channels(file->GetMontageList()->GetRefMtg()), ElementsAre("C4-C3"));
+    EXPECT_THAT(Channels(file->GetMontageList()->GetUniMtg()), ElementsAre("Cz", "C3", "C4"));
 }
 
 TEST(Montages, CopiesCompareByContentAndAreIndependent) {

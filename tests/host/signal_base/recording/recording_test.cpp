@@ -52,6 +52,16 @@ TEST(Recording, FindsASensorByNameLabelAndOldName) {
     EXPECT_EQ(file->GetTraceInfo()->FindSensor("T4"), nullptr);
 }
 
+TEST(Recording, TellsWhichSensorsWereResampled) {
+    const auto file = MakeRecording(MakeData({{"F3", 128, std::vector<double>(128)},
+                                              {"Cz", 512, std::vector<double>(512)},
+                                              {"F4", 128, std::vector<double>(128)},
+                                              {"ECG", 64, std::vector<double>(64)}}));
+    EXPECT_THAT(file->GetRecording()->Repairs(),
+                ElementsAre("F3, F4: 128 Hz resampled to 512 Hz; bins above 64 Hz are empty"));
+    EXPECT_EQ(file->GetRecording()->Sensors()[0]->GetRateHz(), 128);
+}
+
 TEST(Recording, ScalesEveryVoltageToMicrovolts) {
     RecordingData data = MakeData({{"C3", 100, kOneSecond, "V"},
                                    {"C4", 100, kOneSecond, "mV"},

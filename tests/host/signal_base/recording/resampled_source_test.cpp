@@ -71,6 +71,36 @@ TEST(ResampledSource, ShowsTheSineOfTheNewRate) {
     EXPECT_LT(WorstError(ReadAll(*source, kSlow, 0, 120), Sine(256, 10, 120), 512), 1e-5);
 }
 
+// The slow signal's Nyquist frequency is 50 Hz; the amplitude is 100.
+TEST(ResampledSource, PassesWhatLiesBelowNineTenthsOfNyquist) {
+    struct Case {
+        double hertz, error;
+    };
+    for (const Case& item : {Case{20, 1e-5}, Case{40, 0.02}, Case{46, 0.1}}) {
+        const auto source = Make(Sine(100, item.hertz, 120));
+        EXPECT_LT(WorstError(ReadAll(*source, kSlow, 0, 120), Sine(256, item.hertz, 120), 1024), item.error)
+            << item.hertz;
+    }
+}
+
+// A sine of 49 Hz would come back at 51 Hz too, were its image not removed.
+TEST(ResampledSource, HasNothingAboveTheSlowNyquist) {
+    const auto source = Make(Sine(100, 49, 120));
+    const std::vector<float> values = ReadAll(*source, kSlow, 0, 120);
+    const std::size_t margin = 1024;
+    for (const double hertz : {51.0, 55.0, 64.0, 100.0}) {
+        double cosine = 0, sine = 0;
+        // A whole number of seconds, so that whole frequencies do not leak into each other.
+        const std::size_t count = 256 * 100;
+        for (std::size_t i = 0; i < count; ++i) {
+            const double angle = 2 * std::numbers::pi * hertz * static_cast<double>(i) / 256;
+            cosine += values.at(margin + i) * std::cos(angle);
+            sine += values.at(margin + i) * std::sin(angle);
+        }
+        EXPECT_LT(2 * std::hypot(cosine, sine) / static_cast<double>(count), 1e-4) << hertz;
+    }
+}
+
 TEST(ResampledSource, KeepsALargeOffset) {
     const auto source = Make(Sine(100, 10, 60, 100, 200'000));
     // One step of a 32-bit float at 200,000: half of it is in the samples given.

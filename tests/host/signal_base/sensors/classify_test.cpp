@@ -94,6 +94,56 @@ TEST(Sensors, PressureThatIsNamedAsAnElectrodeIsNoEeg) {
     const auto file = Open({{"C3"}, {"P3", "mmHg"}});
     EXPECT_THAT(TypesOf(*file), ElementsAre(Sensor::ScalpEeg, Sensor::OtherSignal));
     EXPECT_EQ(file->GetRecording()->Sensors()[1]->GetUnit(), "mmHg");
+    EXPECT_THAT(file->GetRecording()->Repairs(),
+                ElementsAre(HasSubstr("\"P3\" is named as EEG but in mmHg")));
+}
+
+TEST(Sensors, ElectrodeInAnUnknownUnitIsTakenAsMicrovolts) {
+    const auto file = Open({{"C3", "xyz"}, {"C4"}});
+    EXPECT_THAT(TypesOf(*file), Each(Sensor::ScalpEeg));
+    EXPECT_EQ(file->GetRecording()->Sensors()[0]->GetUnit(), "\u00B5V");
+    EXPECT_THAT(file->GetRecording()->Repairs(),
+                ElementsAre(HasSubstr("\"C3\" has no unit of voltage (\"xyz\")")));
+}
+
+TEST(Sensors, ContactsAreEegBesideAHeartAndAScalpElectrode) {
+    for (const char* other : {"ECG", "Cz"}) {
+        const auto file = Open({{"LA1"}, {"LH1", "mV"}, {"GRID1"}, {"POL LAH2-Ref"}, {"LA2-LA3"}, {other}});
+        std::vector<std::uint32_t> types = TypesOf(*file);
+        types.pop_back();
+        EXPECT_THAT(types, Each(Sensor::IntracranialEeg)) << other;
+        EXPECT_EQ(file->GetRecording()->Sensors()[4]->GetElectrode(), "") << other;
+    }
+}
+
+TEST(Sensors, NumberedInputsAndOtherUnitsAreNoContacts) {
+    EXPECT_THAT(TypesOf(*Open({{"Cz"}, {"DC1"}, {"AUX1"}, {"Ch1"}, {"LA1", "%"}, {"LA2", ""}})),
+                ElementsAre(Sensor::ScalpEeg, Sensor::OtherSignal, Sensor::OtherSignal, Sensor::OtherSignal,
+                            Sensor::OtherSignal, Sensor::OtherSignal));
+}
+
+TEST(Sensors, ANetMayCountFromZeroAndLackSensors) {
+    EXPECT_THAT(TypesOf(*Open({{"E0"}, {"E1"}, {"E3"}, {"E511"}, {"Cz"}})),
+                ElementsAre(Sensor::UnplacedEeg, Sensor::UnplacedEeg, Sensor::UnplacedEeg,
+                            Sensor::UnplacedEeg, Sensor::ScalpEeg));
+}
+
+TEST(Sensors, ValuesWithoutCalibrationAreRaw) {
+    RecordingData data = test::MakeData({{"C3", 10, std::vector<double>(10), "mV"}});
+    data.signals[0].calibrated = false;
+    const auto file = MakeRecording(std::move(data));
+    const SensorType& sensor = *file->GetRecording()->Sensors()[0];
+    EXPECT_TRUE(sensor.IsEeg());
+    EXPECT_EQ(sensor.GetUnit(), "raw");
+    EXPECT_EQ(file->GetRecording()->Samples(sensor).gain, 1);
+}
+
+TEST(Sensors, DifferentReferencesAreTold) {
+    EXPECT_THAT(
+        Open({{"C3-A2"}, {"C4-A1"}, {"O1-A2"}, {"ECG"}})->GetRecording()->Repairs(),
+        ElementsAre("electrodes were recorded against different references (C4 against A1; C3, O1 against "
+                    "A2): standard montages combine only those of one reference"));
+    EXPECT_THAT(Open({{"C3-A2"}, {"C4-A2"}})->GetRecording()->Repairs(), IsEmpty());
 }
 
 TEST(Sensors, NumbersOfOneBundleAreNoPositions) {

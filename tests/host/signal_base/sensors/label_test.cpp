@@ -99,10 +99,11 @@ TEST(ParseContact, SplitsStemAndNumber) {
     ASSERT_TRUE(contact);
     EXPECT_EQ(contact->stem, "la");
     EXPECT_EQ(contact->number, 12U);
+    EXPECT_EQ(ParseContact("E0")->number, 0U);
 }
 
 TEST(ParseContact, RefusesWhatIsNoLettersAndNumber) {
-    for (const char* name : {"", "A", "12", "A0", "A1b", "A1234", "A-1"}) {
+    for (const char* name : {"", "A", "12", "A1b", "A1234", "A-1"}) {
         EXPECT_FALSE(ParseContact(name)) << name;
     }
 }

@@ -11,5 +11,7 @@ namespace orvanta::signal {
 std::string CountText(std::uint64_t count, const std::string& word);
 /// "2.5 s"; at most six significant digits.
 std::string SecondsText(double seconds);
+/// "173.61 Hz"; at most six significant digits.
+std::string HertzText(double hertz);
 
 } // namespace orvanta::signal
