@@ -159,8 +159,11 @@ std::string MeasuresTable(const SpectraMgr& manager, const SpectMacroResult& ana
         const auto value = [measure](const Trace& trace, unsigned band) {
             return trace.spectrum->GetMeasure(static_cast<int>(band), measure);
         };
-        blocks.push_back({name + (unit.empty() ? "" : " [" + unit + "]"), value,
-                          measure == Type::Abs ? TableBlock::kSignificant : 2});
+        std::string title = name;
+        if (!unit.empty()) {
+            title.append(" [").append(unit).append("]");
+        }
+        blocks.push_back({title, value, measure == Type::Abs ? TableBlock::kSignificant : 2});
     }
     return BandTable(manager, analysis, blocks);
 }
