@@ -34,8 +34,8 @@ const char* KindOf(mode_t mode) {
     }
 }
 
-[[noreturn]] void RefuseKind(const std::string& path, mode_t mode) {
-    throw RecordingError(path, KindOf(mode), "choose a recording file");
+[[noreturn]] void RefuseKind(const std::string& path, mode_t mode, const char* wanted) {
+    throw RecordingError(path, KindOf(mode), std::string("choose ") + wanted);
 }
 
 [[noreturn]] void RefuseOpen(const std::string& path, int error) {
@@ -47,11 +47,11 @@ const char* KindOf(mode_t mode) {
 
 } // namespace
 
-DataFile::DataFile(std::string path) : path_(std::move(path)) {
+DataFile::DataFile(std::string path, const char* wanted) : path_(std::move(path)) {
     struct stat status {};
     // Looked at before it is opened: opening a device can already do something.
     if (::stat(path_.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-        RefuseKind(path_, status.st_mode);
+        RefuseKind(path_, status.st_mode, wanted);
     }
     descriptor_ = ::open(path_.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor_ < 0) {
@@ -59,7 +59,7 @@ DataFile::DataFile(std::string path) : path_(std::move(path)) {
     }
     if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
         ::close(descriptor_);
-        RefuseKind(path_, status.st_mode);
+        RefuseKind(path_, status.st_mode, wanted);
     }
     size_ = static_cast<std::uint64_t>(status.st_size);
     changedSeconds_ = status.st_mtim.tv_sec;

@@ -16,7 +16,8 @@ class ORVANTA_API DataFile {
 public:
     /// \throws RecordingError when the file is missing, may not be read or is no regular file (a folder, a
     /// FIFO and a device are refused without waiting on them)
-    explicit DataFile(std::string path);
+    /// \param wanted what kind of file is wanted, for the remedy "choose ..."
+    explicit DataFile(std::string path, const char* wanted = "a recording file");
     ~DataFile();
     DataFile(const DataFile&) = delete;
     DataFile& operator=(const DataFile&) = delete;

@@ -62,15 +62,19 @@ std::string_view TakeLine(std::string_view& text) {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
-    std::string point;
-    text = WithoutPlus(Trim(text));
-    if (std::count(text.begin(), text.end(), ',') == 1 && text.find('.') == std::string_view::npos) {
-        point = text;
-        std::replace(point.begin(), point.end(), ',', '.');
-        text = point;
-    }
-    const std::optional<double> value = Parse<double>(text);
+    const std::optional<double> value = Parse<double>(WithoutPlus(Trim(text)));
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<RepairedNumber> ParseNumberOrComma(std::string_view text) {
+    std::string point(text);
+    const bool comma =
+        std::count(text.begin(), text.end(), ',') == 1 && text.find('.') == std::string_view::npos;
+    if (comma) {
+        std::replace(point.begin(), point.end(), ',', '.');
+    }
+    const std::optional<double> value = ParseNumber(point);
+    return value ? std::optional(RepairedNumber{*value, comma}) : std::nullopt;
 }
 
 std::optional<std::int64_t> ParseWhole(std::string_view text) {

@@ -19,9 +19,14 @@ ORVANTA_API std::string LowerCase(std::string_view text);
 ORVANTA_API bool SameText(std::string_view a, std::string_view b);
 /// Takes the next line off \p text, without its end (LF, CR LF or CR).
 ORVANTA_API std::string_view TakeLine(std::string_view& text);
-/// A finite decimal number and nothing else (blanks around it, a sign and an exponent are fine). One decimal
-/// comma is taken as a point.
+/// A finite decimal number with "." and nothing else (blanks around it, a sign and an exponent are fine).
 ORVANTA_API std::optional<double> ParseNumber(std::string_view text);
+/// The same, but one decimal comma is taken as a point: for what others wrote, where the repair can be told.
+struct RepairedNumber {
+    double value = 0;
+    bool comma = false; ///< there was one
+};
+ORVANTA_API std::optional<RepairedNumber> ParseNumberOrComma(std::string_view text);
 /// A whole number in decimal digits and nothing else (blanks around it and a sign are fine).
 ORVANTA_API std::optional<std::int64_t> ParseWhole(std::string_view text);
 

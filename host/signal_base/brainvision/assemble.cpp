@@ -67,6 +67,7 @@ std::vector<Annotation> MakeAnnotations(const std::vector<Marker>& markers, cons
 
 RecordingData Assemble(Header header, const std::vector<Marker>& markers, const std::string& markerName,
                        std::shared_ptr<const DataFile> dataFile, std::vector<std::string> repairs) {
+    SettleChannels(header, dataFile->Size(), repairs);
     const FrameLayout layout = LayOutFrames(header, dataFile->Size(), dataFile->Path(), repairs);
     if (layout.frames == 0) {
         repairs.emplace_back("the data file has no data point, there is nothing to analyse");

@@ -7,6 +7,7 @@
 #include "host/signal_base/unique_labels.h"
 
 #include <optional>
+#include <set>
 
 namespace orvanta::signal::brainvision {
 
@@ -34,9 +35,13 @@ SignalHeader Describe(std::size_t channel, std::string_view description, Limited
     signal.label = fields[0];
     signal.unit = fields[3].empty() ? "µV" : fields[3];
     if (!fields[2].empty()) {
-        const std::optional<double> resolution = ParseNumber(fields[2]);
-        signal.calibrated = resolution && *resolution != 0;
-        signal.gain = signal.calibrated ? *resolution : 1;
+        const std::optional<RepairedNumber> resolution = ParseNumberOrComma(fields[2]);
+        signal.calibrated = resolution && resolution->value != 0;
+        signal.gain = signal.calibrated ? resolution->value : 1;
+        if (signal.calibrated && resolution->comma) {
+            list.Add(Place(channel) + "decimal comma in the resolution " + Quoted(fields[2]) +
+                     " read as a point");
+        }
     }
     if (!signal.calibrated) {
         list.Add(Place(channel) + "resolution " + Quoted(fields[2]) +
@@ -50,6 +55,18 @@ SignalHeader Describe(std::size_t channel, std::string_view description, Limited
 }
 
 } // namespace
+
+std::size_t CountDescribed(const std::vector<IniEntry>& entries) {
+    std::set<std::size_t> numbers;
+    for (const IniEntry& entry : entries) {
+        numbers.insert(ChannelOf(entry, entries.size()));
+    }
+    std::size_t count = 0;
+    while (numbers.contains(count + 1)) {
+        ++count;
+    }
+    return count;
+}
 
 std::vector<SignalHeader> ReadChannels(const std::vector<IniEntry>& entries, std::size_t count,
                                        double rate_hz, std::vector<std::string>& repairs) {

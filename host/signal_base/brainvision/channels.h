@@ -11,6 +11,9 @@
 
 namespace orvanta::signal::brainvision {
 
+/// How many channels the lines "Ch1=" to "Ch<n>=" describe without a gap.
+std::size_t CountDescribed(const std::vector<IniEntry>& entries);
+
 /// Channels 1 to \p count from the lines "Ch<n>=name,reference,resolution,unit" of the channel section. A
 /// missing line gives a channel "Ch<n>" that is not calibrated; an empty resolution is 1, an empty unit µV.
 std::vector<SignalHeader> ReadChannels(const std::vector<IniEntry>& entries, std::size_t count,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/brainvision/frame_source.h"
 
+#include "host/signal_base/number_words.h"
 #include "host/signal_base/recording_error.h"
 
 #include <algorithm>
@@ -8,6 +9,22 @@
 #include <utility>
 
 namespace orvanta::signal::brainvision {
+
+void SettleChannels(Header& header, std::uint64_t bytes, std::vector<std::string>& repairs) {
+    const std::size_t described = header.signals.size();
+    if (described <= header.channels) {
+        return;
+    }
+    const std::uint64_t frameBytes = described * BytesOf(header.format);
+    const bool fits = bytes % frameBytes == 0 && (!header.points || *header.points == bytes / frameBytes);
+    repairs.push_back("NumberOfChannels is " + std::to_string(header.channels) + ", but " +
+                      std::to_string(described) + " channels are described; " +
+                      (fits ? "all are used, as the size of the data file fits them"
+                            : "the others are left out, as the size of the data file does not fit them"));
+    if (!fits) {
+        header.signals.resize(header.channels);
+    }
+}
 
 FrameLayout LayOutFrames(const Header& header, std::uint64_t bytes, const std::string& path,
                          std::vector<std::string>& repairs) {
@@ -35,8 +52,9 @@ FrameLayout LayOutFrames(const Header& header, std::uint64_t bytes, const std::s
         used = (before * layout.pitch + layout.frames) * sampleBytes;
     }
     if (used < bytes) {
-        repairs.push_back(std::to_string(bytes - used) + " bytes at the end of the data file make no whole " +
-                          "data point of all channels, left out");
+        repairs.push_back(CountText(bytes - used, "byte") + " at the end of the data file" +
+                          (bytes - used == 1 ? " makes" : " make") +
+                          " no whole data point of all channels, left out");
     }
     if (header.points && *header.points != layout.frames) {
         repairs.push_back("DataPoints is " + std::to_string(*header.points) + ", but the data file has " +

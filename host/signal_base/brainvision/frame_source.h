@@ -24,6 +24,10 @@ struct FrameLayout {
     std::size_t FrameBytes() const { return channels * BytesOf(format); }
 };
 
+/// Where the header describes more channels than it counts, keeps those that the size of the data file, in
+/// bytes, speaks for: all when they share it evenly (and as DataPoints says), else those counted.
+void SettleChannels(Header& header, std::uint64_t bytes, std::vector<std::string>& repairs);
+
 /// The layout of a data file of \p bytes bytes; a size that does not fit the header is named in \p repairs.
 /// \throws RecordingError about \p path when a vectorized file is cut before its last channel
 FrameLayout LayOutFrames(const Header& header, std::uint64_t bytes, const std::string& path,

@@ -7,6 +7,7 @@
 #include "host/signal_base/text.h"
 #include "host/signal_base/text_encoding.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace orvanta::signal::brainvision {
@@ -14,6 +15,8 @@ namespace orvanta::signal::brainvision {
 namespace {
 
 constexpr std::string_view kCommon = "commoninfos";
+constexpr std::string_view kBinary = "binaryinfos";
+constexpr const char* kUnsupported = "is not supported";
 constexpr std::int64_t kMaxChannels = 4096;
 constexpr double kMinInterval = 0.01; ///< µs: 100 MHz
 constexpr double kMaxInterval = 1e9;  ///< µs: one sample in 1000 s
@@ -25,7 +28,20 @@ public:
         : entries_(entries), path_(path), repairs_(repairs) {}
 
     std::string_view Value(std::string_view section, std::string_view key) const {
-        return FindValue(entries_, section, key);
+        const IniEntry* entry = FindEntry(entries_, section, key);
+        return entry == nullptr ? std::string_view() : entry->value;
+    }
+
+    /// Refuses the value of a key, or that it has none: "line 3: DataFormat "ASCII" is not supported".
+    [[noreturn]] void RefuseValue(std::string_view section, const std::string& key,
+                                  const std::string& verdict, const std::string& remedy) const {
+        const IniEntry* entry = FindEntry(entries_, section, LowerCase(key));
+        if (entry == nullptr || entry->value.empty()) {
+            Refuse(key + " is missing", remedy);
+        }
+        Refuse("line " + std::to_string(entry->line) + ": " + key + " " + Quoted(entry->value) + " " +
+                   verdict,
+               remedy);
     }
 
     [[noreturn]] void Refuse(const std::string& reason, const std::string& remedy) const {
@@ -35,14 +51,15 @@ public:
     void CheckKind() const {
         const std::string_view format = Value(kCommon, "dataformat");
         if (!format.empty() && Folded(format) != "binary") {
-            Refuse("DataFormat is " + Quoted(format), "export the recording as binary data");
+            RefuseValue(kCommon, "DataFormat", kUnsupported, "export the recording as binary data");
         }
         const std::string_view domain = Value(kCommon, "datatype");
         if (!domain.empty() && Folded(domain) != "timedomain") {
-            Refuse("DataType is " + Quoted(domain), "export the recording in the time domain");
+            RefuseValue(kCommon, "DataType", kUnsupported, "export the recording in the time domain");
         }
-        if (Folded(Value("binaryinfos", "usebigendianorder")) == "yes") {
-            Refuse("UseBigEndianOrder is YES", "export the recording in little-endian order");
+        if (Folded(Value(kBinary, "usebigendianorder")) == "yes") {
+            RefuseValue(kBinary, "UseBigEndianOrder", kUnsupported,
+                        "export the recording in little-endian order");
         }
     }
 
@@ -50,21 +67,24 @@ public:
         const std::string_view text = Value(kCommon, "numberofchannels");
         const std::optional<std::int64_t> count = ParseWhole(text);
         if (!count || *count < 1 || *count > kMaxChannels) {
-            Refuse("NumberOfChannels is " + Quoted(text), "it must be a whole number from 1 to " +
-                                                              std::to_string(kMaxChannels) +
-                                                              "; correct the header");
+            RefuseValue(kCommon, "NumberOfChannels", "is no number of channels",
+                        "it must be a whole number from 1 to " + std::to_string(kMaxChannels) +
+                            "; correct the header");
         }
         return static_cast<std::size_t>(*count);
     }
 
     double Rate() const {
         const std::string_view text = Value(kCommon, "samplinginterval");
-        const std::optional<double> interval = ParseNumber(text);
-        if (!interval || *interval < kMinInterval || *interval > kMaxInterval) {
-            Refuse("SamplingInterval is " + Quoted(text),
-                   "it must be the microseconds from one sample to the next; correct the header");
+        const std::optional<RepairedNumber> interval = ParseNumberOrComma(text);
+        if (!interval || interval->value < kMinInterval || interval->value > kMaxInterval) {
+            RefuseValue(kCommon, "SamplingInterval", "is no sampling interval",
+                        "it must be the microseconds from one sample to the next; correct the header");
         }
-        return 1e6 / *interval;
+        if (interval->comma) {
+            repairs_.push_back("decimal comma in SamplingInterval " + Quoted(text) + " read as a point");
+        }
+        return 1e6 / interval->value;
     }
 
     brainvision::Orientation Orientation() const {
@@ -75,13 +95,13 @@ public:
         } else if (folded == "vectorized") {
             return Orientation::Vectorized;
         } else if (folded != "multiplexed") {
-            Refuse("DataOrientation is " + Quoted(text), "it must be MULTIPLEXED or VECTORIZED");
+            RefuseValue(kCommon, "DataOrientation", kUnsupported, "it must be MULTIPLEXED or VECTORIZED");
         }
         return Orientation::Multiplexed;
     }
 
     SampleFormat Format() const {
-        const std::string_view text = Value("binaryinfos", "binaryformat");
+        const std::string_view text = Value(kBinary, "binaryformat");
         const std::string folded = Folded(text);
         if (folded == "int_16") {
             return SampleFormat::Int16;
@@ -89,7 +109,7 @@ public:
         if (folded == "ieee_float_32") {
             return SampleFormat::Float32;
         }
-        Refuse("BinaryFormat is " + Quoted(text), "export the recording as INT_16 or IEEE_FLOAT_32");
+        RefuseValue(kBinary, "BinaryFormat", kUnsupported, "export the recording as INT_16 or IEEE_FLOAT_32");
     }
 
     std::optional<std::uint64_t> Points() const {
@@ -151,14 +171,16 @@ Header ParseHeader(std::string_view text, const std::string& path, std::vector<s
     }
     keys.CheckKind();
     Header header;
-    const std::size_t channels = keys.ChannelCount();
+    header.channels = keys.ChannelCount();
     header.rate_hz = keys.Rate();
     header.orientation = keys.Orientation();
     header.format = keys.Format();
     header.points = keys.Points();
     header.data_name = keys.FileName("datafile", "DataFile");
     header.marker_name = keys.FileName("markerfile", "MarkerFile");
-    header.signals = ReadChannels(entries, channels, header.rate_hz, repairs);
+    constexpr auto kMost = static_cast<std::size_t>(kMaxChannels);
+    header.signals = ReadChannels(entries, std::clamp(CountDescribed(entries), header.channels, kMost),
+                                  header.rate_hz, repairs);
     return header;
 }
 

@@ -26,7 +26,8 @@ struct Header {
     SampleFormat format = SampleFormat::Int16;
     std::optional<std::uint64_t> points; ///< samples per channel as declared
     double rate_hz = 0;
-    std::vector<SignalHeader> signals; ///< at least one
+    std::size_t channels = 1;          ///< NumberOfChannels
+    std::vector<SignalHeader> signals; ///< as many as `channels`, or more when more are described
 };
 
 /// True when \p text starts as a header file does.

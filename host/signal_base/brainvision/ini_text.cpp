@@ -43,12 +43,12 @@ std::vector<IniEntry> ParseIni(std::string_view text) {
     return entries;
 }
 
-std::string_view FindValue(const std::vector<IniEntry>& entries, std::string_view section,
-                           std::string_view key) {
+const IniEntry* FindEntry(const std::vector<IniEntry>& entries, std::string_view section,
+                          std::string_view key) {
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const IniEntry& entry) {
         return entry.section == section && entry.key == key;
     });
-    return found == entries.end() ? std::string_view() : found->value;
+    return found == entries.end() ? nullptr : &*found;
 }
 
 std::vector<std::string> SplitFields(std::string_view text) {

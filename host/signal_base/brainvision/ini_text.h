@@ -21,9 +21,9 @@ struct IniEntry {
 /// that are neither a section nor hold "=" are left out.
 std::vector<IniEntry> ParseIni(std::string_view text);
 
-/// The first value of a key (folded as in IniEntry), empty when there is none.
-std::string_view FindValue(const std::vector<IniEntry>& entries, std::string_view section,
-                           std::string_view key);
+/// The first entry of a key (folded as in IniEntry); null when there is none.
+const IniEntry* FindEntry(const std::vector<IniEntry>& entries, std::string_view section,
+                          std::string_view key);
 
 /// Lower case without blanks: how sections, keys and names of formats are compared.
 std::string Folded(std::string_view text);

@@ -85,7 +85,7 @@ std::vector<brainvision::Marker> ReadMarkers(const std::optional<path>& file, co
         return {};
     }
     try {
-        return brainvision::ParseMarkers(DataFile(file->string()).ReadAll(kMaxTextBytes),
+        return brainvision::ParseMarkers(DataFile(file->string(), "a marker file").ReadAll(kMaxTextBytes),
                                          file->filename().string(), repairs);
     } catch (const RecordingError& error) {
         repairs.push_back(file->filename().string() + ": " + error.Reason() + ", opened without markers");

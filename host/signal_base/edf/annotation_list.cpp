@@ -12,18 +12,22 @@ namespace {
 constexpr char kTextMark = '\x14';
 constexpr char kDurationMark = '\x15';
 
-std::optional<double> ParseTime(std::string_view text) {
-    const std::optional<double> seconds = ParseNumber(text);
-    return seconds && std::abs(*seconds) <= kMaxAnnotationSeconds ? seconds : std::nullopt;
+std::optional<double> ParseTime(std::string_view text, AnnotationList& list) {
+    const std::optional<RepairedNumber> seconds = ParseNumberOrComma(text);
+    if (!seconds || std::abs(seconds->value) > kMaxAnnotationSeconds) {
+        return std::nullopt;
+    }
+    list.comma = list.comma || seconds->comma;
+    return seconds->value;
 }
 
 void SplitOne(std::string_view bytes, AnnotationList& list) {
     list.bytes = bytes;
     const std::string_view times = bytes.substr(0, bytes.find(kTextMark));
     const std::size_t mark = times.find(kDurationMark);
-    list.onset_s = ParseTime(times.substr(0, mark));
+    list.onset_s = ParseTime(times.substr(0, mark), list);
     if (mark != std::string_view::npos) {
-        list.duration_s = ParseTime(times.substr(mark + 1));
+        list.duration_s = ParseTime(times.substr(mark + 1), list);
         list.bad_duration = !list.duration_s || *list.duration_s < 0;
         if (list.bad_duration) {
             list.duration_s.reset();

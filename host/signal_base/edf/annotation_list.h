@@ -16,6 +16,7 @@ struct AnnotationList {
     std::optional<double> onset_s; ///< seconds since the start of the file; none when it is no time
     std::optional<double> duration_s;
     bool bad_duration = false; ///< there is one, but it is no time of 0 or more
+    bool comma = false;        ///< a time has a decimal comma, taken as a point
     bool terminated = true;    ///< ends with its two end marks
     std::string_view bytes;    ///< all of it, without the end mark
     std::vector<std::string_view> texts;

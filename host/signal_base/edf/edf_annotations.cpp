@@ -90,11 +90,12 @@ struct Finding {
 };
 
 struct Findings {
-    Finding unterminated, badOnset, badDuration, badText, tooMany;
+    Finding unterminated, comma, badOnset, badDuration, badText, tooMany;
 
     void Report(RepairList& repairs) const {
         unterminated.Report(repairs, "annotation list",
                             "without an end mark, ended where the next one begins");
+        comma.Report(repairs, "annotation list", "with a decimal comma, read as a point");
         badOnset.Report(repairs, "annotation list", "without a time, left out");
         badDuration.Report(repairs, "annotation duration", "that cannot be, left out");
         badText.Report(repairs, "annotation text",
@@ -169,6 +170,9 @@ EdfAnnotations ReadEdfAnnotations(const DataFile& file, const EdfHeader& header,
             for (const AnnotationList& list : lists) {
                 if (!list.terminated) {
                     findings.unterminated.Note(record);
+                }
+                if (list.comma) {
+                    findings.comma.Note(record);
                 }
                 if (list.bad_duration) {
                     findings.badDuration.Note(record);

@@ -72,11 +72,14 @@ std::string EdfFields::Text(const EdfField& field) {
 
 std::optional<double> EdfFields::Number(const EdfField& field) {
     const std::string_view bytes = Bytes(field);
-    const std::optional<double> value = ParseNumber(bytes);
-    if (value && bytes.find(',') != std::string_view::npos) {
+    const std::optional<RepairedNumber> number = ParseNumberOrComma(bytes);
+    if (!number) {
+        return std::nullopt;
+    }
+    if (number->comma) {
         Repaired(field, std::string("decimal comma in the ") + field.name + " read as a point");
     }
-    return value;
+    return number->value;
 }
 
 std::string EdfFields::Quoted(const EdfField& field) const {

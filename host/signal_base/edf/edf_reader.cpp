@@ -81,12 +81,12 @@ void ReportClock(const EdfHeader& header, const RecordClock& clock, RepairList& 
         repairs.Add("annotations: " + CountText(clock.RecordsWithoutTime(), "data record") +
                     " without a time, taken to follow the one before");
     }
-    if (clock.BackwardBreaks() > 0) {
-        repairs.Add("annotations: time goes back at " + CountText(clock.BackwardBreaks(), "data record") +
-                    ", placed behind the one before");
+    if (clock.Overlaps() > 0) {
+        repairs.Add("annotations: records overlap, " + CountText(clock.Overlaps(), "data record") +
+                    " placed behind the one before, no epoch crosses from one to the other");
     }
-    if (clock.Segments().size() > 1) {
-        repairs.Add("annotations: " + CountText(clock.Segments().size() - 1, "break") + " with " +
+    if (clock.Gaps() > 0) {
+        repairs.Add("annotations: " + CountText(clock.Gaps(), "break") + " with " +
                     SecondsText(clock.GapSeconds()) + " missing in all" +
                     (header.discontinuous ? "" : ", though the file is marked as continuous") +
                     ", no epoch crosses them");

@@ -15,7 +15,7 @@ void RecordClock::AddRecord(std::optional<double> onset_s) {
     } else if (std::abs(onset - expected_) <= tolerance_) {
         ++segments_.back().count;
     } else {
-        backward_ += onset < expected_ ? 1u : 0u;
+        overlaps_ += onset < expected_ ? 1u : 0u;
         const double start = std::max(EndOf(segments_.back()), onset - firstOnset_);
         segments_.push_back({records_, 1, start});
     }

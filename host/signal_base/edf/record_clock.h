@@ -30,8 +30,10 @@ public:
     /// Seconds from the first sample to the end of the last record.
     double Duration() const;
     std::uint64_t RecordsWithoutTime() const { return withoutTime_; }
-    /// Breaks at which time goes back; the stretch after it is placed behind the one before.
-    std::uint64_t BackwardBreaks() const { return backward_; }
+    /// Breaks at which a record begins before the one before it ends; it is placed behind that.
+    std::uint64_t Overlaps() const { return overlaps_; }
+    /// Breaks at which time is missing.
+    std::uint64_t Gaps() const { return segments_.empty() ? 0 : segments_.size() - 1 - overlaps_; }
     /// Seconds of all gaps together.
     double GapSeconds() const;
 
@@ -46,7 +48,7 @@ private:
     double firstOnset_ = 0;
     double expected_ = 0; ///< onset at which the next record follows without a gap
     std::uint64_t withoutTime_ = 0;
-    std::uint64_t backward_ = 0;
+    std::uint64_t overlaps_ = 0;
     std::vector<BlockSegment> segments_;
 };
 

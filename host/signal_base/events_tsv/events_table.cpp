@@ -73,9 +73,9 @@ bool IsMissing(std::string_view text) {
     return text.empty() || SameText(text, "n/a");
 }
 
-std::optional<double> Seconds(std::string_view text) {
-    const std::optional<double> value = ParseNumber(text);
-    return value && std::abs(*value) <= kMaxSeconds ? value : std::nullopt;
+std::optional<RepairedNumber> Seconds(std::string_view text) {
+    const std::optional<RepairedNumber> number = ParseNumberOrComma(text);
+    return number && std::abs(number->value) <= kMaxSeconds ? number : std::nullopt;
 }
 
 } // namespace
@@ -98,17 +98,20 @@ void ParseEventsTable(std::string_view text, const std::string& file, std::vecto
         }
         const Row row = head.Split(content);
         const std::string place = "line " + std::to_string(line) + ": ";
-        const std::optional<double> onset = Seconds(row[kOnset]);
+        const std::optional<RepairedNumber> onset = Seconds(row[kOnset]);
         if (!onset) {
             list.Add(place + "onset " + Quoted(row[kOnset]) + " is no time, row left out");
             continue;
         }
         Annotation event;
-        event.onset_s = *onset;
-        const std::optional<double> duration = Seconds(row[kDuration]);
-        if (duration && *duration > 0) {
-            event.duration_s = duration;
-        } else if (!IsMissing(row[kDuration]) && duration != 0.0) {
+        event.onset_s = onset->value;
+        const std::optional<RepairedNumber> duration = Seconds(row[kDuration]);
+        if (onset->comma || (duration && duration->comma)) {
+            list.Add(place + "decimal comma read as a point");
+        }
+        if (duration && duration->value > 0) {
+            event.duration_s = duration->value;
+        } else if (!IsMissing(row[kDuration]) && !(duration && duration->value == 0)) {
             list.Add(place + "duration " + Quoted(row[kDuration]) + " is none, taken as a spot event");
         }
         const std::string_view label = IsMissing(row[kTrialType]) ? row[kValue] : row[kTrialType];
@@ -122,7 +125,7 @@ void ParseEventsTable(std::string_view text, const std::string& file, std::vecto
 
 void ReadEventsTsv(const std::string& path, std::vector<Annotation>& annotations,
                    std::vector<std::string>& repairs) {
-    ParseEventsTable(DataFile(path).ReadAll(kMaxBytes), path, annotations, repairs);
+    ParseEventsTable(DataFile(path, "an events table").ReadAll(kMaxBytes), path, annotations, repairs);
 }
 
 } // namespace orvanta::signal

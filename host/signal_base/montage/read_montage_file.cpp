@@ -23,7 +23,11 @@ std::vector<ChannelTerm> FindTerms(const MontageLine& line, const std::string& p
         const SensorType* sensor = sensors.FindSensor(term.sensor);
         if (sensor == nullptr) {
             refuse("the recording has no channel \"" + term.sensor + "\"",
-                   "use a channel's name as listed by the recording");
+                   term.sensor.find_first_of("+-") == std::string::npos
+                       ? "use a channel's name as listed by the recording"
+                       : "use a channel's name as listed by the recording, and blanks before the sign of the "
+                         "next "
+                         "one (+Fp1 -F3) or quotes around a name");
         } else if (!sensor->IsEeg()) {
             refuse("channel \"" + term.sensor + "\" is no EEG", "use EEG channels only");
         }
@@ -40,7 +44,7 @@ std::vector<ChannelTerm> FindTerms(const MontageLine& line, const std::string& p
 } // namespace
 
 std::vector<MontageType> ReadMontageFile(const std::string& path, const TraceInfoType& sensors) {
-    const std::string text = ToUtf8(DataFile(path).ReadAll(kLargestFile));
+    const std::string text = ToUtf8(DataFile(path, "a montage file").ReadAll(kLargestFile));
     std::vector<MontageType> montages;
     for (const MontageText& montage : ParseMontages(text, path)) {
         std::vector<std::shared_ptr<ChnType>> channels;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/data_file.h"
+#include "host/signal_base/number_words.h"
 #include "host/signal_base/recording.h"
 #include "host/signal_base/recording/file_format.h"
 #include "host/signal_base/recording_error.h"
@@ -50,6 +51,30 @@ std::string EventsTableOf(const std::string& path) {
     return {};
 }
 
+double EndOf(const RecordingData& data) {
+    return data.segments.empty() ? 0
+                                 : data.segments.back().start_s +
+                                       static_cast<double>(data.segments.back().count) * data.block_seconds;
+}
+
+/// Tells of the table's events, those from \p first on, that begin before the recording or after its end.
+void ReportOutside(const std::string& table, std::size_t first, RecordingData& data) {
+    constexpr double kTimeRounding = 1e-6;
+    const double end = EndOf(data) + kTimeRounding;
+    std::vector<double> outside;
+    for (std::size_t i = first; i < data.annotations.size(); ++i) {
+        const double onset = data.annotations[i].onset_s;
+        if (onset < -kTimeRounding || onset > end) {
+            outside.push_back(onset);
+        }
+    }
+    if (!outside.empty()) {
+        data.repairs.push_back(std::filesystem::path(table).filename().string() + ": " +
+                               CountText(outside.size(), "event") + " outside the recording, the first at " +
+                               SecondsText(outside.front()) + ", kept");
+    }
+}
+
 } // namespace
 
 std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
@@ -58,7 +83,9 @@ std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
     if (!table.empty()) {
         try {
             data.files.push_back(table);
+            const std::size_t before = data.annotations.size();
             ReadEventsTsv(table, data.annotations, data.repairs);
+            ReportOutside(table, before, data);
         } catch (const RecordingError& error) {
             data.repairs.push_back(std::string("events table left out: ") + error.what());
         }

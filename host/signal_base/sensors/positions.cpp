@@ -75,8 +75,13 @@ HeadPosition OnRow(const HeadPosition& ring, const HeadPosition& midline, double
     return {-radius * std::sin(angle), ring.y + up * dy, ring.z + up * dz};
 }
 
+/// Without the rounding of the sines, so that the midline is at exactly 0; never -0.
+double Tidy(double coordinate) {
+    return std::round(coordinate * 1e12) / 1e12 + 0.0;
+}
+
 void Put(PositionMap& map, const std::string& name, const HeadPosition& position) {
-    map[LowerCase(name)] = {name, position, true};
+    map[LowerCase(name)] = {name, {Tidy(position.x), Tidy(position.y), Tidy(position.z)}, true};
 }
 
 /// A position on the left, named with an odd number and perhaps "h", and its mirror image.

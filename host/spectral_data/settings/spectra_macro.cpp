@@ -95,7 +95,7 @@ bool SpectraMacro::operator==(const SpectraMacro& other) const {
 int SpectraMacro::Load(const std::string& path) {
     const bool read = impl_->Try([&] {
         SpectraMacro loaded =
-            spectral::ParseMacroFile(path, DataFile(path).ReadAll(spectral::kMaxMacroBytes));
+            spectral::ParseMacroFile(path, DataFile(path, "a macro file").ReadAll(spectral::kMaxMacroBytes));
         loaded.impl_->fileName = path;
         *this = loaded;
     });

@@ -133,7 +133,7 @@ private:
 };
 
 Taper Taper::Load(const std::string& path) {
-    return Parse(path, signal::DataFile(path).ReadAll(kMaxBytes));
+    return Parse(path, signal::DataFile(path, "a window function's file").ReadAll(kMaxBytes));
 }
 
 Taper Taper::Parse(const std::string& file, std::string_view content) {

@@ -81,17 +81,26 @@ TEST(TakeLine, KnowsEveryLineEnd) {
     EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "d", "", "e"}));
 }
 
-TEST(ParseNumber, ReadsDecimalsWithPointOrComma) {
+TEST(ParseNumber, ReadsDecimals) {
     EXPECT_EQ(ParseNumber(" 0.5 "), 0.5);
-    EXPECT_EQ(ParseNumber("0,5"), 0.5);
     EXPECT_EQ(ParseNumber("+1e-3"), 0.001);
     EXPECT_EQ(ParseNumber("-7"), -7.0);
 }
 
 TEST(ParseNumber, RefusesWhatIsNoFiniteNumber) {
     for (const char* text :
-         {"", " ", "n/a", "1 2", "1,000.5", "1,2,3", "nan", "inf", "1e999", "+-1", "++1", "0x10"}) {
+         {"", " ", "n/a", "1 2", "1,000.5", "1,2,3", "0,5", "nan", "inf", "1e999", "+-1", "++1", "0x10"}) {
         EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
+    }
+}
+
+TEST(ParseNumberOrComma, TellsWhetherThereWasAComma) {
+    EXPECT_EQ(ParseNumberOrComma(" -0,5 ")->value, -0.5);
+    EXPECT_TRUE(ParseNumberOrComma("0,5")->comma);
+    EXPECT_EQ(ParseNumberOrComma("0.5")->value, 0.5);
+    EXPECT_FALSE(ParseNumberOrComma("0.5")->comma);
+    for (const char* text : {"", "1,000.5", "1,2,3", "a,b"}) {
+        EXPECT_FALSE(ParseNumberOrComma(text)) << text;
     }
 }
 

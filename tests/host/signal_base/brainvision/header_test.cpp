@@ -144,7 +144,7 @@ TEST(BrainVisionHeader, KeepsTheFirstOfTwoDescriptions) {
 TEST(BrainVisionHeader, AllowsAnyCaseBlanksAndLineEnds) {
     const Parsed parsed =
         Parse("BRAINVISION data exchange HEADER file\r\n; a comment = 1\r\n[ common infos ]\r\n"
-              " datafile = x.dat \r\nNUMBEROFCHANNELS=1\r\nSampling Interval = 2000,0\r\n"
+              " datafile = x.dat \r\nNUMBEROFCHANNELS=1\r\nSampling Interval = 2000.0\r\n"
               "dataorientation = multiplexed\r\n[BINARYINFOS]\r\nbinaryformat=int_16\r\n"
               "[channel infos]\r\nCH1 = Cz , , 0.1 , uV \r\n[Comment]\r\nCh1=Pz\r\n");
     EXPECT_EQ(parsed.header.data_name, "x.dat");
@@ -195,26 +195,37 @@ TEST(BrainVisionHeader, RefusesWhatIsNone) {
 }
 
 TEST(BrainVisionHeader, RefusesImpossibleChannelCounts) {
-    for (const std::string count : {"0", "-1", "two", "1.5", "4097", "99999999999999999999", ""}) {
+    for (const std::string count : {"0", "-1", "two", "1.5", "4097", "99999999999999999999"}) {
         EXPECT_EQ(ReasonOf(With("NumberOfChannels=2", "NumberOfChannels=" + count)),
-                  "NumberOfChannels is \"" + count + "\"");
+                  "line 9: NumberOfChannels \"" + count + "\" is no number of channels");
     }
+    EXPECT_EQ(ReasonOf(With("NumberOfChannels=2", "")), "NumberOfChannels is missing");
 }
 
 TEST(BrainVisionHeader, RefusesImpossibleSamplingIntervals) {
-    for (const std::string interval : {"0", "-1", "nan", "inf", "1e-30", "1e30", "often", ""}) {
+    for (const std::string interval : {"0", "-1", "nan", "inf", "1e-30", "1e30", "often"}) {
         EXPECT_EQ(ReasonOf(With("SamplingInterval=1000", "SamplingInterval=" + interval)),
-                  "SamplingInterval is \"" + interval + "\"");
+                  "line 10: SamplingInterval \"" + interval + "\" is no sampling interval");
     }
+    EXPECT_EQ(ReasonOf(With("SamplingInterval=1000", "SamplingInterval=")), "SamplingInterval is missing");
+}
+
+TEST(BrainVisionHeader, RepairsADecimalCommaInTheSamplingInterval) {
+    const Parsed parsed = Parse(With("SamplingInterval=1000", "SamplingInterval=3906,25"));
+    EXPECT_EQ(parsed.header.rate_hz, 256);
+    EXPECT_EQ(parsed.repairs, (Lines{"decimal comma in SamplingInterval \"3906,25\" read as a point"}));
 }
 
 TEST(BrainVisionHeader, RefusesDataItCannotRead) {
-    EXPECT_EQ(ReasonOf(With("INT_16", "INT_32")), "BinaryFormat is \"INT_32\"");
-    EXPECT_EQ(ReasonOf(With("BINARY", "ASCII")), "DataFormat is \"ASCII\"");
-    EXPECT_EQ(ReasonOf(With("MULTIPLEXED", "SIDEWAYS")), "DataOrientation is \"SIDEWAYS\"");
+    EXPECT_EQ(ReasonOf(With("INT_16", "INT_32")), "line 13: BinaryFormat \"INT_32\" is not supported");
+    EXPECT_EQ(ReasonOf(With("BinaryFormat=INT_16", "")), "BinaryFormat is missing");
+    EXPECT_EQ(ReasonOf(With("BINARY", "ASCII")), "line 7: DataFormat \"ASCII\" is not supported");
+    EXPECT_EQ(ReasonOf(With("MULTIPLEXED", "SIDEWAYS")),
+              "line 8: DataOrientation \"SIDEWAYS\" is not supported");
     EXPECT_EQ(ReasonOf(With("DataFormat=BINARY", "DataType=FREQUENCYDOMAIN")),
-              "DataType is \"FREQUENCYDOMAIN\"");
-    EXPECT_EQ(ReasonOf(With("INT_16", "INT_16\nUseBigEndianOrder=YES")), "UseBigEndianOrder is YES");
+              "line 7: DataType \"FREQUENCYDOMAIN\" is not supported");
+    EXPECT_EQ(ReasonOf(With("INT_16", "INT_16\nUseBigEndianOrder=YES")),
+              "line 14: UseBigEndianOrder \"YES\" is not supported");
 }
 
 } // namespace

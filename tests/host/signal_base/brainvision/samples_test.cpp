@@ -139,6 +139,46 @@ INSTANTIATE_TEST_SUITE_P(Forms, BrainVisionSamples,
                                          std::pair(true, false), std::pair(true, true)),
                          FormName);
 
+/// The default header counts one channel of the two that it describes.
+std::string WithOneCounted(const TempFolder& folder, const std::string& further = "") {
+    BrainVisionFiles files;
+    files.common_infos = further;
+    const std::string path = WriteBrainVision(folder, files);
+    std::string text = HeaderText(files);
+    text.replace(text.find("NumberOfChannels=2"), 18, "NumberOfChannels=1");
+    folder.Write("rec.vhdr", text);
+    return path;
+}
+
+TEST(BrainVisionData, OfAllDescribedChannelsWhereTheSizeFits) {
+    TempFolder folder;
+    const RecordingData data = ReadBrainVision(WithOneCounted(folder));
+    EXPECT_EQ(data.signals.size(), 2u);
+    EXPECT_EQ(data.source->SampleCount(1), 4u);
+    EXPECT_EQ(data.repairs,
+              (Lines{"NumberOfChannels is 1, but 2 channels are described; all are used, as the "
+                     "size of the data file fits them"}));
+}
+
+TEST(BrainVisionData, OfTheCountedChannelsWhereTheSizeDoesNotFitAll) {
+    TempFolder folder;
+    const RecordingData data = ReadBrainVision(WithOneCounted(folder, "DataPoints=8\n"));
+    EXPECT_EQ(data.signals.size(), 1u);
+    EXPECT_EQ(data.source->SampleCount(0), 8u);
+    EXPECT_EQ(data.repairs, (Lines{"NumberOfChannels is 1, but 2 channels are described; the others are left "
+                                   "out, as the size of the data file does not fit them"}));
+}
+
+TEST(BrainVisionData, WithOneByteTooManyLosesIt) {
+    TempFolder folder;
+    const BrainVisionFiles files;
+    const std::string header = WriteBrainVision(folder, files);
+    folder.Write("rec.eeg", DataBytes(files) + "x");
+    EXPECT_EQ(
+        ReadBrainVision(header).repairs,
+        (Lines{"1 byte at the end of the data file makes no whole data point of all channels, left out"}));
+}
+
 TEST(BrainVisionData, WithHalfAFrameAtTheEndLosesIt) {
     TempFolder folder;
     const BrainVisionFiles files;

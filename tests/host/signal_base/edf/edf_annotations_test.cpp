@@ -145,9 +145,17 @@ TEST(EdfGaps, ShorterThanHalfASampleAreRounding) {
 TEST(EdfGaps, WhereTimeGoesBackPlaceTheRestBehind) {
     const signal::RecordingData data = Open(WithTimes({"10", "11", "5", "6"}));
     EXPECT_THAT(Stretches(data), ElementsAre(Stretch{0, 2, 0}, Stretch{2, 2, 2}));
+    EXPECT_THAT(
+        data.repairs,
+        ElementsAre("annotations: records overlap, 1 data record placed behind the one before, no epoch "
+                    "crosses from one to the other"));
+}
+
+TEST(EdfAnnotations, WithADecimalCommaAreTold) {
+    const signal::RecordingData data = Open(WithTimes({"0", "1,5"}));
+    EXPECT_THAT(Stretches(data), ElementsAre(Stretch{0, 1, 0}, Stretch{1, 1, 1.5}));
     EXPECT_THAT(data.repairs,
-                ElementsAre("annotations: time goes back at 1 data record, placed behind the one before",
-                            "annotations: 1 break with 0 s missing in all, no epoch crosses them"));
+                testing::Contains("data record 2: 1 annotation list with a decimal comma, read as a point"));
 }
 
 TEST(EdfGaps, OfADiscontinuousFileWithoutTimesAreUnknown) {

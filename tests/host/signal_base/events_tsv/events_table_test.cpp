@@ -57,6 +57,14 @@ TEST(ParseEventsTable, ReadsOnsetDurationAndType) {
     EXPECT_TRUE(parsed.repairs.empty());
 }
 
+TEST(ParseEventsTable, RepairsDecimalCommas) {
+    const Parsed parsed = Parse("onset\tduration\n0,5\t2\n1.5\t0,25\n");
+    EXPECT_EQ(parsed.events, (Events{{0.5, 2, "event"}, {1.5, 0.25, "event"}}));
+    EXPECT_EQ(parsed.repairs,
+              (std::vector<std::string>{"sub-01_events.tsv: line 2: decimal comma read as a point",
+                                        "sub-01_events.tsv: line 3: decimal comma read as a point"}));
+}
+
 TEST(ParseEventsTable, TakesColumnsInAnyOrderAndLeavesOutOthers) {
     const Parsed parsed = Parse("sample\tTrial_Type\tduration\tresponse\tOnset\n1\tgo\t0.1\tx\t2.5\n");
     EXPECT_EQ(parsed.events, (Events{{2.5, 0.1, "go"}}));

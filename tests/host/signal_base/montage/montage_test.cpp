@@ -274,6 +274,21 @@ TEST_F(UserMontage, RefusesNamesOfNoSensor) {
                 HasSubstr("line 2: the recording has no channel \"X9\""));
 }
 
+TEST_F(UserMontage, SaysThatSignsNeedBlanksBefore) {
+    EXPECT_THAT(RefusalOf("a = Fp1-F3\n"),
+                HasSubstr("blanks before the sign of the next one (+Fp1 -F3) or quotes"));
+}
+
+TEST_F(UserMontage, SaysWhichFileIsWanted) {
+    try {
+        ReadMontageFile(folder_.Path(""), *file_->GetTraceInfo());
+        FAIL() << "read a folder";
+    } catch (const RecordingError& error) {
+        EXPECT_EQ(error.Reason(), "is a folder");
+        EXPECT_EQ(error.Remedy(), "choose a montage file");
+    }
+}
+
 TEST_F(UserMontage, RefusesWhatIsNoEeg) {
     EXPECT_THAT(RefusalOf("a = Fp1 -ECG\n"), HasSubstr("line 1: channel \"ECG\" is no EEG"));
 }

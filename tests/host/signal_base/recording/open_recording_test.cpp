@@ -92,6 +92,13 @@ TEST_F(OpenRecordingFrom, ABadEventsTableIsARepair) {
                 Contains(AllOf(HasSubstr("events table left out"), HasSubstr("a_events.tsv"))));
 }
 
+TEST_F(OpenRecordingFrom, EventsOutsideTheRecordingAreTold) {
+    Write("a_events.tsv", "onset\tduration\n-3\t0\n1e6\t0\n0\t0\n");
+    const auto file = OpenRecording(Write("a.edf", edf_));
+    EXPECT_THAT(file->GetRecording()->Repairs(),
+                Contains("a_events.tsv: 2 events outside the recording, the first at -3 s, kept"));
+}
+
 TEST_F(OpenRecordingFrom, ABidsTableIsPreferred) {
     Write("x_events.tsv", "onset\tduration\ttrial_type\n1\t0\tbids\n");
     Write("x_eeg_events.tsv", "onset\tduration\ttrial_type\n1\t0\tother\n");

@@ -105,6 +105,16 @@ TEST(StandardPositions, NamesAreReadInAnyCaseAndWrittenInOne) {
     EXPECT_EQ(StandardPosition("t3").Name, "T3");
 }
 
+TEST(StandardPositions, HoldExactZerosWithoutASign) {
+    for (const char* name : {"Fpz", "Fz", "Cz", "Pz", "Oz", "T7", "T8"}) {
+        const HeadPosition position = StandardPosition(name).Position;
+        for (const double coordinate : {position.x, position.y, position.z}) {
+            EXPECT_TRUE(std::abs(coordinate) > 1e-9 || (coordinate == 0 && !std::signbit(coordinate)))
+                << name;
+        }
+    }
+}
+
 TEST(StandardPositions, OtherNamesAreUnknown) {
     EXPECT_FALSE(StandardPosition("ECG").Known);
     EXPECT_FALSE(StandardPosition("").Known);
