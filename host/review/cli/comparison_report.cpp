@@ -5,11 +5,11 @@
 #include "host/review/cli/macro_keys.h"
 #include "host/review/cli/output.h"
 #include "host/spectral_data/files/number_text.h"
+#include "host/spectral_data/not_computable.h"
 
 #include <nlohmann/json.hpp>
 
 #include <cmath>
-#include <limits>
 #include <map>
 #include <optional>
 
@@ -19,7 +19,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+using spectral::kNaN;
 constexpr double kLevel = 0.05;
 
 std::optional<spectral::TraceComparison> CompareTrace(const Comparison& c, const Trace& trace) {

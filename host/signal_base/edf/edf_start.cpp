@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/edf/edf_start.h"
 
+#include "host/signal_base/calendar.h"
 #include "host/signal_base/text.h"
 
 #include <algorithm>
@@ -143,21 +144,8 @@ std::optional<StartTime> ReadEdfStart(EdfFields& fields, bool plus) {
 }
 
 StartTime Moved(const StartTime& start, double seconds) {
-    using namespace std::chrono;
-    const sys_time<microseconds> moved =
-        sys_days(MakeDate(start.year, start.month, start.day)) + hours(start.hour) + minutes(start.minute) +
-        std::chrono::seconds(start.second) + microseconds(start.microsecond) +
-        microseconds(std::llround(seconds * 1e6));
-    const sys_days day = floor<days>(moved);
-    const year_month_day date(day);
-    const hh_mm_ss time(moved - day);
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(time.hours().count()),
-            static_cast<int>(time.minutes().count()),
-            static_cast<int>(time.seconds().count()),
-            static_cast<int>(time.subseconds().count())};
+    const std::optional<std::int64_t> moment = MicrosecondsOf(start);
+    return moment ? TimeOfMicroseconds(*moment + std::llround(seconds * 1e6)) : start;
 }
 
 } // namespace orvanta::signal
