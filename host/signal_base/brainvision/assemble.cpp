@@ -2,6 +2,7 @@
 #include "host/signal_base/brainvision/assemble.h"
 
 #include "host/signal_base/brainvision/frame_source.h"
+#include "host/signal_base/brainvision/number_check.h"
 #include "host/signal_base/brainvision/segments.h"
 #include "host/signal_base/limited_list.h"
 #include "host/signal_base/text_encoding.h"
@@ -84,9 +85,10 @@ RecordingData Assemble(Header header, const std::vector<Marker>& markers, const 
     }
     data.segments = std::move(time.segments);
     data.signals = std::move(header.signals);
-    data.repairs = std::move(repairs);
     data.source = std::make_shared<FrameSource>(std::move(dataFile), layout,
                                                 static_cast<std::uint32_t>(time.block_frames));
+    CheckNumbers(data.signals, *data.source, repairs);
+    data.repairs = std::move(repairs);
     return data;
 }
 

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <thread>
 #include <vector>
@@ -138,6 +139,21 @@ INSTANTIATE_TEST_SUITE_P(Forms, BrainVisionSamples,
                          testing::Values(std::pair(false, false), std::pair(false, true),
                                          std::pair(true, false), std::pair(true, true)),
                          FormName);
+
+TEST(BrainVisionData, ThatAreNoNumbersAreCounted) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const bool vectorized : {false, true}) {
+        TempFolder folder;
+        BrainVisionFiles files;
+        files.float32 = true;
+        files.vectorized = vectorized;
+        files.values = {{1, nan, -infinity, 4}, {1, 2, 3, infinity}};
+        EXPECT_EQ(ReadBrainVision(WriteBrainVision(folder, files)).repairs,
+                  (Lines{"2 samples of channel \"Fp1\" are not numbers, spectra over them are not computable",
+                         "1 sample of channel \"Fp2\" is no number, spectra over them are not computable"}));
+    }
+}
 
 /// The default header counts one channel of the two that it describes.
 std::string WithOneCounted(const TempFolder& folder, const std::string& further = "") {

@@ -64,6 +64,7 @@ TEST(MacroFields, AWrongValueChangesNothing) {
     SpectraMacro macro;
     EXPECT_THROW(Field("overlap").set(macro, "120"), std::invalid_argument);
     EXPECT_THROW(Field("color").set(macro, "0x"), std::invalid_argument);
+    EXPECT_THROW(Field("fft_seconds").set(macro, "0,5"), std::invalid_argument);
     EXPECT_TRUE(macro == SpectraMacro());
 }
 
