@@ -273,7 +273,9 @@ void SpectMacroResult::GetSpeCartoon(std::vector<double>& values, std::uint64_t 
     }
     try {
         const auto power = analysis->Epochs().Power(epoch, trace->row);
-        values = EpochSpectrum(power, analysis->Resolution())->Mean(SPECT::GetGlobals().GetMeasEntity());
+        const auto spectrum = EpochSpectrum(power, analysis->Resolution());
+        const std::span<const double> means = spectrum->Mean(SPECT::GetGlobals().GetMeasEntity());
+        values.assign(means.begin(), means.end());
     } catch (const std::runtime_error&) { // as above
         values.clear();
     }

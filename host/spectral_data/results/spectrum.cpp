@@ -86,10 +86,13 @@ std::shared_ptr<const SpectrumSingle::Impl> EpochSpectrum(std::span<const float>
 using orvanta::spectral::BandMeasure;
 using orvanta::spectral::MeasureInput;
 
-std::vector<double> SpectrumSingle::Impl::Mean(SPECT::Entity::Type entity) const {
-    std::vector<double> values(Bins());
-    for (std::uint32_t bin = 0; bin < values.size(); ++bin) {
-        values[bin] = MeanAt(entity, bin);
+std::span<const double> SpectrumSingle::Impl::Mean(SPECT::Entity::Type entity) const {
+    std::vector<double>& values = means_.at(static_cast<std::size_t>(entity));
+    if (values.empty()) {
+        values.resize(Bins());
+        for (std::uint32_t bin = 0; bin < values.size(); ++bin) {
+            values[bin] = MeanAt(entity, bin);
+        }
     }
     return values;
 }
@@ -102,7 +105,8 @@ double SpectrumSingle::GetValue(std::uint64_t bin) const {
 }
 
 void SpectrumSingle::GetSpect(std::vector<double>& values) const {
-    values = impl_->Mean(SPECT::GetGlobals().GetMeasEntity());
+    const std::span<const double> means = impl_->Mean(SPECT::GetGlobals().GetMeasEntity());
+    values.assign(means.begin(), means.end());
 }
 
 void SpectrumSingle::GetSpectSD(std::vector<double>& values) const {
@@ -120,13 +124,11 @@ double SpectrumSingle::GetMeasure(int band, SPECT::Meas::Type measure) const {
     }
     const double lo = band == -1 ? globals.TotalLo : globals.Bands[band].lo;
     const double hi = band == -1 ? globals.TotalHi : globals.Bands[band].hi;
-    const std::vector<double> values = impl_->Mean(globals.GetMeasEntity());
-    const std::vector<double> power = impl_->Mean(SPECT::Entity::Type::Power);
     MeasureInput input;
     input.entity = globals.GetMeasEntity();
     input.resolution_hz = impl_->Resolution();
-    input.values = values;
-    input.power = power;
+    input.values = impl_->Mean(globals.GetMeasEntity());
+    input.power = impl_->Mean(SPECT::Entity::Type::Power);
     input.total_lo = globals.TotalLo;
     input.total_hi = globals.TotalHi;
     if (measure == SPECT::Meas::Type::CV) {

@@ -5,6 +5,7 @@
 #include "host/spectral_data/results/analysis.h"
 #include "spectra_contract/spectrum.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -21,7 +22,11 @@ struct SpectrumSingle::Impl {
     /// Spread over epochs of a band's Abs.
     virtual orvanta::spectral::Spread AbsSpread(SPECT::Entity::Type entity, double lo, double hi) const = 0;
 
-    std::vector<double> Mean(SPECT::Entity::Type entity) const;
+    /// The means of all bins; gathered when first asked for, since every measure asks again.
+    std::span<const double> Mean(SPECT::Entity::Type entity) const;
+
+private:
+    mutable std::array<std::vector<double>, SPECT::Entity::Count> means_;
 };
 
 namespace orvanta::spectral {
