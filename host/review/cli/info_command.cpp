@@ -78,7 +78,10 @@ Json GapsToJson(const signal::Timeline& timeline) {
     for (std::size_t i = 1; i < segments.size(); ++i) {
         const double begin =
             segments[i - 1].start_s + static_cast<double>(segments[i - 1].count) / timeline.Rate();
-        gaps.push_back({{"begin_s", begin}, {"end_s", segments[i].start_s}});
+        // Records that overlap are a break of the samples, but no time is missing.
+        if (segments[i].start_s > begin) {
+            gaps.push_back({{"begin_s", begin}, {"end_s", segments[i].start_s}});
+        }
     }
     return gaps;
 }
