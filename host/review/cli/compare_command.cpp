@@ -9,7 +9,6 @@
 #include "host/spectral_data/results/errors.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 namespace orvanta::cli {
 
@@ -41,7 +40,7 @@ int Compare(const CompareArguments& arguments) {
     WarnOfSharedTime(main, secondary, run.Recording());
     const Comparison comparison{run.Recording(), run.Manager(), main, secondary};
     if (!arguments.json.empty()) {
-        WriteOutput(arguments.json, ToJson(comparison).dump() + "\n");
+        WriteOutput(arguments.json, ToJson(comparison).Text() + "\n");
     }
     if (!arguments.csv.empty()) {
         WriteOutput(arguments.csv, ToCsv(comparison));

@@ -17,8 +17,6 @@ namespace orvanta::cli {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 using spectral::kNaN;
 constexpr double kLevel = 0.05;
 
@@ -81,28 +79,28 @@ private:
 
 } // namespace
 
-Json ToJson(const Comparison& c) {
-    Json json = ToJson(c.recording, c.manager, c.main, [&](const Trace& trace, Json& object) {
+JsonObject ToJson(const Comparison& c) {
+    JsonObject json = ToJson(c.recording, c.manager, c.main, [&](const Trace& trace, JsonObject& object) {
         if (const SpectrumSingle* secondary = SecondaryOf(c, trace)) {
             std::vector<double> values;
             secondary->GetSpect(values);
-            object["secondary_mean"] = values;
+            object.AddNumbers("secondary_mean", values);
             secondary->GetSpectSD(values);
-            object["secondary_sd"] = values;
+            object.AddNumbers("secondary_sd", values);
         }
         if (const auto compared = CompareTrace(c, trace)) {
-            object["p"] = compared->p;
-            object["ratio"] = compared->ratio;
-            object["t"] = compared->t;
-            object["df"] = compared->df;
+            object.AddNumbers("p", compared->p);
+            object.AddNumbers("ratio", compared->ratio);
+            object.AddNumbers("t", compared->t);
+            object.AddNumbers("df", compared->df);
         }
     });
-    json["secondary"] = {{"settings", KeysToJson(c.secondary.GetMacro())},
-                         {"fft_count", c.secondary.GetFFTCount()},
-                         {"epochs", EpochsToJson(c.secondary, c.recording)}};
+    json.Add("secondary", {{"settings", KeysToJson(c.secondary.GetMacro())},
+                           {"fft_count", c.secondary.GetFFTCount()},
+                           {"epochs", EpochsToJson(c.secondary, c.recording)}});
     const SPECT::Entity::Type entity = c.manager.GetMeasEntity();
-    json["n_eff"] = {{"main", spectral::EffectiveCountOf(*c.main.GetAnalysis(), entity)},
-                     {"secondary", spectral::EffectiveCountOf(*c.secondary.GetAnalysis(), entity)}};
+    json.Add("n_eff", {{"main", spectral::EffectiveCountOf(*c.main.GetAnalysis(), entity)},
+                       {"secondary", spectral::EffectiveCountOf(*c.secondary.GetAnalysis(), entity)}});
     return json;
 }
 

@@ -5,8 +5,6 @@
 #include "host/review/cli/report.h"
 #include "host/spectral_data/results/comparison_of.h"
 
-#include <nlohmann/json_fwd.hpp>
-
 #include <string>
 
 namespace orvanta::cli {
@@ -20,7 +18,7 @@ struct Comparison {
 
 /// The main analysis as in a computation, with p, ratio, t and df per trace, the secondary analysis's means,
 /// and the effective numbers of epochs.
-nlohmann::ordered_json ToJson(const Comparison& comparison);
+JsonObject ToJson(const Comparison& comparison);
 
 /// One line per trace, band and measure: of the main analysis, of the secondary one, and their ratio; and per
 /// band the percentage of bins with p below 0.05.

@@ -10,7 +10,6 @@
 #include "host/review/cli/report.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
 #include <iostream>
 
@@ -55,7 +54,7 @@ int Compute(const ComputeArguments& arguments) {
         run.Compute(macro, arguments.macro, arguments.Options(), "Computing spectra");
 
     if (!arguments.json.empty()) {
-        WriteOutput(arguments.json, ToJson(run.Recording(), run.Manager(), analysis, {}).dump() + "\n");
+        WriteOutput(arguments.json, ToJson(run.Recording(), run.Manager(), analysis, {}).Text() + "\n");
     }
     if (!arguments.csv.empty()) {
         WriteOutput(arguments.csv, ToCsv(run.Manager(), analysis));

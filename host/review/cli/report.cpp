@@ -34,17 +34,18 @@ Json MeasuresToJson(const SpectraMgr& manager, const SpectrumSingle& spectrum) {
     return measures;
 }
 
-Json TraceToJson(const SpectraMgr& manager, const Trace& trace, const TraceExtra& extra) {
+JsonObject TraceToJson(const SpectraMgr& manager, const Trace& trace, const TraceExtra& extra) {
     std::vector<double> values;
-    Json object = {{"name", trace.spectrum->GetName()}};
+    JsonObject object;
+    object.Add("name", trace.spectrum->GetName());
     trace.spectrum->GetSpect(values);
-    object["mean"] = values;
+    object.AddNumbers("mean", values);
     trace.spectrum->GetSpectSD(values);
-    object["sd"] = values;
+    object.AddNumbers("sd", values);
     if (extra) {
         extra(trace, object);
     }
-    object["measures"] = MeasuresToJson(manager, *trace.spectrum);
+    object.Add("measures", MeasuresToJson(manager, *trace.spectrum));
     return object;
 }
 
@@ -82,38 +83,41 @@ Json EpochsToJson(const SpectMacroResult& analysis, EEGFileInfoType& recording) 
     return epochs;
 }
 
-Json ToJson(EEGFileInfoType& recording, const SpectraMgr& manager, const SpectMacroResult& analysis,
-            const TraceExtra& extra) {
-    Json json;
-    json["file"] = recording.GetRecording()->Data().path;
-    json["settings"] = KeysToJson(analysis.GetMacro());
-    json["montage"] = analysis.GetMontage().GetName();
-    json["entity"] = manager.GetCurrMeasEntityStr();
-    json["unit"] = manager.GetCurrEntityMeasUnit();
-    json["rate_hz"] = analysis.GetFFTSR();
-    json["fft_samples"] = analysis.GetFFTSamples();
-    json["resolution_hz"] = analysis.GetResolutionHz();
-    json["fft_count"] = analysis.GetFFTCount();
-    json["epochs"] = EpochsToJson(analysis, recording);
-    Json frequencies = Json::array();
+JsonObject ToJson(EEGFileInfoType& recording, const SpectraMgr& manager, const SpectMacroResult& analysis,
+                  const TraceExtra& extra) {
+    JsonObject json;
+    json.Add("file", recording.GetRecording()->Data().path);
+    json.Add("settings", KeysToJson(analysis.GetMacro()));
+    json.Add("montage", analysis.GetMontage().GetName());
+    json.Add("entity", manager.GetCurrMeasEntityStr());
+    json.Add("unit", manager.GetCurrEntityMeasUnit());
+    json.Add("rate_hz", analysis.GetFFTSR());
+    json.Add("fft_samples", analysis.GetFFTSamples());
+    json.Add("resolution_hz", analysis.GetResolutionHz());
+    json.Add("fft_count", analysis.GetFFTCount());
+    json.Add("epochs", EpochsToJson(analysis, recording));
+    std::vector<double> frequencies;
     for (std::uint64_t bin = 0; bin <= analysis.GetFFTSamples() / 2; ++bin) {
         frequencies.push_back(analysis.GetFreqFromIndex(bin));
     }
-    json["frequencies_hz"] = std::move(frequencies);
-    json["sensors"] = Json::array();
-    json["channels"] = Json::array();
+    json.AddNumbers("frequencies_hz", frequencies);
+    std::vector<JsonObject> sensors;
+    std::vector<JsonObject> channels;
     ForEachTrace(analysis, [&](const Trace& trace) {
-        json[trace.sensor != nullptr ? "sensors" : "channels"].push_back(TraceToJson(manager, trace, extra));
+        (trace.sensor != nullptr ? sensors : channels).push_back(TraceToJson(manager, trace, extra));
     });
-    json["bands"] = Json::array();
+    json.AddObjects("sensors", sensors);
+    json.AddObjects("channels", channels);
+    Json bands = Json::array();
     for (unsigned b = 0; b < SPECT::BandCount; ++b) {
         if (const SPECT::Band& band = manager.GetBand(b); band.IsDefined()) {
-            json["bands"].push_back(BandJson(band.name, band.lo, band.hi));
+            bands.push_back(BandJson(band.name, band.lo, band.hi));
         }
     }
+    json.Add("bands", bands);
     const SPECT::Globals& globals = SPECT::GetGlobals();
-    json["total_band"] = BandJson("Total", globals.TotalLo, globals.TotalHi);
-    json["repairs"] = recording.GetRecording()->Repairs();
+    json.Add("total_band", BandJson("Total", globals.TotalLo, globals.TotalHi));
+    json.Add("repairs", recording.GetRecording()->Repairs());
     return json;
 }
 

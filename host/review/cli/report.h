@@ -2,6 +2,7 @@
 // A computed analysis as JSON, as CSV and as a table for people.
 #pragma once
 
+#include "host/review/cli/json_object.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -28,11 +29,11 @@ void ForEachMeasure(const SpectraMgr& manager,
                     const std::function<void(unsigned band, SPECT::Meas::Type measure)>& visit);
 
 /// Adds keys of its own to a trace's JSON object.
-using TraceExtra = std::function<void(const Trace&, nlohmann::ordered_json& object)>;
+using TraceExtra = std::function<void(const Trace&, JsonObject& object)>;
 
 /// Everything about one analysis; what is not computable is null. \p extra may be empty.
-nlohmann::ordered_json ToJson(EEGFileInfoType& recording, const SpectraMgr& manager,
-                              const SpectMacroResult& analysis, const TraceExtra& extra);
+JsonObject ToJson(EEGFileInfoType& recording, const SpectraMgr& manager, const SpectMacroResult& analysis,
+                  const TraceExtra& extra);
 
 /// Epochs as begin and end in seconds.
 nlohmann::ordered_json EpochsToJson(const SpectMacroResult& analysis, EEGFileInfoType& recording);
