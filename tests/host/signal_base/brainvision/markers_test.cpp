@@ -2,6 +2,7 @@
 // Events, start and gaps of BrainVision recordings.
 #include "host/signal_base/recording_data.h"
 #include "tests/support/brainvision_files.h"
+#include "tests/support/event_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -16,19 +17,8 @@ using test::BrainVisionFiles;
 using test::TempFolder;
 using Lines = std::vector<std::string>;
 
-constexpr double kSpot = -1; ///< stands for "no duration" in the tables below
-
-struct Event {
-    double onset = 0;
-    double duration = kSpot;
-    std::string text;
-
-    bool operator==(const Event&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Event& event) {
-        return out << event.onset << ' ' << event.duration << ' ' << event.text;
-    }
-};
-using Events = std::vector<Event>;
+using test::kSpot;
+using Events = test::EventRows;
 
 struct Piece {
     std::uint64_t first = 0;
@@ -58,9 +48,7 @@ Opened Open(const std::vector<std::string>& markers) {
     files.markers = markers;
     Opened opened;
     opened.data = ReadBrainVision(WriteBrainVision(folder, files));
-    for (const Annotation& annotation : opened.data.annotations) {
-        opened.events.push_back({annotation.onset_s, annotation.duration_s.value_or(kSpot), annotation.text});
-    }
+    opened.events = test::RowsOf(opened.data.annotations);
     for (const BlockSegment& segment : opened.data.segments) {
         opened.pieces.push_back({segment.first_block, segment.count, segment.start_s});
     }

@@ -2,6 +2,7 @@
 #include "host/signal_base/events_tsv/events_table.h"
 
 #include "host/signal_base/recording_error.h"
+#include "tests/support/event_rows.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -13,19 +14,8 @@
 namespace orvanta::signal {
 namespace {
 
-constexpr double kSpot = -1; ///< stands for "no duration" in the tables below
-
-struct Event {
-    double onset = 0;
-    double duration = kSpot;
-    std::string text;
-
-    bool operator==(const Event&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Event& event) {
-        return out << event.onset << ' ' << event.duration << ' ' << event.text;
-    }
-};
-using Events = std::vector<Event>;
+using test::kSpot;
+using Events = test::EventRows;
 
 struct Parsed {
     Events events;
@@ -36,9 +26,7 @@ Parsed Parse(const std::string& text) {
     std::vector<Annotation> annotations;
     Parsed parsed;
     ParseEventsTable(text, "folder/sub-01_events.tsv", annotations, parsed.repairs);
-    for (const Annotation& annotation : annotations) {
-        parsed.events.push_back({annotation.onset_s, annotation.duration_s.value_or(kSpot), annotation.text});
-    }
+    parsed.events = test::RowsOf(annotations);
     return parsed;
 }
 

@@ -47,6 +47,8 @@ struct UnitCase {
     const char* power;
     const char* coherence;
     const char* phase;
+
+    friend void PrintTo(const UnitCase& unit, std::ostream* out) { *out << unit.name; }
 };
 
 class MeasureUnits : public testing::TestWithParam<UnitCase> {};
