@@ -21,9 +21,8 @@ int Fail(int status, const char* reason) {
     return status;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+/// Reads the arguments and runs the command they name.
+int Run(int argc, char** argv) {
     using namespace orvanta::cli;
     CLI::App app("Spectra of EEG recordings: mean and SD per sensor and channel, band measures, comparisons.",
                  "orvanta");
@@ -53,13 +52,22 @@ int main(int argc, char** argv) {
         return Fail(kRefused, (std::string(error.what()) + " (see " + command + " --help)").c_str());
     }
     orvanta::platform::CatchInterrupts();
+    return run();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace orvanta::cli;
     try {
-        return run();
+        return Run(argc, argv);
     } catch (const Interrupted& interrupted) {
         return Fail(kInterrupted, interrupted.what());
     } catch (const orvanta::spectral::NothingComputable& error) {
         return Fail(kNothingComputable, error.what());
     } catch (const std::exception& error) {
         return Fail(kRefused, error.what());
+    } catch (...) {
+        return Fail(kRefused, "an unknown failure (please report it with the recording)");
     }
 }

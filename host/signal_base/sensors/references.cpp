@@ -8,6 +8,12 @@
 
 namespace orvanta::signal {
 
+namespace {
+
+constexpr std::size_t kLongRemark = 400; ///< characters after which the rest is summed up
+
+} // namespace
+
 bool Comparable(const SensorType& a, const SensorType& b) {
     return SameText(a.GetReference(), b.GetReference()) && a.GetUnit() != kRawUnit && b.GetUnit() != kRawUnit;
 }
@@ -23,18 +29,14 @@ void ReportReferences(const std::vector<std::shared_ptr<SensorType>>& sensors,
     if (electrodes.size() < 2) {
         return;
     }
-    std::vector<std::string> groups;
-    for (const auto& [reference, names] : electrodes) {
-        groups.push_back(NameList(names) +
-                         (reference.empty() ? " against one not told" : " against " + reference));
-    }
     std::string text;
-    for (const std::string& group : groups) {
-        text += (text.empty() ? "" : "; ") + group;
-        if (text.size() > 400) {
+    for (const auto& [reference, names] : electrodes) {
+        if (text.size() > kLongRemark) {
             text += "; and others";
             break;
         }
+        text += (text.empty() ? "" : "; ") + NameList(names) +
+                (reference.empty() ? " against one not told" : " against " + reference);
     }
     remarks.push_back("electrodes were recorded against different references (" + text +
                       "): standard montages combine only those of one reference");
