@@ -37,6 +37,13 @@ void JsonObject::AddNumbers(std::string_view key, std::span<const double> values
     text_ += ']';
 }
 
+void JsonObject::AddMembers(const JsonObject& other) {
+    if (other.text_.size() > 1) {
+        text_ += text_.size() > 1 ? "," : "";
+        text_.append(other.text_, 1);
+    }
+}
+
 void JsonObject::AddObjects(std::string_view key, const std::vector<JsonObject>& objects) {
     AddKey(key);
     text_ += '[';

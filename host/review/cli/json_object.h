@@ -18,6 +18,8 @@ public:
     void Add(std::string_view key, const nlohmann::ordered_json& value);
     /// An array of numbers in shortest form; null for what is not finite.
     void AddNumbers(std::string_view key, std::span<const double> values);
+    /// The members of another object.
+    void AddMembers(const JsonObject& other);
     /// An array of objects.
     void AddObjects(std::string_view key, const std::vector<JsonObject>& objects);
     /// "{…}".

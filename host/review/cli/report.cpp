@@ -6,10 +6,13 @@
 #include "host/review/cli/output.h"
 #include "host/signal_base/recording.h"
 #include "host/spectral_data/files/number_text.h"
+#include "host/spectral_data/results/analysis.h"
 #include "spectra_contract/spect_globals.h"
 
 #include <nlohmann/json.hpp>
 
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace orvanta::cli {
@@ -34,10 +37,9 @@ Json MeasuresToJson(const SpectraMgr& manager, const SpectrumSingle& spectrum) {
     return measures;
 }
 
-JsonObject TraceToJson(const SpectraMgr& manager, const Trace& trace, const TraceExtra& extra) {
+JsonObject NumbersToJson(const SpectraMgr& manager, const Trace& trace, const TraceExtra& extra) {
     std::vector<double> values;
     JsonObject object;
-    object.Add("name", trace.spectrum->GetName());
     trace.spectrum->GetSpect(values);
     object.AddNumbers("mean", values);
     trace.spectrum->GetSpectSD(values);
@@ -48,6 +50,33 @@ JsonObject TraceToJson(const SpectraMgr& manager, const Trace& trace, const Trac
     object.Add("measures", MeasuresToJson(manager, *trace.spectrum));
     return object;
 }
+
+/// Traces as JSON. A channel that is a sensor's own has the sensor's numbers, which are then written once
+/// only.
+class TraceTexts {
+public:
+    TraceTexts(const SpectraMgr& manager, const SpectMacroResult& analysis, const TraceExtra& extra)
+        : manager_(manager), analysis_(analysis.GetAnalysis()), extra_(extra) {}
+
+    JsonObject Of(const Trace& trace) {
+        const auto row =
+            trace.sensor != nullptr ? analysis_->Row(trace.sensor) : analysis_->Row(trace.channel);
+        const auto [entry, isNew] = numbers_.try_emplace(*row);
+        if (isNew) {
+            entry->second = NumbersToJson(manager_, trace, extra_);
+        }
+        JsonObject object;
+        object.Add("name", trace.spectrum->GetName());
+        object.AddMembers(entry->second);
+        return object;
+    }
+
+private:
+    const SpectraMgr& manager_;
+    std::shared_ptr<const spectral::Analysis> analysis_;
+    const TraceExtra& extra_;
+    std::map<spectral::TraceRow, JsonObject> numbers_;
+};
 
 } // namespace
 
@@ -101,10 +130,11 @@ JsonObject ToJson(EEGFileInfoType& recording, const SpectraMgr& manager, const S
         frequencies.push_back(analysis.GetFreqFromIndex(bin));
     }
     json.AddNumbers("frequencies_hz", frequencies);
+    TraceTexts texts(manager, analysis, extra);
     std::vector<JsonObject> sensors;
     std::vector<JsonObject> channels;
     ForEachTrace(analysis, [&](const Trace& trace) {
-        (trace.sensor != nullptr ? sensors : channels).push_back(TraceToJson(manager, trace, extra));
+        (trace.sensor != nullptr ? sensors : channels).push_back(texts.Of(trace));
     });
     json.AddObjects("sensors", sensors);
     json.AddObjects("channels", channels);

@@ -43,6 +43,17 @@ TEST(JsonObject, ObjectsAreNested) {
     EXPECT_EQ(object.Text(), R"({"all":[{"x":1},{}],"none":[]})");
 }
 
+TEST(JsonObject, MembersOfAnotherFollow) {
+    JsonObject other;
+    other.Add("b", 2);
+    JsonObject object;
+    object.AddMembers(JsonObject());
+    object.AddMembers(other);
+    object.Add("c", 3);
+    object.AddMembers(other);
+    EXPECT_EQ(object.Text(), R"({"b":2,"c":3,"b":2})");
+}
+
 TEST(JsonObject, QuotesInNamesAreEscaped) {
     JsonObject object;
     object.Add("a\"b", "c\"d");
