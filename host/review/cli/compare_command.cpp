@@ -40,7 +40,7 @@ int Compare(const CompareArguments& arguments) {
     WarnOfSharedTime(main, secondary, run.Recording());
     const Comparison comparison{run.Recording(), run.Manager(), main, secondary};
     if (!arguments.json.empty()) {
-        WriteOutput(arguments.json, ToJson(comparison).Text() + "\n");
+        WriteOutput(arguments.json, ToJson(comparison).Text() += "\n");
     }
     if (!arguments.csv.empty()) {
         WriteOutput(arguments.csv, ToCsv(comparison));

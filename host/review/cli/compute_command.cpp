@@ -54,7 +54,7 @@ int Compute(const ComputeArguments& arguments) {
         run.Compute(macro, arguments.macro, arguments.Options(), "Computing spectra");
 
     if (!arguments.json.empty()) {
-        WriteOutput(arguments.json, ToJson(run.Recording(), run.Manager(), analysis, {}).Text() + "\n");
+        WriteOutput(arguments.json, ToJson(run.Recording(), run.Manager(), analysis, {}).Text() += "\n");
     }
     if (!arguments.csv.empty()) {
         WriteOutput(arguments.csv, ToCsv(run.Manager(), analysis));

@@ -22,6 +22,8 @@ void JsonObject::Add(std::string_view key, const nlohmann::ordered_json& value) 
 
 void JsonObject::AddNumbers(std::string_view key, std::span<const double> values) {
     AddKey(key);
+    constexpr std::size_t kUsualNumber = 24; // characters, comma included
+    text_.reserve(text_.size() + values.size() * kUsualNumber + 2);
     text_ += '[';
     for (const double value : values) {
         if (std::isfinite(value)) {
@@ -46,6 +48,11 @@ void JsonObject::AddMembers(const JsonObject& other) {
 
 void JsonObject::AddObjects(std::string_view key, const std::vector<JsonObject>& objects) {
     AddKey(key);
+    std::size_t length = text_.size() + 2;
+    for (const JsonObject& object : objects) {
+        length += object.text_.size() + 2;
+    }
+    text_.reserve(length);
     text_ += '[';
     for (const JsonObject& object : objects) {
         text_ += object.text_;

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvanta::cli {
@@ -23,7 +24,8 @@ public:
     /// An array of objects.
     void AddObjects(std::string_view key, const std::vector<JsonObject>& objects);
     /// "{…}".
-    std::string Text() const { return text_ + '}'; }
+    std::string Text() const& { return text_ + '}'; }
+    std::string Text() && { return std::move(text_ += '}'); }
 
 private:
     void AddKey(std::string_view key);
