@@ -31,18 +31,20 @@ CLI::Validator NamesAFile() {
             ""};
 }
 
-/// Events that are labelled bad and not left out are worth a word: people expect them gone.
-std::string RejectHint(const EEGFileInfoType& recording, const SpectraMacro& macro) {
-    const std::set<std::string> rejected = macro.GetRejectEventsList();
-    std::string labels;
+/// Events that are labelled bad and not left out are worth a word: people expect them gone. The setting that
+/// is named keeps what is left out already, since it replaces the whole list.
+std::string RejectHint(const EEGFileInfoType& recording, SpectraMacro macro) {
+    std::set<std::string> labels = macro.GetRejectEventsList();
+    const std::size_t before = labels.size();
     for (const std::string& label : recording.GetEventsManager()->GetDefaultRejectLabels()) {
-        if (!rejected.contains(label)) {
-            labels += (labels.empty() ? "" : ",") + label;
-        }
+        labels.insert(label);
     }
-    return labels.empty()
-               ? ""
-               : "Events labelled bad are included; leave them out with --set \"reject=" + labels + "\"\n";
+    if (labels.size() == before) {
+        return "";
+    }
+    macro.SetRejectEventsList(labels);
+    std::string hint = "Events labelled bad are included; leave them out with --set \"";
+    return hint.append(KeyToText(macro, "reject")).append("\"\n");
 }
 
 int Compute(const ComputeArguments& arguments) {

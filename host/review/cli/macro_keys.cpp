@@ -140,9 +140,15 @@ nlohmann::ordered_json KeysToJson(const SpectraMacro& macro) {
 std::vector<std::string> KeysToText(const SpectraMacro& macro) {
     std::vector<std::string> lines;
     for (const MacroField& field : spectral::MacroFields()) {
-        lines.push_back(std::string(field.key) + "=" + ValueText(field, macro));
+        lines.push_back(KeyToText(macro, field.key));
     }
     return lines;
+}
+
+std::string KeyToText(const SpectraMacro& macro, std::string_view key) {
+    const auto field =
+        std::ranges::find_if(spectral::MacroFields(), [&](const auto& f) { return f.key == key; });
+    return std::string(key) + "=" + ValueText(*field, macro);
 }
 
 std::string KeyHelp() {

@@ -7,6 +7,7 @@
 #include <nlohmann/json_fwd.hpp>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvanta::cli {
@@ -20,6 +21,9 @@ nlohmann::ordered_json KeysToJson(const SpectraMacro& macro);
 
 /// Every "KEY=VALUE", in a fixed order, as SetKey takes them.
 std::vector<std::string> KeysToText(const SpectraMacro& macro);
+
+/// "KEY=VALUE" of one key, which must exist.
+std::string KeyToText(const SpectraMacro& macro, std::string_view key);
 
 /// The keys with their defaults and what lists and modes look like, for help texts.
 std::string KeyHelp();

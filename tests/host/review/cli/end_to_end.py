@@ -320,6 +320,10 @@ class Compute(CommandLineTest):
         lines = self.orvanta("compute", self.demo).stdout.splitlines()
         self.assertTrue(any(line.startswith("O1 ") for line in lines))
 
+    def test_the_hint_on_bad_events_keeps_what_is_left_out_already(self):
+        text = self.orvanta("compute", self.demo, "--set", "reject=tone").stdout
+        self.assertIn('--set "reject=bad blink,tone"', text)
+
     def test_quiet_prints_nothing(self):
         result = self.orvanta("compute", self.demo, "--quiet")
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
