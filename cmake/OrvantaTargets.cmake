@@ -1,9 +1,10 @@
 # One way to declare a library, a program and a test. Sources are what lies in the folder: a room's content is
 # its list, so that adding a file is one step and no list can disagree with the folder.
 
-# orvanta_add_library(name [KIND SHARED|STATIC|MODULE|INTERFACE] [PUBLIC libs...] [PRIVATE libs...] [EXCLUDE regex])
+# orvanta_add_library(name [KIND SHARED|STATIC|MODULE|INTERFACE] [QT] [PUBLIC libs...] [PRIVATE libs...]
+# [EXCLUDE regex]). With QT, Qt's generators run: moc, rcc, and uic over the forms of resources/.
 function(orvanta_add_library name)
-    cmake_parse_arguments(arg "" "KIND;EXCLUDE" "PUBLIC;PRIVATE" ${ARGN})
+    cmake_parse_arguments(arg "QT" "KIND;EXCLUDE" "PUBLIC;PRIVATE" ${ARGN})
     if(NOT arg_KIND)
         set(arg_KIND SHARED)
     endif()
@@ -12,6 +13,10 @@ function(orvanta_add_library name)
         list(FILTER sources EXCLUDE REGEX ${arg_EXCLUDE})
     endif()
     add_library(${name} ${arg_KIND} ${sources})
+    if(arg_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
+            AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources/forms)
+    endif()
     target_link_libraries(${name} PUBLIC orvanta_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
 endfunction()
 

@@ -2,23 +2,20 @@
 // The form with which the user picks the settings of a new analysis.
 #pragma once
 
-#include "host/toolkit/modal_gateway.h"
-#include "host/toolkit/window_handle.h"
+#include "host/toolkit/form.h"
 #include "spectra_contract/sensor.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 class EventsManager;
 class GenericPlatform;
 class QWidget;
 class SpectraMacro;
 
-/// Macro selection. At present it has its state and the decisions of its buttons, and no controls to show:
-/// run through a modal gateway that presses no button, such as the default one, it ends as cancelled.
-class TFormMacroSpectra final : public owl::ModalForm {
+/// Macro selection.
+class TFormMacroSpectra : public owl::TForm {
 public:
     /// Nothing passed in is owned; all of it must outlive the form.
     /// \param owner window that the form belongs to when \p parent is null; may be null
@@ -29,12 +26,9 @@ public:
     TFormMacroSpectra(QWidget* owner, HWND parent, SpectraMacro* macro, EventsManager* events,
                       const SensorList& sensors, int mode, const GenericPlatform* platform = nullptr);
 
-    /// Shows the form through the modal gateway until it closes. \return the gateway's answer, not GetResult
-    int ShowModal();
     /// 0 cancelled, 1 compute with the chosen macro, 2 chosen by hand. 0 from the start.
     std::int32_t GetResult() const { return result_; }
 
-    bool Click(std::string_view control) override;
     void BtnAutoAverageClick();
     void BtnManualAverageClick();
     void BtnCancelClick();

@@ -45,6 +45,16 @@ std::string PModule::LoadString(unsigned id) const {
     return text;
 }
 
+const PModule* PModule::Named(const char* name) {
+    for (const TModule* module : owl::RegisteredModules()) {
+        const auto* messages = dynamic_cast<const PModule*>(module);
+        if (messages != nullptr && messages->GetName() == name) {
+            return messages;
+        }
+    }
+    return nullptr;
+}
+
 void PModule::SetHostStrings(std::map<unsigned, std::string> strings) {
     HostStrings() = std::move(strings);
 }

@@ -23,6 +23,8 @@ public:
     /// The text of a number: section "STRINGS", else the host's table; empty when neither has it.
     std::string LoadString(unsigned id) const;
 
+    /// The module of this name among those that are loaded; null when there is none.
+    static const PModule* Named(const char* name);
     /// Texts of the host, the same for all modules.
     static void SetHostStrings(std::map<unsigned, std::string> strings);
 

@@ -25,6 +25,9 @@ ARROWS = {
 }
 FREE = ("tests", "benchmarks", "examples")
 QT_FREE = ("spectra_contract", "host/platform", "host/signal_base", "host/spectral_data", "host/review/cli")
+# Made of the Designer files in resources/ for the rooms that show them.
+FORM_HEADER = re.compile(r"^ui_\w+\.h$")
+FORM_ROOMS = ("side_bar", "spectrum_view", "spectral_maps", "host/review/app")
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')
 SOURCES = {".cpp", ".h"}
 
@@ -45,6 +48,8 @@ def fault(path: str, room: str, bracket: str, target: str) -> str | None:
         return None
     if any(inside(target, free) for free in FREE):
         return "nothing points at tests, benchmarks or examples"
+    if FORM_HEADER.match(target):
+        return None if any(inside(path, forms) for forms in FORM_ROOMS) else "this room shows no forms"
     if inside(target, room) or any(inside(target, allowed) for allowed in ARROWS[room]):
         return None
     return f"{room} may include only {', '.join([room] + ARROWS[room])}"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/platform/host_platform.h"
 #include "side_bar/macro_selection_form.h"
+#include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 #include "tests/support/recording_gui.h"
 #include "tests/support/temp_folder.h"
@@ -14,62 +15,48 @@ namespace {
 
 using orvanta::test::ScriptedUser;
 
-TFormMacroSpectra Form(int mode) {
-    return TFormMacroSpectra(nullptr, nullptr, nullptr, nullptr, {}, mode);
-}
+class Form final : public TFormMacroSpectra {
+public:
+    explicit Form(int mode) : TFormMacroSpectra(nullptr, nullptr, nullptr, nullptr, {}, mode) {}
+};
 
 TEST(MacroSelectionForm, StartsAsCancelledWithNothingLoaded) {
-    const TFormMacroSpectra form = Form(1);
+    const Form form(1);
     EXPECT_EQ(form.GetResult(), 0);
     EXPECT_FALSE(form.IsMacroLoaded());
     EXPECT_EQ(form.GetCaption(), "Spectra Manager (Default)");
 }
 
 TEST(MacroSelectionForm, KnowsFromItsModeWhetherItIsNewAndActive) {
-    const TFormMacroSpectra looking = Form(0);
+    const Form looking(0);
     EXPECT_FALSE(looking.IsOpenedAsNew());
     EXPECT_FALSE(looking.IsActive());
-    const TFormMacroSpectra fresh = Form(1);
+    const Form fresh(1);
     EXPECT_TRUE(fresh.IsOpenedAsNew());
     EXPECT_TRUE(fresh.IsActive());
-    const TFormMacroSpectra other = Form(2);
+    const Form other(2);
     EXPECT_FALSE(other.IsOpenedAsNew());
     EXPECT_TRUE(other.IsActive());
 }
 
 TEST(MacroSelectionForm, EndsWithTheResultOfTheLastButton) {
-    const ScriptedUser user;
-    TFormMacroSpectra form = Form(1);
-    EXPECT_TRUE(form.Click("BtnManualAverage"));
+    Form form(1);
+    form.BtnManualAverageClick();
     EXPECT_EQ(form.GetResult(), 2);
-    EXPECT_TRUE(form.Click("BtnAutoAverage"));
+    form.BtnAutoAverageClick();
     EXPECT_EQ(form.GetResult(), 1);
     EXPECT_TRUE(form.IsActive());
-    EXPECT_TRUE(form.Click("BtnCancel"));
+    form.BtnCancelClick();
     EXPECT_EQ(form.GetResult(), 0);
     EXPECT_FALSE(form.IsActive());
 }
 
-TEST(MacroSelectionForm, HasNoOtherControls) {
-    TFormMacroSpectra form = Form(1);
-    EXPECT_FALSE(form.Click("BitBtnNew"));
-    EXPECT_FALSE(form.Click(""));
-    EXPECT_EQ(form.GetResult(), 0);
-}
-
 TEST(MacroSelectionForm, IsShownThroughTheModalGateway) {
     ScriptedUser user;
-    user.OnForm = [](owl::ModalForm& form) { form.Click("BtnAutoAverage"); };
-    TFormMacroSpectra form = Form(1);
+    user.MeetsDialog([](QDialog& form) { orvanta::test::FormUser(form).Clicks("BtnAutoAverage"); });
+    Form form(1);
     EXPECT_EQ(form.ShowModal(), owl::kIdOk);
-    EXPECT_EQ(user.FormsShown(), 1);
     EXPECT_EQ(form.GetResult(), 1);
-}
-
-TEST(MacroSelectionForm, IsCancelledWhereNobodyShowsIt) {
-    TFormMacroSpectra form = Form(1);
-    EXPECT_EQ(form.ShowModal(), owl::kIdCancel);
-    EXPECT_EQ(form.GetResult(), 0);
 }
 
 TEST(MacroSelectionForm, BelongsToItsParentElseItsOwner) {
@@ -100,7 +87,7 @@ TEST(MacroSelectionForm, CutsALongFolderTo259Characters) {
 }
 
 TEST(MacroSelectionForm, HasNoFolderWithoutAPlatform) {
-    const TFormMacroSpectra form = Form(1);
+    const Form form(1);
     EXPECT_STREQ(form.GetMacroFolder(), "");
     EXPECT_STREQ(form.GetSearchMask(), "*.smx");
 }

@@ -72,38 +72,19 @@ TEST(ModalGateway, HasTheNumbersOfTheMessageBoxTypes) {
     EXPECT_EQ(owl::kMbYesNo + owl::kMbIconExclamation, 52U);
 }
 
-class DialogForm final : public owl::ModalForm {
-public:
-    QDialog* Dialog() override { return &dialog_; }
-    bool Click(std::string_view /*control*/) override { return false; }
-
-private:
-    QDialog dialog_;
-};
-
-class FormWithoutDialog final : public owl::ModalForm {
-public:
-    bool Click(std::string_view /*control*/) override { return false; }
-};
-
-TEST(ModalGateway, RunsTheDialogOfAForm) {
-    DialogForm form;
-    QTimer::singleShot(0, form.Dialog(), &QDialog::accept);
-    EXPECT_EQ(owl::CurrentModalGateway().RunModal(form), owl::kIdOk);
-    QTimer::singleShot(0, form.Dialog(), &QDialog::reject);
-    EXPECT_EQ(owl::CurrentModalGateway().RunModal(form), owl::kIdCancel);
-}
-
-TEST(ModalGateway, CancelsAFormThatHasNoDialog) {
-    FormWithoutDialog form;
-    EXPECT_EQ(owl::CurrentModalGateway().RunModal(form), owl::kIdCancel);
+TEST(ModalGateway, RunsADialogUntilItCloses) {
+    QDialog dialog;
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    EXPECT_EQ(owl::CurrentModalGateway().RunModal(dialog), owl::kIdOk);
+    QTimer::singleShot(0, &dialog, &QDialog::reject);
+    EXPECT_EQ(owl::CurrentModalGateway().RunModal(dialog), owl::kIdCancel);
 }
 
 TEST(ModalGateway, IsReplacedForAWhile) {
     owl::ModalGateway* standard = &owl::CurrentModalGateway();
     {
         orvanta::test::ScriptedUser user;
-        user.Answer = owl::kIdYes;
+        user.AnswersMessage(owl::kIdYes);
         EXPECT_EQ(owl::CurrentModalGateway().ShowMessage(nullptr, "sure?", "Warning", 52), owl::kIdYes);
         const orvanta::test::ScriptedUser::Message expected{nullptr, "sure?", "Warning", 52};
         ASSERT_EQ(user.Messages().size(), 1U);

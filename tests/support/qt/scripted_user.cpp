@@ -1,26 +1,122 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/qt/scripted_user.h"
 
+#include <QDialog>
+#include <gtest/gtest.h>
+
+#include <utility>
+
 namespace orvanta::test {
 
 ScriptedUser::ScriptedUser() : earlier_(owl::ReplaceModalGateway(this)) {}
 
 ScriptedUser::~ScriptedUser() {
     owl::ReplaceModalGateway(earlier_);
+    for (const Step& step : steps_) {
+        ADD_FAILURE() << "the user was to meet a " << step.kind << ", and none came up";
+    }
+}
+
+ScriptedUser& ScriptedUser::Add(Step step) {
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+ScriptedUser& ScriptedUser::AnswersMessage(int answer) {
+    Step step{"message"};
+    step.answer = answer;
+    return Add(std::move(step));
+}
+
+ScriptedUser& ScriptedUser::MeetsDialog(std::function<void(QDialog&)> action) {
+    Step step{"dialog"};
+    step.action = std::move(action);
+    return Add(std::move(step));
+}
+
+ScriptedUser& ScriptedUser::ChoosesFile(std::optional<std::string> path) {
+    Step step{"file"};
+    step.text = std::move(path);
+    return Add(std::move(step));
+}
+
+ScriptedUser& ScriptedUser::ChoosesColor(std::optional<owl::TColor> color) {
+    Step step{"color"};
+    step.color = color;
+    return Add(std::move(step));
+}
+
+ScriptedUser& ScriptedUser::ChoosesFont(std::optional<owl::TFont> font) {
+    Step step{"font"};
+    step.font = std::move(font);
+    return Add(std::move(step));
+}
+
+ScriptedUser& ScriptedUser::Enters(std::optional<std::string> text) {
+    Step step{"text"};
+    step.text = std::move(text);
+    return Add(std::move(step));
+}
+
+ScriptedUser::Step ScriptedUser::Take(const std::string& kind, const std::string& what) {
+    if (steps_.empty() || steps_.front().kind != kind) {
+        ADD_FAILURE() << "unexpected " << kind << ": " << what << "; the user expects "
+                      << (steps_.empty() ? "nothing more" : "a " + steps_.front().kind);
+        return {kind, owl::kIdCancel};
+    }
+    Step step = std::move(steps_.front());
+    steps_.pop_front();
+    return step;
 }
 
 int ScriptedUser::ShowMessage(HWND owner, const std::string& text, const std::string& caption,
                               unsigned type) {
     messages_.push_back({owner, text, caption, type});
-    return Answer;
+    return Take("message", caption + ": " + text).answer;
 }
 
-int ScriptedUser::RunModal(owl::ModalForm& form) {
-    ++formsShown_;
-    if (OnForm) {
-        OnForm(form);
+int ScriptedUser::RunModal(QDialog& dialog) {
+    ++dialogsShown_;
+    const Step step = Take("dialog", dialog.windowTitle().toStdString());
+    if (!step.action) {
+        return owl::kIdCancel;
     }
-    return owl::kIdOk;
+    dialog.setModal(true);
+    dialog.show();
+    step.action(dialog);
+    if (dialog.isVisible()) {
+        ADD_FAILURE() << "the user left the dialog open: " << dialog.windowTitle().toStdString();
+        dialog.reject();
+    }
+    return dialog.result() == QDialog::Accepted ? owl::kIdOk : owl::kIdCancel;
+}
+
+std::optional<std::string> ScriptedUser::AskFile(bool save, const owl::FileQuestion& question) {
+    files_.push_back({save, question});
+    return Take("file", question.title + " " + question.name).text;
+}
+
+std::optional<std::string> ScriptedUser::AskFileToOpen(HWND /*owner*/, const owl::FileQuestion& question) {
+    return AskFile(false, question);
+}
+
+std::optional<std::string> ScriptedUser::AskFileToSave(HWND /*owner*/, const owl::FileQuestion& question) {
+    return AskFile(true, question);
+}
+
+std::optional<owl::TColor> ScriptedUser::AskColor(HWND /*owner*/, owl::TColor color) {
+    colors_.push_back(color);
+    return Take("color", "").color;
+}
+
+std::optional<owl::TFont> ScriptedUser::AskFont(HWND /*owner*/, const owl::TFont& font) {
+    fonts_.push_back(font);
+    return Take("font", font.face).font;
+}
+
+std::optional<std::string> ScriptedUser::AskText(HWND /*owner*/, const owl::TextQuestion& question) {
+    texts_.push_back(question);
+    return Take("text", question.prompt).text;
 }
 
 CursorLog::CursorLog() : earlier_(owl::ReplaceCursorDisplay(this)) {}

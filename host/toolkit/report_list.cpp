@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/report_list.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QSignalBlocker>
+
+namespace owl {
+
+namespace {
+
+constexpr int kDataRole = Qt::UserRole;
+
+/// Ordered by caption, case ignored; captions that differ in case only, by their characters.
+class Row final : public QTreeWidgetItem {
+public:
+    explicit Row(const QStringList& texts) : QTreeWidgetItem(texts) {}
+
+    bool operator<(const QTreeWidgetItem& other) const override {
+        const int order = QString::compare(text(0), other.text(0), Qt::CaseInsensitive);
+        return order != 0 ? order < 0 : text(0) < other.text(0);
+    }
+};
+
+} // namespace
+
+ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(true);
+}
+
+void ReportList::SetColumns(std::span<const Column> columns) {
+    QStringList titles;
+    for (const Column& column : columns) {
+        titles << column.title;
+    }
+    setHeaderLabels(titles);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        setColumnWidth(static_cast<int>(i), columns[i].width);
+    }
+}
+
+void ReportList::SortByCaption() {
+    sortByColumn(0, Qt::AscendingOrder);
+    setSortingEnabled(true);
+    header()->setSortIndicatorShown(false);
+    header()->setSectionsClickable(false);
+}
+
+void ReportList::SetMultiSelect(bool multiple) {
+    setSelectionMode(multiple ? ExtendedSelection : SingleSelection);
+}
+
+QTreeWidgetItem* ReportList::AddRow(const QStringList& texts, const void* payload) {
+    auto* row = new Row(texts);
+    row->setData(0, kDataRole, QVariant::fromValue(const_cast<void*>(payload)));
+    for (int column = 1; column < texts.size(); ++column) {
+        row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    addTopLevelItem(row);
+    return row;
+}
+
+const void* ReportList::DataOf(const QTreeWidgetItem* row) const {
+    return row != nullptr ? row->data(0, kDataRole).value<void*>() : nullptr;
+}
+
+void ReportList::SelectRow(QTreeWidgetItem* row, bool selected) {
+    row->setSelected(selected);
+}
+
+QStringList ReportList::SelectedCaptions() const {
+    QStringList captions;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        if (topLevelItem(i)->isSelected()) {
+            captions << topLevelItem(i)->text(0);
+        }
+    }
+    return captions;
+}
+
+void ReportList::ClearRows() {
+    const QSignalBlocker silent(this);
+    clear();
+}
+
+void ReportList::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QTreeWidget::drawRow(painter, option, index);
+    QColor line = option.palette.color(QPalette::Text);
+    line.setAlphaF(0.15F);
+    painter->save();
+    painter->setPen(line);
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    for (int column = 0; column < columnCount(); ++column) {
+        const int x = columnViewportPosition(column) + columnWidth(column) - 1;
+        painter->drawLine(x, option.rect.top(), x, option.rect.bottom());
+    }
+    painter->restore();
+}
+
+} // namespace owl

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A list of rows and columns.
+#pragma once
+
+#include "host/toolkit/export.h"
+
+#include <QStringList>
+#include <QTreeWidget>
+
+#include <span>
+
+namespace owl {
+
+/// Rows with a caption and further columns, selected as a whole, with grid lines, read-only. The selection
+/// stays visible when the focus goes elsewhere.
+class ORVANTA_TOOLKIT_API ReportList : public QTreeWidget {
+public:
+    struct Column {
+        QString title;
+        int width; ///< logical pixels
+    };
+
+    explicit ReportList(QWidget* parent = nullptr);
+
+    void SetColumns(std::span<const Column> columns);
+    /// Keeps the rows ordered by caption, case ignored.
+    void SortByCaption();
+    void SetMultiSelect(bool multiple);
+
+    /// Adds a row and answers it. \param payload the row's own, not owned
+    QTreeWidgetItem* AddRow(const QStringList& texts, const void* payload = nullptr);
+    const void* DataOf(const QTreeWidgetItem* row) const;
+    /// Selects or deselects without touching other rows.
+    void SelectRow(QTreeWidgetItem* row, bool selected = true);
+    /// Captions of the selected rows, from the top.
+    QStringList SelectedCaptions() const;
+    /// Removes all rows; tells no one.
+    void ClearRows();
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
+};
+
+} // namespace owl

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/qt/form_user.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTest>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+namespace {
+
+/// The control, or null after a failure.
+template <typename Control>
+Control* Find(QWidget& form, const char* name) {
+    auto* control = form.findChild<Control*>(name);
+    if (control == nullptr) {
+        ADD_FAILURE() << "no control " << name;
+    }
+    return control;
+}
+
+/// The control when a user could use it, or null after a failure.
+template <typename Control>
+Control* Usable(QWidget& form, const char* name) {
+    auto* control = Find<Control>(form, name);
+    if (control != nullptr && !control->isVisible()) {
+        ADD_FAILURE() << "the user cannot see " << name;
+        return nullptr;
+    }
+    if (control != nullptr && !control->isEnabled()) {
+        ADD_FAILURE() << name << " is disabled";
+        return nullptr;
+    }
+    return control;
+}
+
+/// The caption without the mark of its mnemonic.
+QString WithoutMnemonic(QString text) {
+    return text.replace("&&", "\x01").remove('&').replace('\x01', '&');
+}
+
+QString CaptionAt(const QAbstractItemView& list, int row) {
+    return list.model()->index(row, 0).data().toString();
+}
+
+} // namespace
+
+void FormUser::Clicks(const char* button) const {
+    if (auto* control = Usable<QAbstractButton>(form_, button)) {
+        control->click();
+    }
+}
+
+void FormUser::DoubleClicksRow(const char* list, int row) const {
+    if (auto* view = Usable<QAbstractItemView>(form_, list)) {
+        const QModelIndex index = view->model()->index(row, 0);
+        ASSERT_TRUE(index.isValid()) << "no row " << row << " in " << list;
+        view->scrollTo(index);
+        const QPoint at = view->visualRect(index).center();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at);
+    }
+}
+
+void FormUser::Types(const char* edit, const QString& text) const {
+    if (auto* control = Usable<QLineEdit>(form_, edit)) {
+        control->selectAll();
+        if (text.isEmpty()) {
+            QTest::keyClick(control, Qt::Key_Delete);
+        } else {
+            QTest::keyClicks(control, text);
+        }
+    }
+}
+
+void FormUser::SetsNumber(const char* spinner, int value) const {
+    if (auto* control = Usable<QSpinBox>(form_, spinner)) {
+        control->setValue(value);
+        EXPECT_EQ(control->value(), value) << spinner << " does not take the number";
+    }
+}
+
+void FormUser::SelectsRows(const char* list, const QStringList& captions) const {
+    auto* view = Usable<QAbstractItemView>(form_, list);
+    if (view == nullptr) {
+        return;
+    }
+    QStringList missing = captions;
+    QItemSelection rows;
+    for (int row = 0; row < view->model()->rowCount(); ++row) {
+        if (missing.removeOne(CaptionAt(*view, row))) {
+            rows.select(view->model()->index(row, 0),
+                        view->model()->index(row, view->model()->columnCount() - 1));
+        }
+    }
+    EXPECT_TRUE(missing.isEmpty()) << "no row " << missing.join(", ").toStdString() << " in " << list;
+    view->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+}
+
+void FormUser::SelectsRow(const char* list, int row) const {
+    if (auto* view = Usable<QAbstractItemView>(form_, list)) {
+        const QModelIndex index = view->model()->index(row, 0);
+        ASSERT_TRUE(index.isValid()) << "no row " << row << " in " << list;
+        view->scrollTo(index);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    }
+}
+
+void FormUser::PressesEscape() const {
+    QTest::keyClick(&form_, Qt::Key_Escape);
+}
+
+bool FormUser::IsEnabled(const char* control) const {
+    const auto* found = Find<QWidget>(form_, control);
+    return found != nullptr && found->isEnabled();
+}
+
+bool FormUser::IsChecked(const char* button) const {
+    const auto* found = Find<QAbstractButton>(form_, button);
+    return found != nullptr && found->isChecked();
+}
+
+QString FormUser::TextOf(const char* control) const {
+    const auto* found = Find<QWidget>(form_, control);
+    if (const auto* edit = qobject_cast<const QLineEdit*>(found)) {
+        return edit->text();
+    }
+    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(found)) {
+        return memo->toPlainText();
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(found)) {
+        return WithoutMnemonic(label->text());
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(found)) {
+        return WithoutMnemonic(button->text());
+    }
+    if (const auto* group = qobject_cast<const QGroupBox*>(found)) {
+        return WithoutMnemonic(group->title());
+    }
+    ADD_FAILURE() << control << " has no text";
+    return {};
+}
+
+int FormUser::NumberOf(const char* spinner) const {
+    const auto* found = Find<QSpinBox>(form_, spinner);
+    return found != nullptr ? found->value() : 0;
+}
+
+QStringList FormUser::RowsOf(const char* list) const {
+    QStringList captions;
+    if (const auto* view = Find<QAbstractItemView>(form_, list)) {
+        for (int row = 0; row < view->model()->rowCount(); ++row) {
+            captions << CaptionAt(*view, row);
+        }
+    }
+    return captions;
+}
+
+QStringList FormUser::SelectedRowsOf(const char* list) const {
+    QStringList captions;
+    if (const auto* view = Find<QAbstractItemView>(form_, list)) {
+        for (int row = 0; row < view->model()->rowCount(); ++row) {
+            if (view->selectionModel()->isRowSelected(row, {})) {
+                captions << CaptionAt(*view, row);
+            }
+        }
+    }
+    return captions;
+}
+
+} // namespace orvanta::test
