@@ -2,7 +2,8 @@
 # its list, so that adding a file is one step and no list can disagree with the folder.
 
 # orvanta_add_library(name [KIND SHARED|STATIC|MODULE|INTERFACE] [QT] [PUBLIC libs...] [PRIVATE libs...]
-# [EXCLUDE regex]). With QT, Qt's generators run: moc, rcc, and uic over the forms of resources/.
+# [EXCLUDE regex]). With QT, Qt's generators run: moc, rcc, and uic over the forms and dialogs of
+# resources/.
 function(orvanta_add_library name)
     cmake_parse_arguments(arg "QT" "KIND;EXCLUDE" "PUBLIC;PRIVATE" ${ARGN})
     if(NOT arg_KIND)
@@ -15,7 +16,7 @@ function(orvanta_add_library name)
     add_library(${name} ${arg_KIND} ${sources})
     if(arg_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
-            AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources/forms)
+            AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/resources/forms;${PROJECT_SOURCE_DIR}/resources/dialogs")
     endif()
     target_link_libraries(${name} PUBLIC orvanta_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
 endfunction()
@@ -29,8 +30,8 @@ function(orvanta_add_program name)
 endfunction()
 
 # orvanta_add_tests(name [QT] [LIBS libs...]): the *_test.cpp of this folder and below as one GoogleTest program,
-# every case a ctest of its own. With QT there is a QApplication on the offscreen platform, and a warning of Qt
-# fails the case.
+# every case a ctest of its own. With QT there is a QApplication on the offscreen platform, a warning of Qt fails
+# the case, and a form of the tests' own may lie beside the test that shows it.
 function(orvanta_add_tests name)
     cmake_parse_arguments(arg "QT" "" "LIBS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -44,6 +45,9 @@ function(orvanta_add_tests name)
         set(main GTest::gtest_main)
     endif()
     add_executable(${name} ${sources})
+    if(arg_QT)
+        set_target_properties(${name} PROPERTIES AUTOUIC ON)
+    endif()
     target_link_libraries(${name} PRIVATE orvanta_options orvanta_test_support GTest::gtest GTest::gmock
         ${main} ${arg_LIBS})
     list(LENGTH sources count)

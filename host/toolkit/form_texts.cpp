@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/form_texts.h"
 
+#include "host/toolkit/control_text.h"
 #include "host/toolkit/message_module.h"
 
-#include <QAbstractButton>
+#include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTreeWidget>
 
 namespace owl {
@@ -30,21 +32,32 @@ private:
     const char* section_;
 };
 
+/// The parts of a control that have texts of their own: columns, pages, the items of a group.
+void TranslateParts(QWidget& control, const Texts& texts) {
+    const auto each = [&](qsizetype count, const auto& set) {
+        for (int part = 0; part < count; ++part) {
+            texts.Give(control.objectName() + '.' + QString::number(part),
+                       [&](const QString& text) { set(part, text); });
+        }
+    };
+    if (auto* list = qobject_cast<QTreeWidget*>(&control)) {
+        each(list->columnCount(),
+             [list](int column, const QString& text) { list->headerItem()->setText(column, text); });
+    } else if (auto* pages = qobject_cast<QTabWidget*>(&control)) {
+        each(pages->count(), [pages](int page, const QString& text) { pages->setTabText(page, text); });
+    } else if (auto* combo = qobject_cast<QComboBox*>(&control)) {
+        each(combo->count(), [combo](int item, const QString& text) { combo->setItemText(item, text); });
+    } else if (auto* group = qobject_cast<QGroupBox*>(&control)) {
+        const auto items = group->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+        each(items.size(), [&](int item, const QString& text) { items[item]->setText(text); });
+    }
+}
+
 void TranslateControl(QWidget& control, const Texts& texts) {
     const QString name = control.objectName();
     texts.Give(name + ".tip", [&](const QString& text) { control.setToolTip(text); });
-    if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
-        texts.Give(name, [button](const QString& text) { button->setText(text); });
-    } else if (auto* label = qobject_cast<QLabel*>(&control)) {
-        texts.Give(name, [label](const QString& text) { label->setText(text); });
-    } else if (auto* group = qobject_cast<QGroupBox*>(&control)) {
-        texts.Give(name, [group](const QString& text) { group->setTitle(text); });
-    } else if (auto* list = qobject_cast<QTreeWidget*>(&control)) {
-        for (int column = 0; column < list->columnCount(); ++column) {
-            texts.Give(name + '.' + QString::number(column),
-                       [&](const QString& text) { list->headerItem()->setText(column, text); });
-        }
-    }
+    texts.Give(name, [&](const QString& text) { SetControlCaption(control, text); });
+    TranslateParts(control, texts);
 }
 
 } // namespace

@@ -13,7 +13,8 @@ namespace owl {
 
 /// Replaces the texts of a form and of the controls in it that have a name by those of the message store,
 /// where it has them: keys "CONTROL" (caption, group title, label), "CONTROL.tip" (tool tip) and
-/// "CONTROL.N" (column N of a list, item N of a group), and "caption" for the form itself.
+/// "CONTROL.N" (from 0: column of a list, page of a tab control, entry of a combo box, radio button of a
+/// group), and "caption" for the form itself.
 /// \param module may be null
 ORVANTA_TOOLKIT_API void TranslateForm(QWidget& form, const PModule* module, const char* section);
 
