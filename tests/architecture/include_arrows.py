@@ -17,7 +17,7 @@ ARROWS = {
     "host/toolkit": [],
     "host/chart_view": ["spectra_contract", "host/toolkit"],
     "side_bar": ["spectra_contract", "host/toolkit"],
-    "spectrum_view": ["spectra_contract", "host/toolkit", "side_bar"],
+    "spectrum_view": ["spectra_contract", "host/toolkit", "host/chart_view", "side_bar"],
     "spectral_maps": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view/dialogs"],
     "module": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view", "spectral_maps", "resources"],
     "host/review": ["spectra_contract", "host"],

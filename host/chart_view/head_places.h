@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Electrodes on a head of radius 1, seen from above, without pixels.
+#pragma once
+
+#include "spectra_contract/sensor.h"
+
+#include <vector>
+
+namespace orvanta::chart {
+
+/// x to the right ear, y to the back of the head; the equator at distance 1.
+struct Place {
+    double x = 0;
+    double y = 0;
+
+    bool operator==(const Place&) const = default;
+};
+
+/// At θ / 90° from the centre for a position at the angle θ from the vertex.
+Place Projected(const HeadPosition& position);
+
+/// Squares of one size around their centres.
+struct Squares {
+    std::vector<Place> centres;
+    double half = 0;   ///< half the side
+    double reachX = 0; ///< all squares and the head with its ears lie within ±reachX
+    double reachY = 0; ///< and ±reachY, with the nose
+};
+
+/// Squares around the places, moved apart so that none overlaps another and each still holds its place; as
+/// large as they can be in the frame that they and the head fill.
+Squares Spread(const std::vector<Place>& places);
+
+// Of the head's radius: where the ears and the nose end.
+inline constexpr double kEarReach = 1.08;
+inline constexpr double kNoseReach = 1.14;
+
+} // namespace orvanta::chart
