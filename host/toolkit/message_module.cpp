@@ -66,8 +66,15 @@ void PModule::ReadTexts() const {
     }
     for (const QString& language : LanguageFiles()) {
         for (const QString& place : {folder, QString(":/messages")}) {
-            QSettings file(QString("%1/%2.%3.ini").arg(place, QString::fromStdString(GetName()), language),
-                           QSettings::IniFormat);
+            const QString path =
+                QString("%1/%2.%3.ini").arg(place, QString::fromStdString(GetName()), language);
+            QSettings file(path, QSettings::IniFormat);
+            if (file.status() != QSettings::NoError) {
+                qWarning(
+                    "%s: cannot be read as a whole, some texts keep another language. Every line must be "
+                    "[SECTION], KEY=\"TEXT\" or a remark after ';'.",
+                    qUtf8Printable(path));
+            }
             for (const QString& section : file.childGroups()) {
                 file.beginGroup(section);
                 for (const QString& key : file.childKeys()) {
