@@ -11,7 +11,8 @@ namespace {
 using orvanta::test::ScriptedUser;
 
 TEST(OwlMain, SaysThatAModuleIsNoApplication) {
-    const ScriptedUser user;
+    ScriptedUser user;
+    user.AnswersMessage(owl::kIdOk);
     char name[] = "orvanta";
     char* arguments[] = {name, nullptr};
     EXPECT_EQ(OwlMain(1, arguments), 0);
