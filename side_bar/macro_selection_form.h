@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/toolkit/form.h"
+#include "spectra_contract/api.h"
 #include "spectra_contract/sensor.h"
 
 #include <array>
@@ -15,7 +16,7 @@ class QWidget;
 class SpectraMacro;
 
 /// Macro selection.
-class TFormMacroSpectra : public owl::TForm {
+class ORVANTA_API TFormMacroSpectra : public owl::TForm {
 public:
     /// Nothing passed in is owned; all of it must outlive the form.
     /// \param owner window that the form belongs to when \p parent is null; may be null

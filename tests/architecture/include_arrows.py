@@ -21,6 +21,7 @@ ARROWS = {
     "spectral_maps": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view/dialogs"],
     "module": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view", "spectral_maps", "resources"],
     "host/review": ["spectra_contract", "host"],
+    "host/review/bridge": ["spectra_contract", "host", "side_bar", "spectrum_view", "spectral_maps"],
     "resources": [],
 }
 FREE = ("tests", "benchmarks", "examples")

@@ -18,5 +18,8 @@ void AddDemo(CLI::App& app, Command& run);
 void AddCompute(CLI::App& app, Command& run);
 void AddCompare(CLI::App& app, Command& run);
 void AddMacro(CLI::App& app, Command& run);
+/// Below the macro command.
+void AddMacroEdit(CLI::App& macro, Command& run);
+void AddGallery(CLI::App& app, Command& run);
 
 } // namespace orvanta::cli

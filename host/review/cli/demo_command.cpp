@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // orvanta demo: a made-up recording for trying things out.
 #include "host/review/cli/commands.h"
-#include "host/review/cli/demo_signal.h"
+#include "host/review/cli/demo_recording.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/watch.h"
-#include "host/signal_base/edf/edf_writer.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,27 +16,10 @@ namespace orvanta::cli {
 
 namespace {
 
-constexpr const char* kPatient = "X X X Demo";
-
 struct DemoArguments {
     std::string out = "demo.edf";
     DemoParameters parameters;
 };
-
-signal::EdfWriterHeader HeaderOf(const DemoSignal& demo, unsigned rate) {
-    signal::EdfWriterHeader header;
-    header.patient = kPatient;
-    header.start = signal::StartTime{2026, 1, 5, 9, 0, 0, 0};
-    header.record_count = demo.Seconds();
-    for (const std::string& label : demo.Labels()) {
-        signal::EdfWriterSignal written;
-        written.label = "EEG " + label;
-        written.samples = rate;
-        written.transducer = "made-up signal";
-        header.signals.push_back(written);
-    }
-    return header;
-}
 
 /// A recording is worth more than a demo: only another demo, or nothing, may be replaced.
 void RequireReplaceable(const std::string& path) {
@@ -50,7 +32,7 @@ void RequireReplaceable(const std::string& path) {
     }
     std::string head(88, ' ');
     std::ifstream(path, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size()));
-    if (head.find(kPatient) != 8) {
+    if (head.find(kDemoPatient) != 8) {
         throw UsageError(path + ": exists and is no demo recording (choose another name with --out)");
     }
 }
@@ -60,23 +42,12 @@ int Demo(const DemoArguments& arguments) {
     RequireReplaceable(arguments.out);
     Watch watch("Writing " + arguments.out, static_cast<double>(demo.Seconds()) / 60, false);
 
-    signal::EdfWriter writer(arguments.out, HeaderOf(demo, arguments.parameters.rate_hz));
-    std::vector<std::vector<double>> samples;
-    auto annotation = demo.Annotations().begin();
-    for (std::uint64_t second = 0; second < demo.Seconds(); ++second) {
-        std::vector<signal::Annotation> inThisSecond;
-        while (annotation != demo.Annotations().end() &&
-               annotation->onset_s < static_cast<double>(second + 1)) {
-            inThisSecond.push_back(*annotation++);
-        }
-        demo.NextSecond(samples);
-        writer.WriteRecord(samples, inThisSecond);
-        watch.SetPosition(static_cast<double>(second + 1) / static_cast<double>(demo.Seconds()));
+    WriteDemoRecording(arguments.out, demo, [&watch](double share) {
+        watch.SetPosition(share);
         if (watch.IsCancelled()) {
             throw Interrupted();
         }
-    }
-    writer.Finish();
+    });
     WriteOutput("-", arguments.out + ": " + DurationText(static_cast<double>(demo.Seconds())) + " of " +
                          std::to_string(demo.Labels().size()) + " channels at " +
                          std::to_string(arguments.parameters.rate_hz) +

@@ -29,6 +29,7 @@ public:
     explicit DemoSignal(const DemoParameters& parameters);
 
     std::uint64_t Seconds() const { return seconds_; }
+    unsigned Rate() const { return rate_; }
     /// 19 names of the 10-20 system, then 10-10, then 10-05, then "E" and a number.
     const std::vector<std::string>& Labels() const { return labels_; }
     /// Ascending: "eyes open" and "eyes closed" (30 s each), "bad blink" (0.4 s), "tone" (no duration).

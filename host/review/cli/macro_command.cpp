@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// orvanta macro new|show|check: settings files.
+// orvanta macro new|show|check|edit: settings files.
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/macro_keys.h"
@@ -70,7 +70,7 @@ int CheckMacro(const MacroArguments& arguments) {
 } // namespace
 
 void AddMacro(CLI::App& app, Command& run) {
-    CLI::App* command = app.add_subcommand("macro", "Make, show or check a settings file (macro)");
+    CLI::App* command = app.add_subcommand("macro", "Make, show, check or edit a settings file (macro)");
     command->require_subcommand(1);
     command->footer(KeyHelp());
 
@@ -88,6 +88,7 @@ void AddMacro(CLI::App& app, Command& run) {
     add("new", "Write a new macro file with the default settings and those of --set", NewMacro);
     add("show", "Print a macro's settings, with those of --set, as KEY=VALUE", ShowMacro);
     add("check", "Say whether a macro file is sound", CheckMacro);
+    AddMacroEdit(*command, run);
 }
 
 } // namespace orvanta::cli

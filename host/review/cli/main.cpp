@@ -38,6 +38,7 @@ int Run(int argc, char** argv) {
     AddCompute(app, run);
     AddCompare(app, run);
     AddMacro(app, run);
+    AddGallery(app, run);
 
     try {
         app.parse(argc, argv);

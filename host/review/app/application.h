@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The GUI application of one command.
+#pragma once
+
+#include "host/review/app/review_entry.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QTranslator>
+
+#include <memory>
+
+namespace orvanta::review {
+
+enum class Screen {
+    Required, ///< the user must see and answer
+    None,     ///< windows are only painted
+};
+
+/// Starts Qt. Ends what is shown when the program is interrupted. One at a time.
+class Application {
+public:
+    /// \param scale device pixels per logical pixel on top of the screen's own
+    /// \throws cli::UsageError when a screen is required and there is none
+    explicit Application(Screen screen, double scale = 1);
+
+    /// Applies a style to all windows.
+    void SetStyle(Style style);
+    /// Qt's own texts and number texts from now on, as of the user when \p language is empty.
+    void SetLanguage(const std::string& language);
+
+private:
+    std::unique_ptr<QApplication> qt_;
+    QTranslator texts_;
+    QTimer interruptWatch_;
+};
+
+} // namespace orvanta::review

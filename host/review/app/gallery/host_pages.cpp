@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/gallery/host_pages.h"
+
+#include "host/review/app/gallery/picture.h"
+#include "host/review/app/gui.h"
+#include "host/review/app/progress_box.h"
+#include "host/toolkit/input_dialog.h"
+#include "host/toolkit/modal_gateway.h"
+
+namespace orvanta::review {
+
+namespace {
+
+GalleryPage MessagePage(const std::string& name, const std::string& text, const std::string& caption,
+                        unsigned type) {
+    return {name, [=](const TakePicture& take) {
+                LookAtModal([=] { owl::CurrentModalGateway().ShowMessage(nullptr, text, caption, type); },
+                            take);
+            }};
+}
+
+void ShowProgress(const TakePicture& take) {
+    ProgressBox box("Computing Spectra...", nullptr);
+    box.SetPosition(0.42);
+    take(box.Window());
+}
+
+void ShowInput(const TakePicture& take) {
+    owl::TInputDialog box(nullptr, {"New Macro", "Macro name:", "Eyes closed", 255});
+    take(box);
+}
+
+} // namespace
+
+std::vector<GalleryPage> MakeHostPages() {
+    return {
+        MessagePage("message-error", "Unable to save the macro file:\n/home/user/MACRO/Eyes closed.smx",
+                    "Error", owl::kMbOk | owl::kMbIconStop),
+        MessagePage("message-warning", "No Matched Events. Default selection made", "Warning",
+                    owl::kMbOk | owl::kMbIconExclamation),
+        MessagePage("message-question", "A macro with this name already exists. Do you want to overwrite it?",
+                    "Warning", owl::kMbYesNo | owl::kMbIconExclamation),
+        MessagePage("message-plain", "Macro file changes discarded", "Warning", owl::kMbOk),
+        {"progress", ShowProgress},
+        {"input", ShowInput},
+    };
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the application asks of the module's classes. Implemented by a library that links the module, so that
+// the application itself starts without either.
+#pragma once
+
+#include "host/toolkit/window_handle.h"
+#include "spectra_contract/sensor.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+class EEGFileInfoType;
+class EventsManager;
+class GenericPlatform;
+class QWidget;
+class SpectraMacro;
+
+namespace orvanta::review {
+
+/// Shows a window, takes its picture and hides it.
+using TakePicture = std::function<void(QWidget&)>;
+
+/// A window for the gallery.
+struct GalleryPage {
+    std::string name; ///< fit for a file name
+    /// Makes the window, fills it and hands it over.
+    std::function<void(const TakePicture&)> show;
+};
+
+/// What the windows of the gallery show. Must outlive their pages.
+struct GallerySample {
+    EEGFileInfoType& recording;
+    const GenericPlatform& platform; ///< with some macros in its folder
+};
+
+/// GUI thread. What is passed in is not owned and is used only during the call; a parent may be null.
+class ModuleBridge {
+public:
+    virtual ~ModuleBridge() = default;
+
+    /// Lets the user choose, make, edit and erase macros in the platform's folder.
+    /// \param macro becomes the chosen one
+    /// \return 0 cancelled, 1 chosen, 2 chosen by hand
+    virtual std::int32_t SelectMacro(HWND parent, SpectraMacro& macro, EventsManager* events,
+                                     const SensorList& sensors, int mode,
+                                     const GenericPlatform& platform) = 0;
+    virtual std::vector<GalleryPage> MakeGalleryPages(const GallerySample& sample) = 0;
+};
+
+/// The bridge library's one function; the bridge lives as long as the library.
+using BridgeEntry = ModuleBridge*();
+
+/// File of the library, beside the host libraries, and the function's name.
+constexpr const char* kBridgeLibrary = "liborvanta_bridge.so";
+constexpr const char* kBridgeEntry = "OrvantaBridge";
+
+} // namespace orvanta::review

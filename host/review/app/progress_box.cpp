@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/progress_box.h"
+
+#include "host/platform/interrupts.h"
+#include "host/toolkit/form_texts.h"
+#include "host/toolkit/message_module.h"
+#include "host/toolkit/services.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QLabel>
+
+#include <algorithm>
+#include <limits>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr int kSteps = 1000;
+constexpr int kMinimumWidth = 360;
+constexpr std::int64_t kShownAfter = 300; // ms
+constexpr std::int64_t kServedEvery = 30; // ms
+
+std::int64_t Now() {
+    return owl::CurrentServices().clock->Milliseconds();
+}
+
+QString CancelText() {
+    return QString::fromStdString(owl::TextOr(PModule::Named("Orvanta"), "HOST", "cancel", "&Cancel"));
+}
+
+} // namespace
+
+ProgressBox::ProgressBox(const std::string& text, QWidget* parent)
+    : window_(QString(), CancelText(), 0, kSteps, parent), started_(Now()), served_(started_) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    window_.setLabel(label);
+    window_.setWindowTitle("Orvanta");
+    window_.setWindowModality(Qt::ApplicationModal);
+    window_.setMinimumWidth(kMinimumWidth);
+    // It comes and goes with the work, not by an estimate.
+    window_.setMinimumDuration(std::numeric_limits<int>::max());
+    window_.setAutoClose(false);
+    window_.setAutoReset(false);
+    SetText(text);
+}
+
+void ProgressBox::SetText(const std::string& text) {
+    window_.setLabelText(QString::fromStdString(text));
+}
+
+void ProgressBox::SetPosition(double fraction) {
+    const double share = fraction > 0 ? std::min(fraction, 1.0) : 0.0; // a NaN counts as nothing done
+    window_.setValue(static_cast<int>(share * kSteps));
+    const std::int64_t now = Now();
+    if (!window_.isVisible() && !window_.wasCanceled() && now - started_ >= kShownAfter) {
+        window_.show();
+    }
+    if (now - served_ >= kServedEvery) {
+        served_ = now;
+        QCoreApplication::processEvents(window_.isVisible() ? QEventLoop::AllEvents
+                                                            : QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
+bool ProgressBox::IsCancelled() const {
+    return window_.wasCanceled() || platform::WasInterrupted();
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/review_entry.h"
+
+#include "host/platform/host_platform.h"
+#include "host/platform/interrupts.h"
+#include "host/review/app/application.h"
+#include "host/review/app/gallery/gallery.h"
+#include "host/review/app/gui.h"
+#include "host/review/app/macro_editing.h"
+#include "host/review/app/module_library.h"
+#include "host/review/cli/exit_status.h"
+#include "host/review/cli/output.h"
+#include "host/review/cli/watch.h"
+
+namespace orvanta::review {
+
+namespace {
+
+int Serve(const EditMacroRequest& request) {
+    MacroEditing editing(request);
+    Application application(Screen::Required);
+    application.SetStyle(request.style);
+    const ModuleLibrary module(LibraryFolder());
+    const Gui gui;
+    const platform::HostPlatform platform(gui);
+    const std::string said = editing.Run(module.Bridge(), platform);
+    if (!said.empty()) {
+        cli::WriteOutput("-", said + '\n');
+    }
+    if (platform::WasInterrupted()) {
+        throw cli::Interrupted();
+    }
+    return cli::kDone;
+}
+
+int Serve(const GalleryRequest& request) {
+    return RunGallery(request);
+}
+
+} // namespace
+
+} // namespace orvanta::review
+
+extern "C" __attribute__((visibility("default"))) int OrvantaReview(const orvanta::review::Request& request) {
+    return std::visit([](const auto& what) { return orvanta::review::Serve(what); }, request);
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the command line asks of the library with the windows, which it loads at run time. No Qt here.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace orvanta::review {
+
+enum class Style { OfTheSystem, Light, Dark };
+
+/// Edit one macro file, or the user's macros.
+struct EditMacroRequest {
+    std::string file;      ///< empty for the macro library
+    std::string recording; ///< gives events and sensors; may be empty
+    Style style = Style::OfTheSystem;
+};
+
+/// Take pictures of every form and dialog.
+struct GalleryRequest {
+    std::string out;               ///< folder
+    std::vector<double> scales{1}; ///< device pixels per logical pixel
+    std::string language = "en";
+    std::vector<std::string> only; ///< names of windows; all when empty
+};
+
+using Request = std::variant<EditMacroRequest, GalleryRequest>;
+
+/// The library's one function. Results go to standard output. \return the exit status; failures are thrown
+/// as the commands throw them
+using Entry = int(const Request& request);
+
+/// File of the library, beside the host libraries, and the function's name.
+constexpr const char* kLibrary = "liborvanta_review.so";
+constexpr const char* kEntry = "OrvantaReview";
+
+} // namespace orvanta::review

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/bridge/gallery_pages.h"
+
+#include "side_bar/macro_selection_form.h"
+#include "spectra_contract/platform.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spectra_macro.h"
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr int kModeNewAnalysis = 1;
+
+SensorList EegSensors(const EEGFileInfoType& recording) {
+    SensorList sensors;
+    recording.GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily, Sensor::Class::Eeg);
+    return sensors;
+}
+
+void ShowMacroSelection(const GallerySample& sample, const TakePicture& take) {
+    SpectraMacro macro;
+    TFormMacroSpectra form(nullptr, nullptr, &macro, sample.recording.GetEventsManager(),
+                           EegSensors(sample.recording), kModeNewAnalysis, &sample.platform);
+    take(form);
+}
+
+} // namespace
+
+std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
+    const auto page = [&sample](const char* name, void (*show)(const GallerySample&, const TakePicture&)) {
+        return GalleryPage{name, [sample, show](const TakePicture& take) { show(sample, take); }};
+    };
+    return {page("macro-selection", ShowMacroSelection)};
+}
+
+} // namespace orvanta::review
