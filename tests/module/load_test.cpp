@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/message_module.h"
 #include "host/toolkit/module.h"
 #include "host/toolkit/version.h"
 #include "tests/module/loaded_module.h"
 
+#include <QFile>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -50,6 +52,18 @@ TEST(ModuleLoad, MayBeRepeated) {
     const LoadedModule again;
     EXPECT_THAT(RegisteredNames(), ElementsAre(EndsWith("/Orvanta64.so"), "Orvanta"));
     EXPECT_NE(*again.GetModulePtr(owl::OWLGetVersion()), nullptr);
+}
+
+TEST(ModuleLoad, BringsItsIconsAndTextsAndTakesThemAway) {
+    {
+        const LoadedModule module;
+        EXPECT_TRUE(QFile::exists(":/icons/2064.svg"));
+        const auto* texts = dynamic_cast<const PModule*>(owl::RegisteredModules()[1]);
+        ASSERT_NE(texts, nullptr);
+        EXPECT_EQ(texts->GetMsg2("MENU", "CM_SPE_MEAN"), "&Mean");
+    }
+    EXPECT_FALSE(LoadedModule::IsInMemory());
+    EXPECT_FALSE(QFile::exists(":/icons/2064.svg"));
 }
 
 TEST(ModulePointer, LeadsToTheModuleOfTheLibrarysFile) {
