@@ -25,7 +25,7 @@ struct MyRect {
 };
 
 /// Orders names, case ignored.
-struct ElectrodeNameOrder {
+struct ORVANTA_API ElectrodeNameOrder {
     bool operator()(const std::string& a, const std::string& b) const;
 };
 using ViewRegions = std::map<std::string, owl::TRect, ElectrodeNameOrder>;

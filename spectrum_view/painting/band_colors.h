@@ -15,8 +15,15 @@ inline constexpr owl::TColor kBlack = owl::Rgb(0, 0, 0);
 /// One per band, the first light red. Any two differ also to eyes that lack one kind of cone, and black text
 /// can be read on each.
 inline constexpr std::array<owl::TColor, SPECT::BandCount> kBandColors{
-    owl::Rgb(255, 128, 128), owl::Rgb(0, 158, 115), owl::Rgb(86, 180, 233), owl::Rgb(240, 228, 66),
-    owl::Rgb(148, 103, 189), owl::Rgb(230, 159, 0), owl::Rgb(0, 114, 178),  owl::Rgb(204, 121, 167)};
+    owl::Rgb(255, 128, 128), // light red
+    owl::Rgb(61, 109, 255),  // blue
+    owl::Rgb(4, 155, 14),    // green
+    owl::Rgb(155, 104, 112), // mauve
+    owl::Rgb(211, 214, 14),  // yellow
+    owl::Rgb(22, 229, 192),  // mint
+    owl::Rgb(243, 184, 254), // pink
+    owl::Rgb(142, 143, 171), // slate
+};
 
 /// Half of each.
 constexpr owl::TColor MergeColors(owl::TColor a, owl::TColor b) {
