@@ -15,6 +15,10 @@ function(orvanta_add_library name)
     endif()
     add_library(${name} ${arg_KIND} ${sources})
     if(arg_QT)
+        # The generators run again when a list file changes: this one does with every source that comes or goes.
+        set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.cmake)
+        file(CONFIGURE OUTPUT ${list_file} CONTENT "# ${sources}\n" @ONLY)
+        include(${list_file})
         set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
             AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/resources/forms;${PROJECT_SOURCE_DIR}/resources/dialogs")
     endif()

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 namespace owl {
 
@@ -22,11 +23,22 @@ public:
     }
 };
 
+/// Leaves a little air above and below the text.
+class RowPainter final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 4);
+    }
+};
+
 } // namespace
 
 ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     setRootIsDecorated(false);
     setUniformRowHeights(true);
+    setItemDelegate(new RowPainter(this));
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);

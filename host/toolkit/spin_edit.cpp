@@ -5,7 +5,10 @@
 
 namespace owl {
 
-SpinEdit::SpinEdit(QWidget* parent) : QSpinBox(parent) {}
+SpinEdit::SpinEdit(QWidget* parent) : QSpinBox(parent) {
+    // Qt's spinner silences its edit when the program sets the number.
+    connect(this, &QSpinBox::textChanged, lineEdit(), &QLineEdit::textChanged);
+}
 
 QString SpinEdit::EditName() const {
     return lineEdit()->objectName();

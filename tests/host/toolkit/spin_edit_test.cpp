@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/spin_edit.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(SpinEdit, GivesItsEditANameOfItsOwn) {
+    owl::SpinEdit spinner;
+    spinner.setObjectName("udOverlap");
+    spinner.SetEditName("ebOverlap");
+    EXPECT_EQ(spinner.findChild<QLineEdit*>("ebOverlap"), spinner.Edit());
+    EXPECT_EQ(spinner.EditName(), "ebOverlap");
+}
+
+TEST(SpinEdit, TellsOfItsEditsTextWhoeverChangesIt) {
+    owl::SpinEdit spinner;
+    QStringList texts;
+    QObject::connect(spinner.Edit(), &QLineEdit::textChanged, &spinner,
+                     [&texts](const QString& text) { texts << text; });
+    spinner.setValue(25);
+    EXPECT_EQ(texts, QStringList("25"));
+    spinner.setValue(25);
+    EXPECT_EQ(texts.size(), 1);
+    spinner.Edit()->selectAll();
+    QTest::keyClicks(spinner.Edit(), "7");
+    EXPECT_EQ(texts.last(), "7");
+}
+
+} // namespace
