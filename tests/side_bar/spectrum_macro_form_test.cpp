@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the settings form shows when it opens.
+#include "tests/side_bar/settings_case.h"
+
+#include <QAbstractButton>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QSpinBox>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+using orvanta::test::NumeralsOf;
+using orvanta::test::OpenForm;
+using orvanta::test::SensorAt;
+using orvanta::test::SettingsCase;
+using Interval = SpectraMacro::TimeIntervalSelectMode;
+using Epochs = SpectraMacro::EpochsSelectionMode;
+
+TEST(SettingsForm, HasItsCaption) {
+    SettingsCase given;
+    EXPECT_EQ(OpenForm(given).windowTitle(), "Spectral Analysis Settings");
+}
+
+TEST(SettingsForm, TakesTheRateOfTheFirstSensorElseOneHertz) {
+    SettingsCase given;
+    const SensorType slow = SensorAt(200), silent = SensorAt(0);
+    const auto rateOf = [&given](const SensorList& sensors) {
+        return TFormSpectrumMacro(nullptr, "", &given.macro, &given.events, sensors, 2).GetSamplingRate();
+    };
+    EXPECT_EQ(rateOf({&given.sensor, &slow}), 500U);
+    EXPECT_EQ(rateOf({&slow, &given.sensor}), 200U);
+    EXPECT_EQ(rateOf({&silent, &given.sensor}), 1U);
+    EXPECT_EQ(rateOf({}), 1U);
+}
+
+TEST(SettingsForm, IsEditableWithAModeAndEvents) {
+    SettingsCase given;
+    const struct {
+        EventsManager* events;
+        int mode;
+        bool editable, fromLibrary;
+    } cases[] = {
+        {&given.events, 0, false, false}, {&given.events, 1, true, true}, {&given.events, 2, true, false},
+        {&given.events, -1, true, false}, {nullptr, 1, false, true},      {nullptr, 2, false, false},
+    };
+    for (const auto& opened : cases) {
+        const TFormSpectrumMacro form(nullptr, "", &given.macro, opened.events, {}, opened.mode);
+        EXPECT_EQ(form.IsEditable(), opened.editable) << opened.mode;
+        EXPECT_EQ(form.IsOpenedFromLibrary(), opened.fromLibrary) << opened.mode;
+    }
+}
+
+TEST(SettingsForm, CutsALongFolderTo259Characters) {
+    SettingsCase given;
+    given.folder = std::string(400, 'f');
+    EXPECT_EQ(std::string(OpenForm(given).GetMacroFolder()), std::string(259, 'f'));
+}
+
+TEST(SettingsForm, ChecksTheWindowLengthOfTheSettings) {
+    const struct {
+        double seconds;
+        const char *button, *custom;
+    } cases[] = {
+        {0.5, "rbFFT_05s", "0.5000000"},
+        {1, "rbFFT_10s", "1.0000000"},
+        {2, "rbFFT_20s", "2.0000000"},
+        {4, "rbFFT_40s", "4.0000000"},
+        {8, "rbFFT_80s", "8.0000000"},
+        {16, "rbFFT_160s", "16.0000000"},
+        {3, "rbFFT_Custom", "3.0000000"},
+        {32, "rbFFT_Custom", "32.0000000"},
+        {1.0000001, "rbFFT_Custom", "1.0000000"},
+        {1.0 / 3, "rbFFT_Custom", "0.3333333"},
+    };
+    for (const auto& wanted : cases) {
+        SettingsCase given;
+        given.macro.SetFFTSeconds(wanted.seconds);
+        const OpenForm form(given);
+        EXPECT_TRUE(form.user.IsChecked(wanted.button)) << wanted.seconds;
+        EXPECT_EQ(form.user.TextOf("ebCustomSeconds"), wanted.custom);
+        EXPECT_EQ(form.user.IsEnabled("ebCustomSeconds"), !std::strcmp(wanted.button, "rbFFT_Custom"));
+    }
+}
+
+TEST(SettingsForm, TellsTheResolutionOfTheLengthItOpensWith) {
+    SettingsCase given;
+    given.macro.SetFFTSeconds(3);
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.TextOf("ebNumSamples"), "1500  (2048)");
+    EXPECT_EQ(form.user.TextOf("ebResolution"), "0.24400");
+    EXPECT_EQ(form.user.TextOf("ebPadding"), "548  (26%)");
+}
+
+TEST(SettingsForm, WritesTheCustomLengthInTheUsersNumerals) {
+    SettingsCase given;
+    const NumeralsOf german(QLocale::German);
+    given.macro.SetFFTSeconds(2.5);
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.TextOf("ebCustomSeconds"), "2,5000000");
+    EXPECT_EQ(form.GetFFTSeconds(), 2.5);
+}
+
+TEST(SettingsForm, ShowsTheNumbersOfTheSettings) {
+    SettingsCase given;
+    given.macro.SetOverlapPerc(75);
+    given.macro.SetFixedDurationSec(90);
+    given.macro.SetPreTriggerMS(-40000);
+    given.macro.SetTrgDurationMS(50000);
+    given.macro.SpotStepCount = 4;
+    given.macro.SpotStepInc = 250;
+    given.macro.SetContrastValue(-3);
+    given.macro.SetNumEpochsToUse(12);
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.TextOf("ebOverlap"), "75");
+    EXPECT_EQ(form.user.NumberOf("udDuration"), 90);
+    EXPECT_EQ(form.user.TextOf("lePreTrigger"), "-40000");
+    EXPECT_EQ(form.user.TextOf("leTrgDuration"), "50000");
+    EXPECT_EQ(form.user.TextOf("leSpotStepCount"), "4");
+    EXPECT_EQ(form.user.TextOf("leSpotStepInc"), "250");
+    EXPECT_EQ(form.user.TextOf("ebBCIValue"), "-3");
+    EXPECT_EQ(form.user.TextOf("ebUseExactlyCountEpochs"), "12");
+}
+
+TEST(SettingsForm, HasTheRangesOfItsSpinners) {
+    SettingsCase given;
+    const OpenForm form(given);
+    const struct {
+        const char* spinner;
+        int least, most;
+    } cases[] = {
+        {"udOverlap", 0, 95},
+        {"udDuration", 0, 3600},
+        {"udPreTrigger", -536870911, 536870911},
+        {"udTrgDuration", -536870911, 536870911},
+        {"udSpotStepCount", 1, 256},
+        {"udSpotStepInc", 1, 32000},
+        {"udContrastValue", -32767, 32767},
+        {"udUseExactlyCountEpochs", 1, 32767},
+    };
+    for (const auto& wanted : cases) {
+        const auto* spinner = form.findChild<QSpinBox*>(wanted.spinner);
+        ASSERT_NE(spinner, nullptr) << wanted.spinner;
+        EXPECT_EQ(spinner->minimum(), wanted.least) << wanted.spinner;
+        EXPECT_EQ(spinner->maximum(), wanted.most) << wanted.spinner;
+    }
+}
+
+TEST(SettingsForm, ShowsNumbersBeyondASpinnersRangeAsTheNearest) {
+    SettingsCase given;
+    given.macro.SetOverlapPerc(99);
+    given.macro.SetFixedDurationSec(4000000000U);
+    given.macro.SetNumEpochsToUse(1000000000000U);
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.NumberOf("udOverlap"), 95);
+    EXPECT_EQ(form.user.NumberOf("udDuration"), 3600);
+    EXPECT_EQ(form.user.NumberOf("udUseExactlyCountEpochs"), 32767);
+}
+
+TEST(SettingsForm, SelectsTheWindowFunctionCaseIgnored) {
+    SettingsCase given;
+    given.macro.SetDSPWindowStr("flat TOP");
+    EXPECT_EQ(OpenForm(given).user.SelectedRowsOf("lbWindow"), QStringList("Flat Top"));
+}
+
+TEST(SettingsForm, SelectsTheFirstWindowFunctionForAnUnknownName) {
+    SettingsCase given;
+    given.macro.SetDSPWindowStr("Unheard of");
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.SelectedRowsOf("lbWindow"), QStringList(form.user.RowsOf("lbWindow").first()));
+}
+
+TEST(SettingsForm, ListsEventsByCaptionWithCountsAndSeconds) {
+    SettingsCase given;
+    const OpenForm form(given);
+    const auto rowsOf = [&form](const char* name) {
+        QStringList rows;
+        const auto* list = form.findChild<QTreeWidget*>(name);
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            QStringList texts;
+            for (int column = 0; column < list->columnCount(); ++column) {
+                texts << list->topLevelItem(row)->text(column);
+            }
+            rows << texts.join('|');
+        }
+        return rows;
+    };
+    const QStringList states{"Asleep|2|30", "Awake|1|5", "bad|1|2"};
+    EXPECT_EQ(rowsOf("lvStateAccept"), states);
+    EXPECT_EQ(rowsOf("lvReject"), states);
+    EXPECT_EQ(rowsOf("lvSpotAccept"), (QStringList{"Blink|1", "Spike|3"}));
+}
+
+TEST(SettingsForm, SelectsTheEventsOfTheSettings) {
+    SettingsCase given;
+    given.macro.SetAcceptStateList({"Awake", "Asleep", "awake", "gone"});
+    given.macro.SetAcceptSpotList({"Spike", "Awake"});
+    given.macro.SetRejectEventsList({"bad", "Blink"});
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.SelectedRowsOf("lvStateAccept"), (QStringList{"Asleep", "Awake"}));
+    EXPECT_EQ(form.user.SelectedRowsOf("lvSpotAccept"), QStringList("Spike"));
+    EXPECT_EQ(form.user.SelectedRowsOf("lvReject"), QStringList("bad"));
+}
+
+TEST(SettingsForm, ComparesLabelsByTheirBytes) {
+    SettingsCase given;
+    given.macro.SetAcceptStateList({"asleep", "AWAKE"});
+    EXPECT_TRUE(OpenForm(given).user.SelectedRowsOf("lvStateAccept").isEmpty());
+}
+
+TEST(SettingsForm, HasNoEventRowsWithoutEvents) {
+    SettingsCase given;
+    const TFormSpectrumMacro form(nullptr, "", &given.macro, nullptr, {}, 2);
+    for (const char* list : {"lvStateAccept", "lvSpotAccept", "lvReject"}) {
+        EXPECT_EQ(form.findChild<QTreeWidget*>(list)->topLevelItemCount(), 0) << list;
+    }
+}
+
+TEST(SettingsForm, EnablesWhatBelongsToTheIntervalsOfTheSettings) {
+    const struct {
+        Interval mode;
+        const char* button;
+        bool duration, states, spots;
+    } cases[] = {
+        {Interval::AllRecording, "rbAllRec", false, false, false},
+        {Interval::ByDuration, "rbByDuration", true, false, false},
+        {Interval::ByStateEvents, "rbByStateEvent", false, true, false},
+        {Interval::BySpotEvents, "rbBySpotEvent", false, false, true},
+    };
+    for (const auto& wanted : cases) {
+        SettingsCase given;
+        given.macro.SetTimeIntervalSelectMode(wanted.mode);
+        const OpenForm form(given);
+        EXPECT_TRUE(form.user.IsChecked(wanted.button));
+        EXPECT_EQ(form.user.IsEnabled("udDuration"), wanted.duration) << wanted.button;
+        EXPECT_EQ(form.user.IsEnabled("ebDuration"), wanted.duration) << wanted.button;
+        EXPECT_EQ(form.user.IsEnabled("lvStateAccept"), wanted.states) << wanted.button;
+        EXPECT_EQ(form.user.IsEnabled("lvSpotAccept"), wanted.spots) << wanted.button;
+        EXPECT_EQ(form.user.IsEnabled("gbSegmentation"), wanted.spots) << wanted.button;
+        EXPECT_EQ(form.user.IsEnabled("udSpotStepCount"), wanted.spots) << wanted.button;
+    }
+}
+
+TEST(SettingsForm, ShowsTheEpochsOfTheSettings) {
+    const struct {
+        Epochs mode;
+        bool all, limited, first, random;
+    } cases[] = {
+        {Epochs::All, true, false, true, false},
+        {Epochs::FirstN, false, true, true, false},
+        {Epochs::RandomN, false, true, false, true},
+    };
+    for (const auto& wanted : cases) {
+        SettingsCase given;
+        given.macro.SetEpochsSelMode(wanted.mode);
+        const OpenForm form(given);
+        EXPECT_EQ(form.user.IsChecked("rbESMAllEpochs"), wanted.all);
+        EXPECT_EQ(form.user.IsChecked("rbESMUseExactly"), wanted.limited);
+        EXPECT_EQ(form.user.IsEnabled("rgExactNum"), wanted.limited);
+        EXPECT_EQ(form.user.IsChecked("rbExactNumFirst"), wanted.first);
+        EXPECT_EQ(form.user.IsChecked("rbExactNumRandom"), wanted.random);
+    }
+}
+
+TEST(SettingsForm, NamesTheCriteriaByTheNumberOfEpochsUnlessItIsTheUsualOne) {
+    SettingsCase usual;
+    usual.macro.SetNumEpochsToUse(10);
+    EXPECT_EQ(OpenForm(usual).user.TextOf("rgExactNum"), "'No more' selection criteria");
+    SettingsCase other;
+    other.macro.SetNumEpochsToUse(11);
+    EXPECT_EQ(OpenForm(other).user.TextOf("rgExactNum"), "11 epochs selection mode");
+}
+
+TEST(SettingsForm, PaintsTheSwatchWithTheColorOfTheSettings) {
+    SettingsCase given;
+    given.macro.Color = owl::Rgb(200, 100, 50);
+    OpenForm form(given);
+    const QImage swatch = form.findChild<QFrame*>("imSpeColor")->grab().toImage();
+    EXPECT_EQ(swatch.pixelColor(swatch.rect().center()), QColor(200, 100, 50));
+}
+
+TEST(SettingsForm, GivesEveryMnemonicOnce) {
+    SettingsCase given;
+    const OpenForm form(given);
+    QMap<QString, QStringList> owners;
+    const auto note = [&owners](const QString& text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty()) {
+            owners[key.toString()] << text;
+        }
+    };
+    for (const auto* button : form.findChildren<QAbstractButton*>()) {
+        note(button->text());
+    }
+    for (const auto* label : form.findChildren<QLabel*>()) {
+        note(label->text());
+    }
+    for (const auto* group : form.findChildren<QGroupBox*>()) {
+        note(group->title());
+    }
+    EXPECT_EQ(owners.size(), 27);
+    for (const QStringList& texts : owners) {
+        EXPECT_EQ(texts.size(), 1) << texts.join(", ").toStdString();
+    }
+}
+
+TEST(SettingsForm, FitsASmallScreen) {
+    SettingsCase given;
+    const OpenForm form(given);
+    EXPECT_LE(form.width(), 1366);
+    EXPECT_LE(form.height(), 700);
+    EXPECT_LE(form.minimumSizeHint().width(), 1000);
+    EXPECT_LE(form.minimumSizeHint().height(), 600);
+}
+
+} // namespace
