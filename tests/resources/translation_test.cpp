@@ -3,7 +3,12 @@
 #include "host/toolkit/message_module.h"
 #include "tests/support/temp_folder.h"
 
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QPushButton>
+#include <QTranslator>
 #include <gtest/gtest.h>
 
 namespace {
@@ -41,6 +46,24 @@ TEST_F(ShippedModule, TakesALanguageThatIsAddedToTheFolder) {
     const PModule module = ModuleIn("fr_FR");
     EXPECT_EQ(module.GetMsg2("MENU", "CM_SPE_MEAN"), "&Moyenne");
     EXPECT_EQ(module.GetMsg2("MENU", "CM_SPE_SET_POW"), "Power");
+}
+
+// Qt's own texts are not ours; a program installs them with its locale.
+TEST(QtTexts, AreThereInGerman) {
+    QTranslator translator;
+    ASSERT_TRUE(
+        translator.load(QLocale("de_DE"), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    ASSERT_TRUE(QApplication::installTranslator(&translator));
+    const auto captionOf = [](QDialogButtonBox::StandardButton button) {
+        const QDialogButtonBox box(button);
+        return box.button(button)->text().remove('&').toStdString();
+    };
+    EXPECT_EQ(captionOf(QDialogButtonBox::Ok), "OK");
+    EXPECT_EQ(captionOf(QDialogButtonBox::Cancel), "Abbrechen");
+    EXPECT_EQ(captionOf(QDialogButtonBox::Close), "Schließen");
+    EXPECT_EQ(captionOf(QDialogButtonBox::Yes), "Ja");
+    EXPECT_EQ(captionOf(QDialogButtonBox::No), "Nein");
+    QApplication::removeTranslator(&translator);
 }
 
 } // namespace
