@@ -3,12 +3,18 @@
 
 #include "host/platform/interrupts.h"
 #include "host/review/cli/exit_status.h"
+#include "host/toolkit/appearance.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QTemporaryFile>
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace orvanta::review {
 
@@ -16,24 +22,45 @@ namespace {
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr int kInterruptPoll = 200; // ms
+constexpr int kScreenWidth = 1366;
+constexpr int kScreenHeight = 768;
+constexpr int kScreenDpi = 96;
 
-void ChoosePlatform(Screen screen) {
-    if (qEnvironmentVariableIsSet(kPlatform)) {
-        return;
+/// Describes a small laptop's screen to the offscreen platform, whose own would be smaller still.
+void DescribeScreen(QTemporaryFile& file, double scale) {
+    const QJsonObject screen{{"name", "gallery"},
+                             {"x", 0},
+                             {"y", 0},
+                             {"width", qRound(kScreenWidth * scale)},
+                             {"height", qRound(kScreenHeight * scale)},
+                             {"logicalDpi", kScreenDpi},
+                             {"logicalBaseDpi", kScreenDpi},
+                             {"dpr", 1}};
+    if (!file.open() ||
+        file.write(QJsonDocument(QJsonObject{{"screens", QJsonArray{screen}}}).toJson()) < 0 ||
+        !file.flush()) {
+        throw cli::UsageError("temporary folder: " + file.errorString().toStdString() +
+                              " (free some space there, or set TMPDIR)");
     }
-    if (screen == Screen::None) {
-        qputenv(kPlatform, "offscreen");
-    } else if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+}
+
+void RequireDisplay() {
+    if (!qEnvironmentVariableIsSet(kPlatform) && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
         throw cli::UsageError("no display: neither DISPLAY nor WAYLAND_DISPLAY is set (run this in a desktop "
                               "session; orvanta macro new and macro show need none)");
     }
 }
 
-/// Qt ends the program when it cannot start; it shall do so with a line that says what to do.
+/// Qt ends the program when it cannot start; it shall do so with one line that says why and what to do.
 void SayWhyQtCannotStart(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-    if (type == QtFatalMsg) {
+    // The cause comes first, as a warning; the last words only list what is installed.
+    static std::string cause;
+    if (type == QtWarningMsg) {
+        cause = text.simplified().toStdString();
+    } else if (type == QtFatalMsg) {
         std::fprintf(stderr, "orvanta: windows cannot be shown: %s (check the display of this session)\n",
-                     text.simplified().toUtf8().constData());
+                     (cause.empty() ? text.simplified().toStdString() : cause).c_str());
         std::fflush(nullptr);
         std::_Exit(cli::kRefused);
     }
@@ -47,11 +74,13 @@ void SwallowComplaint(QtMsgType type, const QMessageLogContext& context, const Q
 }
 
 std::unique_ptr<QApplication> StartQt(Screen screen, double scale) {
-    ChoosePlatform(screen);
-    if (scale != 1) {
+    QTemporaryFile description;
+    if (screen == Screen::None) {
+        DescribeScreen(description, scale);
+        qputenv(kPlatform, "offscreen:configfile=" + description.fileName().toUtf8());
         qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
-    } else if (screen == Screen::None) {
-        qunsetenv("QT_SCALE_FACTOR");
+    } else {
+        RequireDisplay();
     }
     // Qt keeps references to both.
     static int argumentCount = 1;
@@ -77,7 +106,12 @@ Application::Application(Screen screen, double scale) : qt_(StartQt(screen, scal
     interruptWatch_.start(kInterruptPoll);
 }
 
-void Application::SetStyle(Style /*style*/) {}
+void Application::SetStyle(Style style) {
+    const owl::Appearance appearance = style == Style::Light  ? owl::Appearance::Light
+                                       : style == Style::Dark ? owl::Appearance::Dark
+                                                              : owl::Appearance::System;
+    owl::ApplyAppearance(*qt_, appearance);
+}
 
 void Application::SetLanguage(const std::string& language) {
     if (!language.empty()) {

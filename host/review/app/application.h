@@ -14,13 +14,13 @@ namespace orvanta::review {
 
 enum class Screen {
     Required, ///< the user must see and answer
-    None,     ///< windows are only painted
+    None,     ///< windows are only painted, as for a screen of 1366 × 768
 };
 
 /// Starts Qt. Ends what is shown when the program is interrupted. One at a time.
 class Application {
 public:
-    /// \param scale device pixels per logical pixel on top of the screen's own
+    /// \param scale device pixels per logical pixel; without a screen
     /// \throws cli::UsageError when a screen is required and there is none
     explicit Application(Screen screen, double scale = 1);
 

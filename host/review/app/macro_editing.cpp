@@ -3,9 +3,15 @@
 
 #include "host/review/app/macro_labels.h"
 #include "host/review/app/module_bridge.h"
+#include "host/review/cli/event_warnings.h"
+#include "host/review/cli/exit_status.h"
 #include "host/signal_base/recording.h"
 #include "host/toolkit/services.h"
+#include "spectra_contract/file_path.h"
 #include "spectra_contract/platform.h"
+
+#include <cerrno>
+#include <system_error>
 
 namespace orvanta::review {
 
@@ -13,22 +19,56 @@ namespace {
 
 constexpr int kModeEdit = 2;
 constexpr std::int32_t kChosen = 1;
+constexpr int kUnreadable = 2; // of SpectraMacro::Load
+
+/// With the separator at its end; empty for a bare name.
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind(FilePath::Separator) + 1);
+}
 
 /// The macros in a folder that can be read.
 std::vector<SpectraMacro> MacrosIn(const std::string& folder) {
     std::vector<SpectraMacro> macros;
     for (const std::string& name : owl::CurrentServices().files->FilesIn(folder, ".smx")) {
         SpectraMacro macro;
-        if (macro.Load(folder + name) != 2) {
+        if (macro.Load(folder + name) != kUnreadable) {
             macros.push_back(macro);
         }
     }
     return macros;
 }
 
+/// \throws cli::UsageError unless the file can be replaced
+void RequireWritable(const std::string& path) {
+    const owl::FileAccess& files = *owl::CurrentServices().files;
+    const std::string folder = FolderOf(path);
+    for (const std::string& place : {path, folder.empty() ? std::string(".") : folder}) {
+        if (const int error = files.Access(place, owl::FileAccess::kWritable); error != 0) {
+            throw cli::UsageError(place + ": cannot be written: " + std::generic_category().message(error) +
+                                  " (change its permissions, or copy the macro to another folder)");
+        }
+    }
+}
+
+/// \throws cli::UsageError unless it is a macro file that can be read and replaced
+SpectraMacro LoadForEditing(const std::string& path) {
+    if (owl::CurrentServices().files->Access(path, owl::FileAccess::kExists) == ENOENT) {
+        throw cli::UsageError(path + ": no such file (orvanta macro new makes one)");
+    }
+    SpectraMacro macro;
+    if (macro.Load(path) == kUnreadable) {
+        throw cli::UsageError(macro.GetLastError());
+    }
+    RequireWritable(path);
+    return macro;
+}
+
 } // namespace
 
-MacroEditing::MacroEditing(const EditMacroRequest& request) {
+MacroEditing::MacroEditing(const EditMacroRequest& request) : file_(request.file) {
+    if (!file_.empty()) {
+        macro_ = LoadForEditing(file_);
+    }
     if (!request.recording.empty()) {
         recording_ = signal::OpenRecording(request.recording);
         recording_->GetTraceInfo()->GetSensorsListOfType(sensors_, Sensor::EegFamily, Sensor::Class::Eeg);
@@ -36,11 +76,29 @@ MacroEditing::MacroEditing(const EditMacroRequest& request) {
 }
 
 std::string MacroEditing::Run(ModuleBridge& bridge, const GenericPlatform& platform) {
-    return ChooseMacro(bridge, platform);
+    return file_.empty() ? ChooseMacro(bridge, platform) : EditFile(bridge);
 }
 
 EventsManager& MacroEditing::Events() {
     return recording_ != nullptr ? *recording_->GetEventsManager() : ownEvents_;
+}
+
+std::string MacroEditing::EditFile(ModuleBridge& bridge) {
+    if (recording_ != nullptr) {
+        cli::WarnOfLabels(macro_, Events());
+    } else {
+        AddLabelsOf({macro_}, ownEvents_);
+    }
+    const SpectraMacro before = macro_;
+    bridge.EditMacro(nullptr, FolderOf(file_), macro_, &Events(), sensors_, kModeEdit);
+    if (!macro_.GetLastError().empty()) {
+        throw cli::UsageError(macro_.GetLastError());
+    }
+    // The form saves when the user says so, under this name or another; what counts is what is in the file.
+    const std::string& saved = macro_.GetFileName();
+    SpectraMacro stored;
+    const bool same = saved == file_ && stored.Load(saved) != kUnreadable && stored == before;
+    return (same ? "unchanged " : "written ") + saved;
 }
 
 std::string MacroEditing::ChooseMacro(ModuleBridge& bridge, const GenericPlatform& platform) {

@@ -40,6 +40,11 @@ class ModuleBridge {
 public:
     virtual ~ModuleBridge() = default;
 
+    /// Lets the user edit one macro, which saves to its file.
+    /// \param folder for a file with another name, with the separator at its end
+    /// \param mode 0 for looking only, 2 to edit
+    virtual void EditMacro(HWND parent, const std::string& folder, SpectraMacro& macro, EventsManager* events,
+                           const SensorList& sensors, int mode) = 0;
     /// Lets the user choose, make, edit and erase macros in the platform's folder.
     /// \param macro becomes the chosen one
     /// \return 0 cancelled, 1 chosen, 2 chosen by hand

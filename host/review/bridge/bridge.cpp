@@ -3,6 +3,7 @@
 
 #include "host/review/bridge/gallery_pages.h"
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/api.h"
 
 namespace {
@@ -11,6 +12,11 @@ using namespace orvanta::review;
 
 class Bridge final : public ModuleBridge {
 public:
+    void EditMacro(HWND parent, const std::string& folder, SpectraMacro& macro, EventsManager* events,
+                   const SensorList& sensors, int mode) override {
+        TFormSpectrumMacro(parent, folder.c_str(), &macro, events, sensors, mode).ShowModal();
+    }
+
     std::int32_t SelectMacro(HWND parent, SpectraMacro& macro, EventsManager* events,
                              const SensorList& sensors, int mode, const GenericPlatform& platform) override {
         TFormMacroSpectra form(nullptr, parent, &macro, events, sensors, mode, &platform);

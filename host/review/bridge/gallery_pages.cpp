@@ -2,6 +2,7 @@
 #include "host/review/bridge/gallery_pages.h"
 
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_macro.h"
@@ -11,6 +12,7 @@ namespace orvanta::review {
 namespace {
 
 constexpr int kModeNewAnalysis = 1;
+constexpr int kModeEdit = 2;
 
 SensorList EegSensors(const EEGFileInfoType& recording) {
     SensorList sensors;
@@ -25,13 +27,30 @@ void ShowMacroSelection(const GallerySample& sample, const TakePicture& take) {
     take(form);
 }
 
+void ShowSettings(const GallerySample& sample, const TakePicture& take, const std::string& name, int mode) {
+    SpectraMacro macro;
+    macro.Load(sample.platform.GetAppFolder("MACRO") + name + ".smx");
+    TFormSpectrumMacro form(nullptr, "", &macro, sample.recording.GetEventsManager(),
+                            EegSensors(sample.recording), mode);
+    take(form);
+}
+
+void ShowStateSettings(const GallerySample& sample, const TakePicture& take) {
+    ShowSettings(sample, take, "Eyes closed", kModeEdit);
+}
+
+void ShowSpotSettings(const GallerySample& sample, const TakePicture& take) {
+    ShowSettings(sample, take, "Around tones", kModeEdit);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
     const auto page = [&sample](const char* name, void (*show)(const GallerySample&, const TakePicture&)) {
         return GalleryPage{name, [sample, show](const TakePicture& take) { show(sample, take); }};
     };
-    return {page("macro-selection", ShowMacroSelection)};
+    return {page("macro-selection", ShowMacroSelection), page("settings-states", ShowStateSettings),
+            page("settings-spots", ShowSpotSettings)};
 }
 
 } // namespace orvanta::review

@@ -6,6 +6,7 @@
 #include "host/review/cli/macro_keys.h"
 #include "host/review/cli/montage_choice.h"
 #include "host/review/cli/output.h"
+#include "host/review/cli/validators.h"
 #include "host/review/cli/watch.h"
 #include "host/signal_base/recording.h"
 #include "host/spectral_data/results/errors.h"
@@ -29,12 +30,6 @@ const std::map<std::string, SPECT::Entity::Type> kEntities = {
 
 bool NeedsPairs(SPECT::Entity::Type entity) {
     return entity == SPECT::Entity::Type::Coherence || entity == SPECT::Entity::Type::Phase;
-}
-
-/// An empty name is an empty variable of a script more often than a wish.
-CLI::Validator IsNotEmpty() {
-    return {[](const std::string& name) { return name.empty() ? std::string("is empty") : std::string(); },
-            ""};
 }
 
 bool HasPair(const MontageType& montage) {

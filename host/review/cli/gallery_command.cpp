@@ -2,6 +2,7 @@
 // orvanta gallery: pictures of the windows.
 #include "host/review/cli/commands.h"
 #include "host/review/cli/review_library.h"
+#include "host/review/cli/validators.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,7 +17,7 @@ void AddGallery(CLI::App& app, Command& run) {
     command->add_option("--out", request->out, "Folder to write to")
         ->type_name("DIR")
         ->required()
-        ->check(CLI::Validator([](const std::string& name) { return name.empty() ? "is empty" : ""; }, ""));
+        ->check(IsNotEmpty());
     command->add_option("--scale", request->scales, "Device pixels per pixel, repeatable (default 1)")
         ->check(CLI::Validator(CLI::Range(0.5, 4.0)).description(""))
         ->type_name("S")

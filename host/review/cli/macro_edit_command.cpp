@@ -2,6 +2,7 @@
 // orvanta macro edit: settings in their forms.
 #include "host/review/cli/commands.h"
 #include "host/review/cli/review_library.h"
+#include "host/review/cli/validators.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,8 +12,9 @@ namespace orvanta::cli {
 
 void AddMacroEdit(CLI::App& macro, Command& run) {
     auto request = std::make_shared<review::EditMacroRequest>();
-    CLI::App* command =
-        macro.add_subcommand("edit", "Choose, make, edit and erase the macros of your folder");
+    CLI::App* command = macro.add_subcommand(
+        "edit", "Edit a macro file, or without one choose, make, edit and erase those of your folder");
+    command->add_option("FILE", request->file, "Macro file (.smx)")->check(IsNotEmpty());
     command
         ->add_option("--recording", request->recording,
                      "Offer the events of this recording and reckon with its rate")
@@ -23,7 +25,9 @@ void AddMacroEdit(CLI::App& macro, Command& run) {
     };
     CLI::Option* light = style("--light", "Light windows", review::Style::Light);
     style("--dark", "Dark windows", review::Style::Dark)->excludes(light);
-    command->footer("Without a recording, the events on offer are those that the macros name.");
+    command->footer("Needs a display. Prints \"written FILE\" or \"unchanged FILE\", without a file \"chosen "
+                    "FILE\". Without a "
+                    "recording, the events on offer are those that the macros name.");
     command->callback([&run, request] { run = [request] { return AskReview(*request); }; });
 }
 

@@ -18,7 +18,7 @@
 #include <clocale>
 #include <filesystem>
 #include <iostream>
-#include <optional>
+#include <memory>
 
 namespace orvanta::review {
 
@@ -33,14 +33,21 @@ void MakeFolder(const std::string& folder) {
     }
 }
 
-/// The host's pages, and the module's when it is there.
-std::vector<GalleryPage> MakePages(const GallerySample& sample) {
-    std::vector<GalleryPage> pages;
+/// Null, after a warning, when there is no module.
+std::unique_ptr<ModuleLibrary> LoadModule() {
     try {
-        pages = ModuleLibrary(LibraryFolder()).Bridge().MakeGalleryPages(sample);
+        return std::make_unique<ModuleLibrary>(LibraryFolder());
     } catch (const std::runtime_error& error) {
         platform::ConsoleGui(std::cerr, {})
             .ShowWarning(std::string("without the module's windows: ") + error.what());
+        return nullptr;
+    }
+}
+
+std::vector<GalleryPage> MakePages(const ModuleLibrary* module, const GallerySample& sample) {
+    std::vector<GalleryPage> pages;
+    if (module != nullptr) {
+        pages = module->Bridge().MakeGalleryPages(sample);
     }
     std::ranges::move(MakeHostPages(), std::back_inserter(pages));
     return pages;
@@ -100,6 +107,7 @@ std::vector<std::string> TakePictures(const std::vector<GalleryPage>& pages, con
 
 int RunGallery(const GalleryRequest& request) {
     MakeFolder(request.out);
+    const std::unique_ptr<ModuleLibrary> module = LoadModule();
     std::string listed;
     for (const double scale : request.scales) {
         Application application(Screen::None, scale);
@@ -108,7 +116,8 @@ int RunGallery(const GalleryRequest& request) {
         std::setlocale(LC_NUMERIC, "C");
         QApplication::setCursorFlashTime(0);
         const DemoSample sample;
-        const std::vector<GalleryPage> pages = ChoosePages(MakePages(sample.Get()), request.only);
+        const std::vector<GalleryPage> pages =
+            ChoosePages(MakePages(module.get(), sample.Get()), request.only);
         for (const Style style : {Style::Light, Style::Dark}) {
             application.SetStyle(style);
             for (const std::string& file : TakePictures(pages, request.out, style, scale)) {

@@ -1,0 +1,178 @@
+#!/usr/bin/env python3
+"""The commands that need windows, as a person or a script uses them.
+
+Usage: windows_end_to_end.py ORVANTA [unittest arguments].
+"""
+
+import os
+import pathlib
+import struct
+import subprocess
+import unittest
+
+import end_to_end
+from end_to_end import CommandLineTest
+
+HOST_LIBRARIES = ("liborvanta_platform.so", "liborvanta_signal_base.so", "liborvanta_spectral_data.so")
+WINDOW_LIBRARIES = ("liborvanta_toolkit.so", "liborvanta_review.so")
+
+
+def png_size(path):
+    head = path.read_bytes()[:24]
+    assert head[:8] == b"\x89PNG\r\n\x1a\n", path
+    return struct.unpack(">II", head[16:24])
+
+
+class WindowsTest(CommandLineTest):
+    """No display; the user's folders are in the scratch folder."""
+
+    def setUp(self):
+        super().setUp()
+        self.environment = {
+            name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")
+        }
+        self.environment.pop("QT_QPA_PLATFORM", None)
+        self.environment.update(XDG_CONFIG_HOME=str(self.folder / "config"), XDG_DATA_HOME=str(self.folder / "data"))
+        self.program = end_to_end.ORVANTA
+
+    def orvanta(self, *arguments):
+        return subprocess.run(
+            [self.program, *map(str, arguments)], capture_output=True, text=True, timeout=120, env=self.environment
+        )
+
+    def install(self, libraries):
+        """From now on the program is one that was installed with only these libraries."""
+        program = pathlib.Path(end_to_end.ORVANTA).resolve()
+        for folder in ("bin", "lib"):
+            (self.folder / "installed" / folder).mkdir(parents=True)
+        self.program = self.folder / "installed" / "bin" / "orvanta"
+        self.program.write_bytes(program.read_bytes())
+        self.program.chmod(0o755)
+        for library in libraries:
+            (self.folder / "installed" / "lib" / library).symlink_to(program.parent.parent / "lib" / library)
+
+
+class MissingParts(WindowsTest):
+    def test_without_the_window_library_a_command_that_needs_windows_says_so(self):
+        self.install(HOST_LIBRARIES)
+        result = self.orvanta("gallery", "--out", self.folder / "g")
+        self.assert_refused(result, r"liborvanta_review\.so: no such file \(.+\)$")
+        self.assert_refused(self.orvanta("macro", "edit"), r"liborvanta_review\.so: no such file \(.+\)$")
+
+    def test_without_the_window_library_the_other_commands_work(self):
+        self.install(HOST_LIBRARIES)
+        self.assertEqual(self.orvanta("info", self.demo).returncode, 0)
+        self.assertEqual(self.orvanta("macro", "show", self.macro("m.smx")).returncode, 0)
+
+    def test_a_library_that_cannot_be_loaded_is_told(self):
+        self.install(HOST_LIBRARIES)
+        (self.program.parent.parent / "lib" / "liborvanta_review.so").write_text("no library")
+        result = self.orvanta("gallery", "--out", self.folder / "g")
+        self.assert_refused(result, r"liborvanta_review\.so: cannot be loaded: .+ \(.+\)$")
+
+    def test_without_the_module_the_gallery_has_the_rest_and_says_why(self):
+        self.install(HOST_LIBRARIES + WINDOW_LIBRARIES)
+        result = self.orvanta("gallery", "--out", self.folder / "g", "--only", "input")
+        self.assertEqual(result.returncode, 0)
+        self.assertRegex(result.stderr, r"^orvanta: warning: .*Orvanta64\.so: no such file \(.+\)\n$")
+        self.assertTrue((self.folder / "g" / "input-light-1x.png").exists())
+
+    def test_without_the_module_nothing_can_be_edited(self):
+        self.install(HOST_LIBRARIES + WINDOW_LIBRARIES)
+        self.environment["QT_QPA_PLATFORM"] = "offscreen"
+        result = self.orvanta("macro", "edit", self.macro("m.smx"))
+        self.assert_refused(result, r"Orvanta64\.so: no such file \(.+\)$")
+
+
+class MacroEdit(WindowsTest):
+    def test_needs_a_display(self):
+        for arguments in ([], [self.macro("m.smx")]):
+            with self.subTest(arguments=arguments):
+                result = self.orvanta("macro", "edit", *arguments)
+                self.assert_refused(result, r"^orvanta: no display: .*DISPLAY.* \(.+\)$")
+
+    def test_says_when_the_display_does_not_answer(self):
+        self.environment["QT_QPA_PLATFORM"] = "nonsense"
+        result = self.orvanta("macro", "edit", self.macro("m.smx"))
+        self.assert_refused(result, r"^orvanta: windows cannot be shown: .*plugin \"nonsense\".* \(.+\)$")
+
+    def test_a_missing_file_is_refused_with_the_way_to_make_one(self):
+        result = self.orvanta("macro", "edit", self.folder / "none.smx")
+        self.assert_refused(result, r"none\.smx: no such file \(orvanta macro new makes one\)$")
+
+    def test_bad_files_are_refused_before_a_window_opens(self):
+        good = self.macro("good.smx").read_text()
+        for name, content, reason in (
+            ("broken", good[: len(good) // 2], r"line \d+: no well-formed XML"),
+            ("newer", good.replace('version="1"', 'version="2"'), r"line \d+: from a newer version"),
+            ("huge", good + " " * 20_000_000, r"has \d+ bytes, more than the \d+"),
+            ("other", "<song/>", "no macro file"),
+        ):
+            with self.subTest(name=name):
+                path = self.folder / f"{name}.smx"
+                path.write_text(content)
+                self.assert_refused(self.orvanta("macro", "edit", path), rf"{name}\.smx: {reason}.* \(.+\)$")
+                self.assertEqual(path.read_text(), content)
+
+    def test_a_recording_that_cannot_be_read_is_refused(self):
+        result = self.orvanta("macro", "edit", self.macro("m.smx"), "--recording", self.folder / "none.edf")
+        self.assert_refused(result, r"none\.edf: .+ \(.+\)$")
+
+    def test_light_and_dark_exclude_each_other(self):
+        self.assert_refused(self.orvanta("macro", "edit", "--light", "--dark"), "--dark|--light")
+
+
+class Gallery(WindowsTest):
+    def gallery(self, *arguments):
+        """The files written, by name."""
+        result = self.orvanta("gallery", "--out", self.folder / "g", *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        files = [pathlib.Path(line) for line in result.stdout.splitlines()]
+        self.assertEqual(sorted(files), sorted((self.folder / "g").iterdir()))
+        return {file.name: file for file in files}
+
+    def test_prints_the_files_it_wrote(self):
+        names = self.gallery()
+        for name in ("macro-selection", "message-error", "progress", "input"):
+            self.assertIn(f"{name}-light-1x.png", names)
+            self.assertIn(f"{name}-dark-1x.png", names)
+
+    def test_twice_the_scale_is_twice_the_pixels(self):
+        files = self.gallery("--only", "input", "--scale", 1, "--scale", 1.5, "--scale", 2)
+        self.assertEqual(len(files), 6)
+        width, height = png_size(files["input-light-1x.png"])
+        for scale in (1.5, 2):
+            # Text is measured anew at each scale.
+            scaled = png_size(files[f"input-light-{scale:g}x.png"])
+            self.assertAlmostEqual(scaled[0], width * scale, delta=12)
+            self.assertAlmostEqual(scaled[1], height * scale, delta=12)
+
+    def test_dark_is_not_light(self):
+        files = self.gallery("--only", "input")
+        self.assertNotEqual(files["input-light-1x.png"].read_bytes(), files["input-dark-1x.png"].read_bytes())
+
+    def test_a_second_run_gives_the_same_pictures(self):
+        first = {name: file.read_bytes() for name, file in self.gallery().items()}
+        self.assertEqual({name: file.read_bytes() for name, file in self.gallery().items()}, first)
+
+    def test_speaks_the_language_asked_for(self):
+        english = self.gallery("--only", "input")["input-light-1x.png"].read_bytes()
+        german = self.gallery("--only", "input", "--language", "de")["input-light-1x.png"].read_bytes()
+        self.assertNotEqual(english, german)
+
+    def test_an_unknown_window_is_refused(self):
+        result = self.orvanta("gallery", "--out", self.folder / "g", "--only", "nonsense")
+        self.assert_refused(result, r"--only nonsense: no such window \(there are .*input.*\)$")
+
+    def test_a_folder_that_cannot_be_made_is_refused(self):
+        (self.folder / "file").write_text("")
+        self.assert_refused(self.orvanta("gallery", "--out", self.folder / "file" / "g"), r"file/g: .+ \(.+\)$")
+
+    def test_bad_scales_are_refused(self):
+        for scale in ("0", "5", "big"):
+            with self.subTest(scale=scale):
+                self.assert_refused(self.orvanta("gallery", "--out", self.folder / "g", "--scale", scale), "--scale")
+
+
+if __name__ == "__main__":
+    unittest.main()
