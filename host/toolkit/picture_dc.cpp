@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPolygonF>
 
 #include <utility>
@@ -29,6 +30,21 @@ QString ToQString(std::string_view text) {
 QRectF Inside(const TRect& rect, const QPen& pen) {
     const double half = pen.style() == Qt::NoPen ? 0 : pen.widthF() / 2;
     return QRectF(ToQRect(rect)).adjusted(half, half, -half, -half);
+}
+
+QPainterPath Outline(const QRectF& rect) {
+    QPainterPath path;
+    path.addRect(rect);
+    return path;
+}
+
+/// A border inside the rectangle, of so many pixels; filled, since a stroke is soft at the corners.
+void Frame(QPainter& painter, const TRect& rect, int width, const QColor& color) {
+    const QRect all = ToQRect(rect);
+    painter.fillRect(QRect(all.left(), all.top(), all.width(), width), color);
+    painter.fillRect(QRect(all.left(), all.bottom() + 1 - width, all.width(), width), color);
+    painter.fillRect(QRect(all.left(), all.top(), width, all.height()), color);
+    painter.fillRect(QRect(all.right() + 1 - width, all.top(), width, all.height()), color);
 }
 
 Qt::PenStyle StyleOf(PenStyle style) {
@@ -91,11 +107,12 @@ void PictureDC::Line(const TPoint& from, const TPoint& to) {
 
 void PictureDC::Rectangle(const TRect& rect) {
     const QPen pen = painter_.pen();
-    QPen sharp = pen;
-    sharp.setJoinStyle(Qt::MiterJoin);
-    painter_.setPen(sharp);
-    painter_.drawRect(Inside(rect, sharp));
-    painter_.setPen(pen);
+    painter_.fillRect(ToQRect(rect), painter_.brush());
+    if (pen.style() == Qt::SolidLine) {
+        Frame(painter_, rect, pen.width(), pen.color());
+    } else if (pen.style() == Qt::DotLine) {
+        painter_.strokePath(Outline(Inside(rect, pen)), pen);
+    }
 }
 
 void PictureDC::FillRect(const TRect& rect, TColor color) {
@@ -103,10 +120,7 @@ void PictureDC::FillRect(const TRect& rect, TColor color) {
 }
 
 void PictureDC::FrameRect(const TRect& rect, TColor color) {
-    FillRect({rect.left, rect.top, rect.right, rect.top + 1}, color);
-    FillRect({rect.left, rect.bottom - 1, rect.right, rect.bottom}, color);
-    FillRect({rect.left, rect.top, rect.left + 1, rect.bottom}, color);
-    FillRect({rect.right - 1, rect.top, rect.right, rect.bottom}, color);
+    Frame(painter_, rect, 1, ToQColor(color));
 }
 
 void PictureDC::SetClip(const TRect& rect) {
