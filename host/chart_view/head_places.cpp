@@ -10,12 +10,14 @@ namespace orvanta::chart {
 
 namespace {
 
+constexpr double kSmallestHalf = 0.005;
 constexpr double kLargestHalf = 0.5;
-constexpr int kSearchSteps = 14;
-constexpr int kMostRounds = 400;
-/// Squares are kept this much farther apart than they are wide, so that they do not touch by rounding.
-constexpr double kMargin = 1e-6;
+constexpr double kGrowth = 1.02;
+constexpr int kMostRounds = 200;
+/// Squares are pushed a little farther than they must go, or they would come apart only in the limit.
 constexpr double kOverRelaxation = 1.04;
+/// They are kept this much farther apart than they are wide, so that they do not touch by rounding.
+constexpr double kMargin = 1e-6;
 
 void Reach(Squares& squares) {
     squares.reachX = kEarReach;
@@ -26,7 +28,7 @@ void Reach(Squares& squares) {
     }
 }
 
-/// Side of a square as a share of the frame, which is what counts on screen.
+/// A square's share of the frame, which is what counts on screen.
 double ShownSize(const Squares& squares) {
     return squares.half * squares.half / (squares.reachX * squares.reachY);
 }
@@ -63,30 +65,25 @@ bool Relax(std::vector<Place>& centres, double side) {
             }
         }
     }
-    for (std::size_t i = 0; i < centres.size(); ++i) {
+    for (std::size_t i = 0; !apart && i < centres.size(); ++i) {
         centres[i].x += moves[i].x;
         centres[i].y += moves[i].y;
     }
     return apart;
 }
 
-/// Brings a centre back so that its square holds the place.
-void Hold(Place& centre, const Place& place, double half) {
-    centre.x = std::clamp(centre.x, place.x - half, place.x + half);
-    centre.y = std::clamp(centre.y, place.y - half, place.y + half);
-}
-
-/// Squares of that size, or none when they do not come apart.
-bool TrySize(const std::vector<Place>& places, double half, Squares& squares) {
+/// Lets the squares make way for each other at the given size. \return whether there was room
+bool ComeApart(Squares& squares, const std::vector<Place>& places, double half) {
     squares.half = half;
-    squares.centres = places;
     for (int round = 0; round < kMostRounds; ++round) {
         if (Relax(squares.centres, 2 * half * (1 + kMargin))) {
             Reach(squares);
             return true;
         }
         for (std::size_t i = 0; i < places.size(); ++i) {
-            Hold(squares.centres[i], places[i], half * (1 - kMargin));
+            Place& centre = squares.centres[i];
+            centre.x = std::clamp(centre.x, places[i].x - kMostWay, places[i].x + kMostWay);
+            centre.y = std::clamp(centre.y, places[i].y - kMostWay, places[i].y + kMostWay);
         }
     }
     return false;
@@ -107,21 +104,15 @@ Squares Spread(const std::vector<Place>& places) {
     Squares best;
     best.centres = places;
     Reach(best);
-    double fits = 0;
-    double tooLarge = kLargestHalf;
-    for (int step = 0; step < kSearchSteps; ++step) {
-        const double half = step == 0 ? kLargestHalf : (fits + tooLarge) / 2;
-        Squares tried;
-        if (!TrySize(places, half, tried)) {
-            tooLarge = half;
-            continue;
-        }
-        fits = half;
-        if (ShownSize(tried) > ShownSize(best)) {
-            best = std::move(tried);
-        }
-        if (step == 0) {
+    // Grown from small squares, each size starting where the one before came to rest: crowded places then
+    // give way far beyond their nearest neighbours, where a large size tried at once would jam.
+    Squares growing = best;
+    for (double half = kSmallestHalf; half <= kLargestHalf; half *= kGrowth) {
+        if (!ComeApart(growing, places, half)) {
             break;
+        }
+        if (ShownSize(growing) > ShownSize(best)) {
+            best = growing;
         }
     }
     return best;

@@ -17,7 +17,7 @@ struct Place {
 };
 
 /// At θ / 90° from the centre for a position at the angle θ from the vertex.
-Place Projected(const HeadPosition& position);
+ORVANTA_API Place Projected(const HeadPosition& position);
 
 /// Squares of one size around their centres.
 struct Squares {
@@ -27,12 +27,15 @@ struct Squares {
     double reachY = 0; ///< and ±reachY, with the nose
 };
 
-/// Squares around the places, moved apart so that none overlaps another and each still holds its place; as
-/// large as they can be in the frame that they and the head fill.
+/// Squares around the places, moved apart so that none overlaps another, each by at most kMostWay across and
+/// along; as large as they come in the frame that they and the head fill. Their half is 0 when there is no
+/// room.
 Squares Spread(const std::vector<Place>& places);
 
 // Of the head's radius: where the ears and the nose end.
 inline constexpr double kEarReach = 1.08;
 inline constexpr double kNoseReach = 1.14;
+// How far a square may be moved from its place.
+inline constexpr double kMostWay = 0.35;
 
 } // namespace orvanta::chart

@@ -12,7 +12,7 @@ using orvanta::chart::Squares;
 
 namespace {
 
-constexpr double kMostStretch = 1.6;
+constexpr double kMostStretch = 1.8;
 
 unsigned char Lower(char c) {
     return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);

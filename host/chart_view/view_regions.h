@@ -31,12 +31,12 @@ struct ORVANTA_API ElectrodeNameOrder {
 using ViewRegions = std::map<std::string, owl::TRect, ElectrodeNameOrder>;
 
 /// One rectangle per sensor with a standard position, by the sensor's name; a name without a position has
-/// none. All have one size, as large as can be; none overlaps another or leaves the region, and each holds
-/// the electrode's own place, except where the region has no room for rectangles at all: then all are empty.
+/// none. All have one size, as large as they come; none overlaps another or leaves the region. They are empty
+/// where the region has no room for them.
 ///
 /// A position at the angle θ from the vertex lies at θ / 90° of the head's radius (azimuthal equidistant
-/// projection), in the direction that it has on the head; crowded rectangles make way. The head fills the
-/// region, stretched by at most 1.6.
+/// projection), in the direction that it has on the head; crowded rectangles make way by up to 0.35 of the
+/// radius. The head fills the region, stretched by at most 1.8.
 ORVANTA_API ViewRegions Get2DViewRegions(const SensorList& sensors, const MyRect& region);
 
 /// Lines of the head behind the rectangles, pixels.
