@@ -1,30 +1,214 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/macro_selection_form.h"
 
+#include "host/toolkit/form_texts.h"
+#include "host/toolkit/message_module.h"
+#include "host/toolkit/modal_gateway.h"
+#include "host/toolkit/services.h"
+#include "side_bar/spectrum_macro_form.h"
+#include "side_bar/texts.h"
 #include "spectra_contract/platform.h"
+#include "spectra_contract/spectra_macro.h"
+#include "ui_macro_selection.h"
 
-#include <QHBoxLayout>
-#include <QPushButton>
+#include <QKeyEvent>
+#include <QSignalBlocker>
 
+#include <algorithm>
 #include <cstdio>
+#include <sstream>
+#include <utility>
+
+using orvanta::side_bar::FillIn;
+using orvanta::side_bar::MacroText;
+
+namespace {
+
+constexpr int kModeNew = 1;
+constexpr int kModeEdit = 2;
+constexpr std::size_t kQuestionLimit = 255;
+/// Narrower than this the description stands below the list.
+constexpr int kWidthForTwoColumns = 400;
+
+/// Quiet text in the middle of a list that has no rows.
+void AddPlaceholder(QListWidget& list) {
+    auto* text = new QLabel(QStringLiteral("No macros yet. Press New to make one."));
+    text->setObjectName(QStringLiteral("LabelNoMacros"));
+    text->setForegroundRole(QPalette::PlaceholderText);
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    text->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* rows = new QVBoxLayout(list.viewport());
+    rows->addWidget(text);
+}
+
+} // namespace
 
 TFormMacroSpectra::TFormMacroSpectra(QWidget* owner, HWND parent, SpectraMacro* macro, EventsManager* events,
                                      const SensorList& sensors, int mode, const GenericPlatform* platform)
-    : TForm(parent ? parent : HWND(owner)), parent_(parent ? parent : HWND(owner)), macro_(macro),
-      events_(events), sensors_(sensors), openedAsNew_(mode == 1), active_(mode != 0) {
+    : TForm(parent ? parent : HWND(owner)), ui_(std::make_unique<Ui::TFormMacroSpectra>()),
+      parent_(parent ? parent : HWND(owner)), macro_(macro), events_(events), sensors_(sensors),
+      openedAsNew_(mode == kModeNew), active_(mode != 0) {
     const std::string folder = platform != nullptr ? platform->GetAppFolder("MACRO") : std::string();
     std::snprintf(searchMask_.data(), searchMask_.size(), "%s*%s", folder.c_str(), kExtension);
     std::snprintf(macroFolder_.data(), macroFolder_.size(), "%s", folder.c_str());
-    auto* buttons = new QHBoxLayout(this);
-    const auto add = [&](const char* name, const char* text, void (TFormMacroSpectra::*handler)()) {
-        auto* button = new QPushButton(text);
-        button->setObjectName(name);
+    ui_->setupUi(this);
+    AddPlaceholder(*ui_->ListBoxMacro);
+    SetUpControls();
+    owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormMacroSpectra");
+    setWindowTitle(QString::fromStdString(MacroText("CAPTION_DEFAULT", "Spectra Manager (Default)")));
+    FillList();
+}
+
+TFormMacroSpectra::~TFormMacroSpectra() = default;
+
+void TFormMacroSpectra::SetUpControls() {
+    const auto onClick = [this](QPushButton* button, void (TFormMacroSpectra::*handler)()) {
         connect(button, &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
-        buttons->addWidget(button);
     };
-    add("BtnAutoAverage", "OK", &TFormMacroSpectra::BtnAutoAverageClick);
-    add("BtnManualAverage", "Manual", &TFormMacroSpectra::BtnManualAverageClick);
-    add("BtnCancel", "Cancel", &TFormMacroSpectra::BtnCancelClick);
+    onClick(ui_->BitBtnNew, &TFormMacroSpectra::BitBtnNewClick);
+    onClick(ui_->BitBtnEdit, &TFormMacroSpectra::BitBtnEditClick);
+    onClick(ui_->BitBtnErase, &TFormMacroSpectra::BitBtnEraseClick);
+    onClick(ui_->BtnAutoAverage, &TFormMacroSpectra::BtnAutoAverageClick);
+    onClick(ui_->BtnManualAverage, &TFormMacroSpectra::BtnManualAverageClick);
+    onClick(ui_->BtnCancel, &TFormMacroSpectra::BtnCancelClick);
+    SetCancelButton(ui_->BtnCancel);
+
+    QListWidget* list = ui_->ListBoxMacro;
+    // A press on another row changes the selection and is followed by a click; a press on the selected one is
+    // followed by the click alone.
+    connect(list, &QListWidget::itemSelectionChanged, this, [this] {
+        loadedByPress_ = true;
+        ListBoxMacroClick();
+    });
+    connect(list, &QListWidget::clicked, this, [this] {
+        if (!std::exchange(loadedByPress_, false)) {
+            ListBoxMacroClick();
+        }
+    });
+    connect(list, &QListWidget::doubleClicked, this, [this] { ListBoxMacroDblClick(); });
+    list->installEventFilter(this);
+}
+
+std::string TFormMacroSpectra::GetCaption() const {
+    return windowTitle().toStdString();
+}
+
+void TFormMacroSpectra::FillList() {
+    QListWidget* list = ui_->ListBoxMacro;
+    const int row = SelectedRow();
+    const QSignalBlocker silent(list); // what is selected again is not loaded again
+    loadedByPress_ = false;
+    list->clear();
+    const std::string folder = GetMacroFolder();
+    if (!folder.empty()) {
+        for (const std::string& file : owl::CurrentServices().files->FilesIn(folder, kExtension)) {
+            const std::string name = file.substr(0, file.size() - std::char_traits<char>::length(kExtension));
+            if (!name.empty()) {
+                list->addItem(QString::fromStdString(name));
+            }
+        }
+    }
+    list->setCurrentRow(row);
+    ui_->BitBtnEdit->setEnabled(SelectedRow() >= 0);
+    list->findChild<QLabel*>(QStringLiteral("LabelNoMacros"))->setVisible(list->count() == 0);
+}
+
+int TFormMacroSpectra::SelectedRow() const {
+    const QModelIndexList rows = ui_->ListBoxMacro->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+std::string TFormMacroSpectra::SelectedName() const {
+    return ui_->ListBoxMacro->item(SelectedRow())->text().toStdString();
+}
+
+std::string TFormMacroSpectra::SelectedPath() const {
+    std::array<char, 260> path{};
+    std::snprintf(path.data(), path.size(), "%s%s%s", GetMacroFolder(), SelectedName().c_str(), kExtension);
+    return path.data();
+}
+
+void TFormMacroSpectra::Describe() {
+    std::ostringstream text;
+    macro_->GetLongDescrStr(text);
+    ui_->Memo1->setPlainText(QString::fromStdString(text.str()));
+}
+
+void TFormMacroSpectra::ListBoxMacroClick() {
+    ui_->Memo1->clear();
+    if (SelectedRow() < 0) {
+        ui_->BitBtnEdit->setEnabled(false);
+        return;
+    }
+    const int loaded = macro_->Load(SelectedPath());
+    setWindowTitle(QString::fromStdString(
+        FillIn(MacroText("CAPTION_LOADED", "Spectra Manager ( %s )"), {SelectedName()})));
+    if (loaded != 0) {
+        owl::CurrentModalGateway().ShowMessage(
+            GetHandle(), MacroText("NO_MATCHED_EVENTS", "No Matched Events. Default selection made"),
+            MacroText("WARNING", "Warning"), owl::kMbIconExclamation);
+    }
+    macroLoaded_ = true;
+    if (macro_->GetLastError().empty()) {
+        Describe();
+    } else {
+        // Nothing was loaded: what is wrong with the file, and not the settings from before.
+        ui_->Memo1->setPlainText(QString::fromStdString(
+            FillIn(MacroText("NOT_LOADED",
+                             "The file of this macro cannot be read. The settings are as before.\n\n%s"),
+                   {macro_->GetLastError()})));
+    }
+    ui_->BitBtnEdit->setEnabled(true);
+}
+
+void TFormMacroSpectra::ListBoxMacroDblClick() {
+    BtnAutoAverageClick();
+}
+
+bool TFormMacroSpectra::EditMacro(int mode) {
+    TFormSpectrumMacro settings(GetHandle(), GetMacroFolder(), macro_, events_, sensors_, mode);
+    return settings.ShowModal() == owl::kIdOk;
+}
+
+void TFormMacroSpectra::BitBtnNewClick() {
+    if (EditMacro(kModeNew)) {
+        FillList();
+    }
+}
+
+void TFormMacroSpectra::BitBtnEditClick() {
+    if (SelectedRow() < 0) {
+        return;
+    }
+    const std::string path = SelectedPath();
+    macro_->Load(path);
+    // "Average" here, "Spectra" on a click: the titles have always differed.
+    setWindowTitle(QString::fromStdString(
+        FillIn(MacroText("CAPTION_EDITED", "Average Manager ( %s )"), {SelectedName()})));
+    if (!EditMacro(kModeEdit)) {
+        return;
+    }
+    FillList();
+    if (macro_->GetFileName() == path) {
+        Describe();
+    }
+}
+
+void TFormMacroSpectra::BitBtnEraseClick() {
+    if (SelectedRow() < 0) {
+        return;
+    }
+    const std::string question =
+        FillIn(MacroText("ERASE", "Are you sure to delete the file:\n%s?"), {SelectedName()})
+            .substr(0, kQuestionLimit);
+    if (owl::CurrentModalGateway().ShowMessage(GetHandle(), question, MacroText("WARNING", "Warning"),
+                                               owl::kMbYesNo + owl::kMbIconExclamation) != owl::kIdYes) {
+        return;
+    }
+    owl::CurrentServices().files->Remove(SelectedPath()); // a failure shows by the row that stays
+    FillList();
+    ui_->Memo1->clear();
 }
 
 void TFormMacroSpectra::BtnAutoAverageClick() {
@@ -41,4 +225,26 @@ void TFormMacroSpectra::BtnCancelClick() {
     result_ = 0;
     active_ = false;
     reject();
+}
+
+bool TFormMacroSpectra::eventFilter(QObject* watched, QEvent* event) {
+    QListWidget* list = ui_->ListBoxMacro;
+    if (watched == list && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Delete) {
+            BitBtnEraseClick();
+            return true;
+        }
+        if (SelectedRow() < 0 && (key == Qt::Key_Down || key == Qt::Key_Up)) {
+            // A list that got the focus has a current row already, which the key would leave unselected.
+            list->setCurrentRow(std::max(list->currentRow(), 0), QItemSelectionModel::ClearAndSelect);
+            return true;
+        }
+    }
+    return TForm::eventFilter(watched, event);
+}
+
+void TFormMacroSpectra::resizeEvent(QResizeEvent* event) {
+    ui_->splitter->setOrientation(width() < kWidthForTwoColumns ? Qt::Vertical : Qt::Horizontal);
+    TForm::resizeEvent(event);
 }

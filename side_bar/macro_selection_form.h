@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The form with which the user picks the settings of a new analysis.
+// The form with which the user picks the settings of a new analysis, and makes, edits and erases macro files.
 #pragma once
 
 #include "host/toolkit/form.h"
@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 class EventsManager;
@@ -15,27 +16,38 @@ class GenericPlatform;
 class QWidget;
 class SpectraMacro;
 
-/// Macro selection.
+namespace Ui {
+class TFormMacroSpectra;
+}
+
+/// Macro selection. A click on a row, or an arrow key that moves to it, loads its file into the macro; that
+/// stays so whatever the result.
 class ORVANTA_API TFormMacroSpectra : public owl::TForm {
 public:
     /// Nothing passed in is owned; all of it must outlive the form.
     /// \param owner window that the form belongs to when \p parent is null; may be null
-    /// \param macro settings into which files are loaded
+    /// \param macro settings into which files are loaded; not null
     /// \param sensors copied
     /// \param mode 0 for looking only, 1 when opened for a new analysis
-    /// \param platform gives the folder of the macro files; without it there is no folder
+    /// \param platform gives the folder of the macro files; without it there is no folder and no row
     TFormMacroSpectra(QWidget* owner, HWND parent, SpectraMacro* macro, EventsManager* events,
                       const SensorList& sensors, int mode, const GenericPlatform* platform = nullptr);
+    ~TFormMacroSpectra() override;
 
     /// 0 cancelled, 1 compute with the chosen macro, 2 chosen by hand. 0 from the start.
     std::int32_t GetResult() const { return result_; }
 
+    void ListBoxMacroClick();
+    void ListBoxMacroDblClick();
+    void BitBtnNewClick();
+    void BitBtnEditClick();
+    void BitBtnEraseClick();
     void BtnAutoAverageClick();
     void BtnManualAverageClick();
     void BtnCancelClick();
 
     HWND GetParentWindow() const { return parent_; }
-    const std::string& GetCaption() const { return caption_; }
+    std::string GetCaption() const;
     /// With trailing separator; at most 259 characters.
     const char* GetMacroFolder() const { return macroFolder_.data(); }
     /// Folder, "*" and extension; at most 259 characters.
@@ -47,9 +59,24 @@ public:
     bool IsActive() const { return active_; }
     bool IsMacroLoaded() const { return macroLoaded_; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void SetUpControls();
+    void FillList();
+    /// -1 when no row is selected.
+    int SelectedRow() const;
+    std::string SelectedName() const;
+    std::string SelectedPath() const;
+    void Describe();
+    /// Runs the settings form on the macro. True when it ended with OK.
+    bool EditMacro(int mode);
+
     static constexpr const char* kExtension = ".smx";
 
+    std::unique_ptr<Ui::TFormMacroSpectra> ui_;
     HWND parent_;
     SpectraMacro* macro_;
     EventsManager* events_;
@@ -57,8 +84,8 @@ private:
     bool openedAsNew_;
     bool active_;
     bool macroLoaded_ = false;
+    bool loadedByPress_ = false; ///< the click that is under way has loaded its row already
     std::int32_t result_ = 0;
     std::array<char, 260> macroFolder_{};
     std::array<char, 260> searchMask_{};
-    std::string caption_ = "Spectra Manager (Default)";
 };

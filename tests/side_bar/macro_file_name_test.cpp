@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/macro_file_name.h"
 
-#include "host/toolkit/services.h"
+#include "tests/side_bar/disk.h"
 #include "tests/support/qt/scripted_user.h"
 
 #include <QWidget>
@@ -10,52 +10,14 @@
 
 #include <array>
 #include <cerrno>
-#include <map>
 
 namespace {
 
+using orvanta::test::Disk;
 using orvanta::test::ScriptedUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
-
-/// Files that answer as the test says and write down what is asked. A path that the test does not name does
-/// not exist.
-class Disk final : public owl::FileAccess {
-public:
-    Disk() {
-        services_.files = this;
-        earlier_ = owl::ReplaceServices(&services_);
-    }
-    ~Disk() override { owl::ReplaceServices(earlier_); }
-    Disk(const Disk&) = delete;
-    Disk& operator=(const Disk&) = delete;
-
-    int Access(const std::string& path, int mode) const override {
-        asked_.emplace_back(path, mode);
-        const auto found = writing_.find(path);
-        if (found == writing_.end()) {
-            return ENOENT;
-        }
-        return mode == kExists ? 0 : found->second;
-    }
-    int MakeFolders(const std::string& /*folder*/) const override { return EROFS; }
-    int Remove(const std::string& /*file*/) const override { return EROFS; }
-    std::vector<std::string> FilesIn(const std::string& /*folder*/,
-                                     const std::string& /*ending*/) const override {
-        return {};
-    }
-
-    /// There is such a file; opening it for writing gives \p error.
-    void Holds(const std::string& path, int error = 0) { writing_[path] = error; }
-    const std::vector<std::pair<std::string, int>>& Asked() const { return asked_; }
-
-private:
-    owl::Services services_ = owl::CurrentServices();
-    const owl::Services* earlier_ = nullptr;
-    std::map<std::string, int> writing_;
-    mutable std::vector<std::pair<std::string, int>> asked_;
-};
 
 class MacroFileName : public testing::Test {
 protected:

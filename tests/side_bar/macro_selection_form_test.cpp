@@ -1,46 +1,88 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/platform/host_platform.h"
+// The form itself: how it starts, what it shows and how it ends.
 #include "side_bar/macro_selection_form.h"
-#include "tests/support/qt/form_user.h"
-#include "tests/support/qt/scripted_user.h"
-#include "tests/support/recording_gui.h"
-#include "tests/support/temp_folder.h"
 
+#include "tests/side_bar/disk.h"
+#include "tests/side_bar/macro_library.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QTest>
 #include <QWidget>
-#include <gtest/gtest.h>
 
 #include <cstring>
 
 namespace {
 
-using orvanta::test::ScriptedUser;
+using orvanta::test::Disk;
+using orvanta::test::FormUser;
+using testing::ElementsAre;
+using testing::Pair;
 
-class Form final : public TFormMacroSpectra {
-public:
-    explicit Form(int mode) : TFormMacroSpectra(nullptr, nullptr, nullptr, nullptr, {}, mode) {}
-};
+class MacroSelectionForm : public orvanta::test::MacroLibrary {};
 
-TEST(MacroSelectionForm, StartsAsCancelledWithNothingLoaded) {
-    const Form form(1);
+TEST_F(MacroSelectionForm, StartsAsCancelledWithNothingLoaded) {
+    const TFormMacroSpectra& form = Open();
     EXPECT_EQ(form.GetResult(), 0);
     EXPECT_FALSE(form.IsMacroLoaded());
     EXPECT_EQ(form.GetCaption(), "Spectra Manager (Default)");
+    EXPECT_TRUE(macro_ == SpectraMacro());
 }
 
-TEST(MacroSelectionForm, KnowsFromItsModeWhetherItIsNewAndActive) {
-    const Form looking(0);
-    EXPECT_FALSE(looking.IsOpenedAsNew());
-    EXPECT_FALSE(looking.IsActive());
-    const Form fresh(1);
-    EXPECT_TRUE(fresh.IsOpenedAsNew());
-    EXPECT_TRUE(fresh.IsActive());
-    const Form other(2);
-    EXPECT_FALSE(other.IsOpenedAsNew());
-    EXPECT_TRUE(other.IsActive());
+TEST_F(MacroSelectionForm, ShowsTheCaptionsOfItsControls) {
+    Open();
+    EXPECT_EQ(Hand().TextOf("Label1"), "List of available Macros");
+    EXPECT_EQ(Hand().TextOf("Label2"), "Selected Macro Description");
+    EXPECT_EQ(Hand().TextOf("BitBtnNew"), "New");
+    EXPECT_EQ(Hand().TextOf("BitBtnErase"), "Erase");
+    EXPECT_EQ(Hand().TextOf("BitBtnEdit"), "Edit");
+    EXPECT_EQ(Hand().TextOf("BtnAutoAverage"), "OK");
+    EXPECT_EQ(Hand().TextOf("BtnManualAverage"), "Manual");
+    EXPECT_EQ(Hand().TextOf("BtnCancel"), "Cancel");
 }
 
-TEST(MacroSelectionForm, EndsWithTheResultOfTheLastButton) {
-    Form form(1);
+TEST_F(MacroSelectionForm, StartsWithNoRowSelectedAndEditDisabled) {
+    Save("Alpha", 10);
+    Open();
+    EXPECT_TRUE(Hand().SelectedRowsOf("ListBoxMacro").isEmpty());
+    EXPECT_FALSE(Hand().IsEnabled("BitBtnEdit"));
+    EXPECT_EQ(Hand().TextOf("Memo1"), "");
+}
+
+TEST_F(MacroSelectionForm, NeverShowsTheManualButton) {
+    Save("Alpha", 10);
+    const TFormMacroSpectra& form = Open();
+    Hand().SelectsRow("ListBoxMacro", 0);
+    EXPECT_FALSE(form.findChild<QWidget*>("BtnManualAverage")->isVisible());
+    EXPECT_FALSE(Hand().IsEnabled("BtnManualAverage"));
+}
+
+TEST_F(MacroSelectionForm, MayBeAsSmallAs200By250) {
+    TFormMacroSpectra& form = Open();
+    EXPECT_EQ(form.minimumSize(), QSize(200, 250));
+    form.resize(200, 250);
+    QCoreApplication::processEvents();
+    for (const char* name : {"ListBoxMacro", "Memo1", "BitBtnNew", "BitBtnEdit", "BitBtnErase",
+                             "BtnAutoAverage", "BtnCancel", "Label1", "Label2"}) {
+        auto* control = form.findChild<QWidget*>(name);
+        const QRect place(control->mapTo(&form, QPoint(0, 0)), control->size());
+        EXPECT_TRUE(form.rect().contains(place)) << name;
+        EXPECT_GE(control->height(), control->minimumSizeHint().height() / 2) << name;
+    }
+}
+
+TEST_F(MacroSelectionForm, KnowsFromItsModeWhetherItIsNewAndActive) {
+    const auto opened = [this](int mode) {
+        const TFormMacroSpectra form(nullptr, nullptr, &macro_, nullptr, {}, mode);
+        return std::pair(form.IsOpenedAsNew(), form.IsActive());
+    };
+    EXPECT_THAT(opened(0), Pair(false, false));
+    EXPECT_THAT(opened(1), Pair(true, true));
+    EXPECT_THAT(opened(2), Pair(false, true));
+}
+
+TEST_F(MacroSelectionForm, EndsWithTheResultOfTheLastButton) {
+    TFormMacroSpectra& form = Open();
     form.BtnManualAverageClick();
     EXPECT_EQ(form.GetResult(), 2);
     form.BtnAutoAverageClick();
@@ -51,45 +93,90 @@ TEST(MacroSelectionForm, EndsWithTheResultOfTheLastButton) {
     EXPECT_FALSE(form.IsActive());
 }
 
-TEST(MacroSelectionForm, IsShownThroughTheModalGateway) {
-    ScriptedUser user;
-    user.MeetsDialog([](QDialog& form) { orvanta::test::FormUser(form).Clicks("BtnAutoAverage"); });
-    Form form(1);
+TEST_F(MacroSelectionForm, IsShownThroughTheModalGateway) {
+    user_.MeetsDialog([](QDialog& form) { FormUser(form).Clicks("BtnAutoAverage"); });
+    TFormMacroSpectra form(nullptr, nullptr, &macro_, nullptr, {}, 1);
     EXPECT_EQ(form.ShowModal(), owl::kIdOk);
     EXPECT_EQ(form.GetResult(), 1);
 }
 
-TEST(MacroSelectionForm, BelongsToItsParentElseItsOwner) {
+TEST_F(MacroSelectionForm, CancelsOnEscape) {
+    const TFormMacroSpectra& form = Open();
+    Hand().PressesEscape();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.GetResult(), 0);
+    EXPECT_FALSE(form.IsActive());
+}
+
+TEST_F(MacroSelectionForm, ChoosesTheRowThatIsDoubleClicked) {
+    Save("Alpha", 10);
+    Save("Beta", 20);
+    const TFormMacroSpectra& form = Open();
+    Hand().DoubleClicksRow("ListBoxMacro", 1);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.GetResult(), 1);
+    EXPECT_EQ(macro_.GetOverlapPerc(), 20U);
+}
+
+TEST_F(MacroSelectionForm, ChoosesTheSelectedRowOnEnter) {
+    Save("Alpha", 10);
+    TFormMacroSpectra& form = Open();
+    Hand().SelectsRow("ListBoxMacro", 0);
+    QTest::keyClick(form.findChild<QWidget*>("ListBoxMacro"), Qt::Key_Return);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.GetResult(), 1);
+    EXPECT_EQ(macro_.GetOverlapPerc(), 10U);
+}
+
+TEST_F(MacroSelectionForm, BelongsToItsParentElseItsOwner) {
     QWidget owner, parent;
-    const TFormMacroSpectra owned(&owner, nullptr, nullptr, nullptr, {}, 1);
+    const TFormMacroSpectra owned(&owner, nullptr, &macro_, nullptr, {}, 1);
     EXPECT_EQ(owned.GetParentWindow(), HWND(&owner));
-    const TFormMacroSpectra both(&owner, HWND(&parent), nullptr, nullptr, {}, 1);
+    EXPECT_EQ(owned.parentWidget(), &owner);
+    const TFormMacroSpectra both(&owner, HWND(&parent), &macro_, nullptr, {}, 1);
     EXPECT_EQ(both.GetParentWindow(), HWND(&parent));
+    EXPECT_EQ(both.parentWidget(), &parent);
 }
 
-TEST(MacroSelectionForm, TakesItsFolderFromThePlatform) {
-    const orvanta::test::TempFolder folder;
-    const orvanta::test::RecordingGui gui;
-    const orvanta::platform::HostPlatform platform(gui, folder.Path("settings.ini"), folder.Path("data"));
-    const TFormMacroSpectra form(nullptr, nullptr, nullptr, nullptr, {}, 1, &platform);
-    EXPECT_EQ(form.GetMacroFolder(), folder.Path("data") + "/MACRO/");
-    EXPECT_EQ(form.GetSearchMask(), folder.Path("data") + "/MACRO/*.smx");
+TEST_F(MacroSelectionForm, TakesItsFolderFromThePlatform) {
+    const TFormMacroSpectra& form = Open();
+    EXPECT_EQ(form.GetMacroFolder(), folder_.Path("data") + "/MACRO/");
+    EXPECT_EQ(form.GetSearchMask(), folder_.Path("data") + "/MACRO/*.smx");
 }
 
-TEST(MacroSelectionForm, CutsALongFolderTo259Characters) {
-    const orvanta::test::TempFolder folder;
-    const orvanta::test::RecordingGui gui;
-    const orvanta::platform::HostPlatform platform(
-        gui, folder.Path("settings.ini"), folder.Path(std::string(200, 'a') + "/" + std::string(200, 'b')));
-    const TFormMacroSpectra form(nullptr, nullptr, nullptr, nullptr, {}, 1, &platform);
+TEST_F(MacroSelectionForm, CutsALongFolderTo259Characters) {
+    const orvanta::platform::HostPlatform deep(
+        gui_, folder_.Path("settings.ini"),
+        folder_.Path(std::string(200, 'a') + "/" + std::string(200, 'b')));
+    const TFormMacroSpectra form(nullptr, nullptr, &macro_, nullptr, {}, 1, &deep);
     EXPECT_EQ(std::strlen(form.GetMacroFolder()), 259U);
     EXPECT_EQ(std::strlen(form.GetSearchMask()), 259U);
 }
 
-TEST(MacroSelectionForm, HasNoFolderWithoutAPlatform) {
-    const Form form(1);
+TEST_F(MacroSelectionForm, HasNoFolderAndNoRowsWithoutAPlatform) {
+    Disk disk;
+    disk.Lists({"Alpha.smx"});
+    const TFormMacroSpectra form(nullptr, nullptr, &macro_, nullptr, {}, 1);
     EXPECT_STREQ(form.GetMacroFolder(), "");
     EXPECT_STREQ(form.GetSearchMask(), "*.smx");
+    EXPECT_EQ(form.findChild<QListWidget*>("ListBoxMacro")->count(), 0);
+}
+
+TEST_F(MacroSelectionForm, ListsTheFilesAsTheFolderGivesThemByName) {
+    Disk disk;
+    disk.Lists({"Zeta.smx", "Alpha.smx", ".smx", ".quiet.smx", "a.b.smx", "back\\slash.smx"});
+    Open();
+    EXPECT_EQ(Hand().RowsOf("ListBoxMacro"), QStringList({"Zeta", "Alpha", ".quiet", "a.b", "back\\slash"}));
+    EXPECT_THAT(disk.Listed(), ElementsAre(Pair(folder_.Path("data") + "/MACRO/", ".smx")));
+}
+
+TEST_F(MacroSelectionForm, SaysQuietlyThatThereIsNoMacro) {
+    const auto* text = Open().findChild<QLabel*>("LabelNoMacros");
+    EXPECT_EQ(Hand().RowsOf("ListBoxMacro"), QStringList());
+    EXPECT_TRUE(text->isVisible());
+    EXPECT_EQ(text->text(), "No macros yet. Press New to make one.");
+    Save("Alpha", 10);
+    EXPECT_FALSE(Open().findChild<QLabel*>("LabelNoMacros")->isVisible());
 }
 
 } // namespace
