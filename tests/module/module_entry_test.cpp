@@ -10,6 +10,8 @@
 #include "tests/support/recording_gui.h"
 #include "tests/support/temp_folder.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDialog>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,6 +24,7 @@
 namespace {
 
 using orvanta::test::CursorLog;
+using orvanta::test::FormUser;
 using orvanta::test::ScriptedUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -44,10 +47,19 @@ protected:
             if (control.empty()) {
                 form.close();
             } else {
-                orvanta::test::FormUser(form).Clicks(control.c_str());
+                FormUser(form).Clicks(control.c_str());
             }
         });
-        return module_.CreateNewSpectrum(&platform_, nullptr, manager_, recording_.get());
+        return Create();
+    }
+
+    /// Puts a macro into the library of the user.
+    void Save(const char* name, SpectraMacro macro) const {
+        folder_.Write("data/MACRO/" + std::string(name), "");
+        ASSERT_EQ(macro.SaveAs(folder_.Path("data/MACRO/" + std::string(name))), 0) << macro.GetLastError();
+    }
+    std::int32_t Create(HWND parent = nullptr) {
+        return module_.CreateNewSpectrum(&platform_, parent, manager_, recording_.get());
     }
 
     orvanta::test::TempFolder folder_;
@@ -87,18 +99,107 @@ TEST_F(ModuleEntry, AppendsAnUncomputedAnalysisWhenTheUserConfirms) {
 }
 
 TEST_F(ModuleEntry, AnswersTwoAndAddsNothingForAManualChoice) {
-    EXPECT_EQ(CreateWhileUserClicks("BtnManualAverage"), 2);
+    user_.MeetsDialog([](QDialog& form) {
+        auto* manual = form.findChild<QAbstractButton*>("BtnManualAverage");
+        manual->setEnabled(true); // no user can, the button being hidden
+        manual->click();
+    });
+    EXPECT_EQ(Create(), 2);
     EXPECT_EQ(manager_.Size(), 0U);
     EXPECT_THAT(cursors_.Log(), ElementsAre(32514U, 0U));
 }
 
+TEST_F(ModuleEntry, AnalysesWithTheMacroThatTheUserPicks) {
+    SpectraMacro macro;
+    macro.SetOverlapPerc(75);
+    macro.SetContrastValue(3);
+    macro.SetEpochsSelMode(SpectraMacro::EpochsSelectionMode::FirstN);
+    macro.SetNumEpochsToUse(4);
+    macro.Color = 0x0000FF00;
+    Save("Alpha.smx", SpectraMacro());
+    Save("Beta.smx", macro);
+    user_.MeetsDialog([](QDialog& form) { FormUser(form).DoubleClicksRow("ListBoxMacro", 1); });
+    EXPECT_EQ(Create(), 1);
+    ASSERT_EQ(manager_.Size(), 1U);
+    const SpectMacroResult* added = *manager_.begin();
+    EXPECT_FALSE(added->IsComputed());
+    EXPECT_TRUE(added->GetMacro() == macro);
+    EXPECT_EQ(added->GetMacro().GetFileName(), folder_.Path("data/MACRO/Beta.smx"));
+}
+
+TEST_F(ModuleEntry, AddsNothingWhenTheUserLooksAtAMacroAndCancels) {
+    Save("Alpha.smx", SpectraMacro());
+    user_.MeetsDialog([](QDialog& form) {
+        FormUser(form).SelectsRow("ListBoxMacro", 0);
+        FormUser(form).Clicks("BtnCancel");
+    });
+    EXPECT_EQ(Create(), -2);
+    EXPECT_EQ(manager_.Size(), 0U);
+}
+
+TEST_F(ModuleEntry, AnalysesWithAMacroMadeOnTheSpot) {
+    user_
+        .MeetsDialog([](QDialog& form) {
+            const FormUser hand(form);
+            hand.Clicks("BitBtnNew");
+            hand.SelectsRow("ListBoxMacro", 0);
+            EXPECT_EQ(hand.RowsOf("ListBoxMacro"), QStringList("Theta"));
+            EXPECT_EQ(form.windowTitle(), "Spectra Manager ( Theta )");
+            hand.Clicks("BtnAutoAverage");
+        })
+        .MeetsDialog([](QDialog& settings) {
+            FormUser(settings).SetsNumber("udOverlap", 25);
+            FormUser(settings).Clicks("BitBtnSaveAs");
+        })
+        .Enters("Theta");
+    EXPECT_EQ(Create(), 1);
+    ASSERT_EQ(manager_.Size(), 1U);
+    EXPECT_EQ((*manager_.begin())->GetMacro().GetOverlapPerc(), 25U);
+    SpectraMacro saved;
+    EXPECT_EQ(saved.Load(folder_.Path("data/MACRO/Theta.smx")), 0);
+    EXPECT_TRUE((*manager_.begin())->GetMacro() == saved);
+}
+
+TEST_F(ModuleEntry, ChecksTheMacroAgainstTheEventsOfTheRecording) {
+    SpectraMacro closed;
+    closed.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByStateEvents);
+    closed.SetAcceptStateList({"eyes closed"});
+    Save("Closed.smx", closed);
+    user_
+        .MeetsDialog([](QDialog& form) {
+            FormUser(form).SelectsRow("ListBoxMacro", 0);
+            FormUser(form).Clicks("BtnAutoAverage");
+        })
+        .AnswersMessage(owl::kIdOk);
+    EXPECT_EQ(Create(), 1);
+    ASSERT_EQ(user_.Messages().size(), 1U);
+    EXPECT_EQ(user_.Messages()[0].text, "No Matched Events. Default selection made");
+    EXPECT_EQ((*manager_.begin())->GetMacro().GetTimeIntervalSelectMode(),
+              SpectraMacro::TimeIntervalSelectMode::AllRecording);
+
+    recording_->GetEventsManager()->Add(
+        {"eyes closed", EventClass::State, {XTime::FromSeconds(1), XTime::FromSeconds(5)}});
+    user_.MeetsDialog([](QDialog& form) { FormUser(form).DoubleClicksRow("ListBoxMacro", 0); });
+    EXPECT_EQ(Create(), 1);
+    EXPECT_TRUE((*std::prev(manager_.end()))->GetMacro() == closed);
+}
+
+TEST_F(ModuleEntry, OpensTheFormAboveTheWindowThatAsks) {
+    QWidget window;
+    user_.MeetsDialog([&window](QDialog& form) {
+        EXPECT_EQ(form.parentWidget(), &window);
+        form.reject();
+    });
+    EXPECT_EQ(Create(HWND(&window)), -2);
+    EXPECT_TRUE(window.children().isEmpty());
+}
+
 TEST_F(ModuleEntry, PassesAnExceptionOfTheFormOn) {
     user_.MeetsDialog([](QDialog& form) {
-        orvanta::test::FormUser(form).Clicks("BtnAutoAverage");
+        FormUser(form).Clicks("BtnAutoAverage");
         throw std::runtime_error("the form broke");
     });
-    EXPECT_THROW(module_.CreateNewSpectrum(&platform_, nullptr, manager_, recording_.get()),
-                 std::runtime_error);
+    EXPECT_THROW(Create(), std::runtime_error);
     EXPECT_EQ(manager_.Size(), 0U);
     EXPECT_THAT(cursors_.Log(), IsEmpty());
     EXPECT_EQ(CreateWhileUserClicks("BtnAutoAverage"), 1);
@@ -157,13 +258,41 @@ TEST(ModuleUnload, LeavesTheAnalysesToTheirManager) {
     SpectraMgr manager(recording.get(), &gui);
     {
         ScriptedUser user;
-        user.MeetsDialog([](QDialog& form) { orvanta::test::FormUser(form).Clicks("BtnAutoAverage"); });
+        user.MeetsDialog([](QDialog& form) { FormUser(form).Clicks("BtnAutoAverage"); });
         const orvanta::test::LoadedModule module;
         ASSERT_EQ(module.CreateNewSpectrum(&platform, nullptr, manager, recording.get()), 1);
         ASSERT_EQ(module.PerformComputation(&platform, nullptr, *manager.begin(), recording.get()), 0);
     }
     EXPECT_FALSE(orvanta::test::LoadedModule::IsInMemory());
     EXPECT_EQ((*manager.begin())->GetFFTCount(), 3U);
+}
+
+TEST(ModuleUnload, LeavesNothingOfItsFormsBehind) {
+    const orvanta::test::RecordingGui gui;
+    const orvanta::test::TempFolder folder;
+    const orvanta::platform::HostPlatform platform(gui, folder.Path("settings.ini"), folder.Path("data"));
+    const std::unique_ptr<EEGFileInfoType> recording = TenHertz(4);
+    SpectraMgr manager(recording.get(), &gui);
+    QWidget window;
+    window.show();
+    {
+        ScriptedUser user;
+        user.MeetsDialog([](QDialog& form) {
+                FormUser(form).Clicks("BitBtnNew");
+                form.grab();
+                FormUser(form).Clicks("BtnCancel");
+            })
+            .MeetsDialog([](QDialog& settings) {
+                settings.grab();
+                FormUser(settings).Clicks("BitBtnCompute");
+            });
+        const orvanta::test::LoadedModule module;
+        ASSERT_EQ(module.CreateNewSpectrum(&platform, HWND(&window), manager, recording.get()), -2);
+    }
+    ASSERT_FALSE(orvanta::test::LoadedModule::IsInMemory());
+    EXPECT_THAT(QApplication::topLevelWidgets(), ElementsAre(&window));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.grab().isNull());
 }
 
 } // namespace
