@@ -49,6 +49,13 @@ void FillEventList(owl::ReportList& list, const std::vector<side_bar::EventRow>&
     list.SortByCaption();
 }
 
+/// Lets Tab reach each group of radio buttons at the checked one, as it does once a group has had the focus.
+void StopTabAtCheckedButtons(const QWidget& form) {
+    for (QRadioButton* button : form.findChildren<QRadioButton*>()) {
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
 } // namespace
 
 TFormSpectrumMacro::TFormSpectrumMacro(HWND parent, const char* folder, SpectraMacro* macro,
@@ -67,6 +74,7 @@ TFormSpectrumMacro::TFormSpectrumMacro(HWND parent, const char* folder, SpectraM
     ShowEvents();
     ShowIntervals();
     ShowEpochs();
+    StopTabAtCheckedButtons(*this);
 }
 
 TFormSpectrumMacro::~TFormSpectrumMacro() = default;

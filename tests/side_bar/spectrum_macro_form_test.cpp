@@ -3,10 +3,12 @@
 #include "tests/side_bar/settings_case.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QSpinBox>
+#include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
@@ -306,6 +308,100 @@ TEST(SettingsForm, GivesEveryMnemonicOnce) {
     for (const QStringList& texts : owners) {
         EXPECT_EQ(texts.size(), 1) << texts.join(", ").toStdString();
     }
+}
+
+TEST(SettingsForm, IsWalkedInReadingOrderByTab) {
+    SettingsCase given;
+    given.macro.SetFFTSeconds(3);
+    given.macro.SetTimeIntervalSelectMode(Interval::BySpotEvents);
+    given.macro.SetEpochsSelMode(Epochs::RandomN);
+    OpenForm form(given);
+    QApplication::setActiveWindow(&form);
+    QStringList walked;
+    for (int step = 0; step < 22; ++step) {
+        walked << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(
+        walked.join(' ').toStdString(),
+        "rbFFT_Custom ebCustomSeconds ebNumSamples ebResolution ebPadding udOverlap lbWindow rbBySpotEvent "
+        "lvSpotAccept udPreTrigger udTrgDuration udSpotStepCount udSpotStepInc lvReject rbESMUseExactly "
+        "udUseExactlyCountEpochs rbExactNumRandom BtnSpeColor udContrastValue BitBtnCompute BitBtnSaveAs "
+        "BitBtn3");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "rbFFT_Custom");
+}
+
+TEST(SettingsForm, HasLabelsThatLeadToTheirControls) {
+    SettingsCase given;
+    const OpenForm form(given);
+    const struct {
+        const char *label, *caption, *control;
+    } cases[] = {
+        {"Label1", "Overlap [%]", "udOverlap"},
+        {"Label2", "Windowing", "lbWindow"},
+        {"Label3", "Num Samples", "ebNumSamples"},
+        {"Label4", "Resolution [Hz]", "ebResolution"},
+        {"Label5", "Padding", "ebPadding"},
+        {"lbPreTrigger", "Pre-Trigger (ms)", "udPreTrigger"},
+        {"lbTrgDuration", "Duration (ms)", "udTrgDuration"},
+        {"lbSpotStepCount", "Count", "udSpotStepCount"},
+        {"lbSpotStepInc", "Increment (ms)", "udSpotStepInc"},
+        {"lbContrastValue", "Contrast Value", "udContrastValue"},
+    };
+    for (const auto& wanted : cases) {
+        EXPECT_EQ(form.user.TextOf(wanted.label), wanted.caption);
+        EXPECT_EQ(form.findChild<QLabel*>(wanted.label)->buddy()->objectName(), wanted.control);
+    }
+}
+
+TEST(SettingsForm, HasItsCaptions) {
+    SettingsCase given;
+    const OpenForm form(given);
+    const struct {
+        const char *control, *caption;
+    } cases[] = {
+        {"GroupBox1", "FFT Window Length"},
+        {"rbFFT_05s", "0.5 seconds"},
+        {"rbFFT_10s", "1.0 second"},
+        {"rbFFT_20s", "2.0 seconds"},
+        {"rbFFT_40s", "4.0 seconds"},
+        {"rbFFT_80s", "8.0 seconds"},
+        {"rbFFT_160s", "16.0 seconds"},
+        {"rbFFT_Custom", "Custom"},
+        {"GroupBox3", "Processing Interval Selection Mode"},
+        {"rbAllRec", "All Recording"},
+        {"rbByDuration", "By Duration"},
+        {"rbByStateEvent", "By State Events"},
+        {"rbBySpotEvent", "By Spot Events"},
+        {"gbSegmentation", "Segmentation"},
+        {"GroupBox5", "Steps"},
+        {"GroupBox2", "Events to Exclude"},
+        {"GroupBox14", "Color"},
+        {"BtnSpeColor", "Choose Color..."},
+        {"GroupBox6", "Spectrogram/CSA options"},
+        {"rbESMAllEpochs", "Analyze all selected epochs"},
+        {"rbESMUseExactly", "Analyze no more than"},
+        {"Label6", "epochs"},
+        {"rbExactNumFirst", "First 'n' epochs"},
+        {"rbExactNumRandom", "Random (but keep sorting)"},
+        {"BitBtnCompute", "Compute"},
+        {"BitBtnSaveAs", "Save As..."},
+        {"BitBtn3", "Close"},
+    };
+    for (const auto& wanted : cases) {
+        EXPECT_EQ(form.user.TextOf(wanted.control), wanted.caption);
+    }
+    const auto titlesOf = [&form](const char* list) {
+        const auto* header = form.findChild<QTreeWidget*>(list)->headerItem();
+        QStringList titles;
+        for (int column = 0; column < header->columnCount(); ++column) {
+            titles << header->text(column);
+        }
+        return titles;
+    };
+    EXPECT_EQ(titlesOf("lvStateAccept"), (QStringList{"Event to include", "Count", "Seconds"}));
+    EXPECT_EQ(titlesOf("lvSpotAccept"), (QStringList{"Event to include", "Count"}));
+    EXPECT_EQ(titlesOf("lvReject"), (QStringList{"Label", "Count", "Seconds"}));
 }
 
 TEST(SettingsForm, FitsASmallScreen) {

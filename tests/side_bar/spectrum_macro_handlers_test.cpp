@@ -134,6 +134,17 @@ TEST(SettingsFormEpochs, EnableTheCriteriaForNoMoreThan) {
     EXPECT_FALSE(form.user.IsEnabled("rgExactNum"));
 }
 
+TEST(SettingsFormEpochs, KeepTheCriterionWhileAllAreAnalyzed) {
+    SettingsCase given;
+    const OpenForm form(given);
+    form.user.Clicks("rbESMUseExactly");
+    form.user.Clicks("rbExactNumRandom");
+    form.user.Clicks("rbESMAllEpochs");
+    form.user.Clicks("rbESMUseExactly");
+    EXPECT_TRUE(form.user.IsChecked("rbExactNumRandom"));
+    EXPECT_FALSE(form.user.IsChecked("rbExactNumFirst"));
+}
+
 TEST(SettingsFormEpochs, NameTheCriteriaByTheirNumber) {
     SettingsCase given;
     const OpenForm form(given);
