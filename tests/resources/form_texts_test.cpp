@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The texts of the forms against the message store.
+#include "host/toolkit/form_texts.h"
+#include "host/toolkit/message_module.h"
+#include "host/toolkit/report_list.h"
+#include "host/toolkit/spin_edit.h"
+#include "tests/resources/designer_texts.h"
+#include "tests/resources/message_file.h"
+
+#include <QAbstractButton>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLocale>
+#include <gtest/gtest.h>
+
+#include "ui_macro_selection.h"
+#include "ui_spectrum_macro.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using orvanta::test::DesignerTexts;
+using orvanta::test::ShippedTexts;
+using orvanta::test::WithoutMnemonic;
+
+std::vector<std::string> Forms() {
+    std::vector<std::string> names;
+    for (const QString& file : orvanta::test::DesignerFiles()) {
+        names.push_back(QFileInfo(file).baseName().toStdString());
+    }
+    return names;
+}
+
+class FormTexts : public testing::TestWithParam<std::string> {
+protected:
+    DesignerTexts form_ =
+        orvanta::test::ReadDesignerTexts(QString(ORVANTA_RESOURCES "/forms/%1.ui").arg(GetParam().c_str()));
+};
+
+TEST_P(FormTexts, AllHaveAKeyAndSayTheSameInEnglish) {
+    const QMap<QString, QString> english = ShippedTexts("en");
+    EXPECT_FALSE(form_.texts.isEmpty());
+    for (auto text = form_.texts.begin(); text != form_.texts.end(); ++text) {
+        EXPECT_EQ(english.value(form_.section + '/' + text.key()).toStdString(), text.value().toStdString())
+            << text.key().toStdString();
+    }
+}
+
+TEST_P(FormTexts, BelongToControlsWithNames) {
+    EXPECT_EQ(form_.unnamed.join(", ").toStdString(), "");
+}
+
+TEST_P(FormTexts, HaveMnemonicsThatLeadSomewhere) {
+    EXPECT_EQ(form_.buddies.join(", ").toStdString(), "");
+}
+
+TEST_P(FormTexts, HaveMnemonicsThatAreUnique) {
+    QMap<QString, QString> owners;
+    for (auto text = form_.texts.begin(); text != form_.texts.end(); ++text) {
+        const QString mnemonic = orvanta::test::MnemonicOf(text.value());
+        if (!mnemonic.isEmpty()) {
+            EXPECT_EQ(owners.value(mnemonic).toStdString(), "") << text.value().toStdString();
+            owners[mnemonic] = text.value();
+        }
+    }
+}
+
+TEST_P(FormTexts, HaveAMnemonicInGermanWhereTheyHaveOneInEnglish) {
+    const QMap<QString, QString> german = ShippedTexts("de");
+    for (auto text = form_.texts.begin(); text != form_.texts.end(); ++text) {
+        EXPECT_EQ(orvanta::test::MnemonicOf(german.value(form_.section + '/' + text.key())).isEmpty(),
+                  orvanta::test::MnemonicOf(text.value()).isEmpty())
+            << text.key().toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Designer, FormTexts, testing::ValuesIn(Forms()),
+                         [](const auto& form) { return form.param; });
+
+/// What a user reads on a control.
+QString Shown(const QWidget& control) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
+        return button->text();
+    }
+    if (const auto* group = qobject_cast<const QGroupBox*>(&control)) {
+        return group->title();
+    }
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    return label != nullptr ? label->text() : QString();
+}
+
+template <class Layout>
+void ExpectGerman(Layout layout, const QString& section) {
+    QLocale::setDefault(QLocale("de_DE"));
+    const PModule module("Orvanta", nullptr, "no folder");
+    QDialog form;
+    layout.setupUi(&form);
+    owl::TranslateForm(form, &module, section.toUtf8().constData());
+    QLocale::setDefault(QLocale::system());
+    const QMap<QString, QString> german = ShippedTexts("de");
+    EXPECT_EQ(form.windowTitle(), german[section + "/caption"]);
+    int captions = 0;
+    for (const QWidget* control : form.findChildren<QWidget*>()) {
+        const QString key = section + '/' + control->objectName();
+        if (!Shown(*control).isEmpty() && !control->objectName().startsWith("qt_")) {
+            ++captions;
+            EXPECT_EQ(Shown(*control).toStdString(), german[key].toStdString()) << key.toStdString();
+        }
+        if (!control->objectName().isEmpty() && german.contains(key + ".tip")) {
+            EXPECT_EQ(control->toolTip().toStdString(), german[key + ".tip"].toStdString());
+        }
+        if (const auto* list = qobject_cast<const QTreeWidget*>(control)) {
+            for (int column = 0; column < list->columnCount(); ++column) {
+                EXPECT_EQ(list->headerItem()->text(column).toStdString(),
+                          german[key + '.' + QString::number(column)].toStdString());
+            }
+        }
+    }
+    EXPECT_GE(captions, 6);
+}
+
+TEST(GermanForms, SpectrumMacroSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormSpectrumMacro(), "TFormSpectrumMacro");
+}
+
+TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormMacroSpectra(), "TFormMacroSpectra");
+}
+
+} // namespace
