@@ -7,6 +7,8 @@
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_macro.h"
 
+#include <QListWidget>
+
 namespace orvanta::review {
 
 namespace {
@@ -24,6 +26,9 @@ void ShowMacroSelection(const GallerySample& sample, const TakePicture& take) {
     SpectraMacro macro;
     TFormMacroSpectra form(nullptr, nullptr, &macro, sample.recording.GetEventsManager(),
                            EegSensors(sample.recording), kModeNewAnalysis, &sample.platform);
+    if (auto* macros = form.findChild<QListWidget*>("ListBoxMacro")) {
+        macros->setCurrentRow(1);
+    }
     take(form);
 }
 
