@@ -75,14 +75,16 @@ void TFormMacroSpectra::SetUpControls() {
     SetCancelButton(ui_->BtnCancel);
 
     QListWidget* list = ui_->ListBoxMacro;
-    // A press on another row changes the selection and is followed by a click; a press on the selected one is
-    // followed by the click alone.
+    // A press on another row selects it, which loads it, before it is told as a press; the click that follows
+    // has nothing left to do. A press on the selected row is followed by a click that loads it again.
     connect(list, &QListWidget::itemSelectionChanged, this, [this] {
-        loadedByPress_ = true;
+        loadedBySelection_ = true;
         ListBoxMacroClick();
     });
+    connect(list, &QListWidget::pressed, this,
+            [this] { loadedByPress_ = std::exchange(loadedBySelection_, false); });
     connect(list, &QListWidget::clicked, this, [this] {
-        if (!std::exchange(loadedByPress_, false)) {
+        if (!loadedByPress_) {
             ListBoxMacroClick();
         }
     });
@@ -98,7 +100,7 @@ void TFormMacroSpectra::FillList() {
     QListWidget* list = ui_->ListBoxMacro;
     const int row = SelectedRow();
     const QSignalBlocker silent(list); // what is selected again is not loaded again
-    loadedByPress_ = false;
+    loadedBySelection_ = false;
     list->clear();
     const std::string folder = GetMacroFolder();
     if (!folder.empty()) {
@@ -245,6 +247,9 @@ bool TFormMacroSpectra::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TFormMacroSpectra::resizeEvent(QResizeEvent* event) {
-    ui_->splitter->setOrientation(width() < kWidthForTwoColumns ? Qt::Vertical : Qt::Horizontal);
+    const bool twoColumns = width() >= kWidthForTwoColumns;
+    ui_->splitter->setOrientation(twoColumns ? Qt::Horizontal : Qt::Vertical);
+    // Room for the captions of the buttons, as long as there is room at all.
+    ui_->library->setMinimumWidth(twoColumns ? ui_->libraryButtons->sizeHint().width() : 0);
     TForm::resizeEvent(event);
 }

@@ -84,7 +84,8 @@ private:
     bool openedAsNew_;
     bool active_;
     bool macroLoaded_ = false;
-    bool loadedByPress_ = false; ///< the click that is under way has loaded its row already
+    bool loadedBySelection_ = false; ///< the selection has changed since the last press on the list
+    bool loadedByPress_ = false;     ///< the last press has loaded its row
     std::int32_t result_ = 0;
     std::array<char, 260> macroFolder_{};
     std::array<char, 260> searchMask_{};

@@ -71,6 +71,33 @@ TEST_F(MacroLibrary, LoadsAgainWhenTheSelectedRowIsClickedAgain) {
     EXPECT_EQ(macro_.GetOverlapPerc(), 30U);
 }
 
+TEST_F(MacroLibrary, LoadsOnceWithEveryPress) {
+    Write("Broken", kBroken);
+    Save("Sound", 10);
+    Open();
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 0);
+    EXPECT_THAT(user_.Messages(), SizeIs(1));
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 0);
+    EXPECT_THAT(user_.Messages(), SizeIs(2));
+    Hand().SelectsRow("ListBoxMacro", 1);
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 0);
+    EXPECT_THAT(user_.Messages(), SizeIs(3));
+}
+
+TEST_F(MacroLibrary, LoadsOnTheNextClickWhenItsWarningSwallowedTheRelease) {
+    Write("Broken", kBroken);
+    auto* list = Open().findChild<QListWidget*>("ListBoxMacro");
+    const QPoint place = list->visualItemRect(list->item(0)).center();
+    user_.AnswersMessage(owl::kIdOk);
+    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, place);
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 0);
+    EXPECT_THAT(user_.Messages(), SizeIs(2));
+}
+
 TEST_F(MacroLibrary, DisablesEditAndDescribesNothingWithoutASelectedRow) {
     Save("Alpha", 10);
     TFormMacroSpectra& form = Open();
