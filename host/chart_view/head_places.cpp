@@ -19,18 +19,20 @@ constexpr double kOverRelaxation = 1.04;
 /// They are kept this much farther apart than they are wide, so that they do not touch by rounding.
 constexpr double kMargin = 1e-6;
 
-void Reach(Squares& squares) {
+void Frame(Squares& squares) {
     squares.reachX = kEarReach;
-    squares.reachY = kNoseReach;
+    squares.top = kNoseReach;
+    squares.bottom = 1;
     for (const Place& centre : squares.centres) {
         squares.reachX = std::max(squares.reachX, std::abs(centre.x) + squares.half);
-        squares.reachY = std::max(squares.reachY, std::abs(centre.y) + squares.half);
+        squares.top = std::max(squares.top, squares.half - centre.y);
+        squares.bottom = std::max(squares.bottom, centre.y + squares.half);
     }
 }
 
 /// A square's share of the frame, which is what counts on screen.
 double ShownSize(const Squares& squares) {
-    return squares.half * squares.half / (squares.reachX * squares.reachY);
+    return squares.half * squares.half / (squares.reachX * (squares.top + squares.bottom));
 }
 
 /// Moves every overlapping pair apart by half of what is missing and a little more, all pairs at once, so
@@ -77,7 +79,7 @@ bool ComeApart(Squares& squares, const std::vector<Place>& places, double half) 
     squares.half = half;
     for (int round = 0; round < kMostRounds; ++round) {
         if (Relax(squares.centres, 2 * half * (1 + kMargin))) {
-            Reach(squares);
+            Frame(squares);
             return true;
         }
         for (std::size_t i = 0; i < places.size(); ++i) {
@@ -103,7 +105,7 @@ Place Projected(const HeadPosition& position) {
 Squares Spread(const std::vector<Place>& places) {
     Squares best;
     best.centres = places;
-    Reach(best);
+    Frame(best);
     // Grown from small squares, each size starting where the one before came to rest: crowded places then
     // give way far beyond their nearest neighbours, where a large size tried at once would jam.
     Squares growing = best;

@@ -19,12 +19,13 @@ struct Place {
 /// At θ / 90° from the centre for a position at the angle θ from the vertex.
 ORVANTA_API Place Projected(const HeadPosition& position);
 
-/// Squares of one size around their centres.
+/// Squares of one size around their centres, and the frame around them and the head with ears and nose.
 struct Squares {
     std::vector<Place> centres;
     double half = 0;   ///< half the side
-    double reachX = 0; ///< all squares and the head with its ears lie within ±reachX
-    double reachY = 0; ///< and ±reachY, with the nose
+    double reachX = 0; ///< the frame reaches from -reachX to reachX,
+    double top = 0;    ///< from the nose's side at -top
+    double bottom = 0; ///< to the back of the head
 };
 
 /// Squares around the places, moved apart so that none overlaps another, each by at most kMostWay across and

@@ -50,12 +50,12 @@ class OnScreen {
 public:
     OnScreen(const Squares& squares, const MyRect& region) {
         const owl::TRect edges = region.Edges();
-        x_ = (edges.left + edges.right) / 2.0;
-        y_ = (edges.top + edges.bottom) / 2.0;
         scaleX_ = std::max(0, region.width) / (2 * squares.reachX);
-        scaleY_ = std::max(0, region.height) / (2 * squares.reachY);
+        scaleY_ = std::max(0, region.height) / (squares.top + squares.bottom);
         scaleX_ = std::min(scaleX_, scaleY_ * kMostStretch);
         scaleY_ = std::min(scaleY_, scaleX_ * kMostStretch);
+        x_ = (edges.left + edges.right) / 2.0;
+        y_ = (edges.top + edges.bottom) / 2.0 + (squares.top - squares.bottom) / 2 * scaleY_;
     }
 
     owl::TPoint At(const Place& place) const {

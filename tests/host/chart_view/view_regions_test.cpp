@@ -101,8 +101,8 @@ TEST_P(RegionsOfASet, LieNearTheElectrodesPlacesOnTheHead) {
     for (const SensorType* sensor : sensors) {
         const auto place = chart::Projected(sensor->GetElectInfo().Position);
         const owl::TPoint centre = CentreOf(regions.at(sensor->GetName()));
-        EXPECT_NEAR(centre.x, 1000 + place.x * radiusX, 0.35 * radiusX + 2) << sensor->GetName();
-        EXPECT_NEAR(centre.y, 1000 + place.y * radiusY, 0.35 * radiusY + 2) << sensor->GetName();
+        EXPECT_NEAR(centre.x, left->x + (1 + place.x) * radiusX, 0.35 * radiusX + 2) << sensor->GetName();
+        EXPECT_NEAR(centre.y, top->y + (1 + place.y) * radiusY, 0.35 * radiusY + 2) << sensor->GetName();
     }
 }
 
