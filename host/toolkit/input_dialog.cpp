@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/input_dialog.h"
 
+#include "host/toolkit/message_text.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,8 +17,9 @@ constexpr int kEditWidth = 320;
 TInputDialog::TInputDialog(HWND owner, const TextQuestion& question)
     : QDialog(owner.Widget()), edit_(new QLineEdit(QString::fromStdString(question.text))) {
     setWindowTitle(QString::fromStdString(question.title));
-    auto* prompt = new QLabel(QString::fromStdString(question.prompt));
+    auto* prompt = new QLabel(WithBreaks(QString::fromStdString(question.prompt)));
     prompt->setTextFormat(Qt::PlainText);
+    prompt->setWordWrap(true);
     prompt->setBuddy(edit_);
     edit_->setObjectName("edit");
     edit_->setMaxLength(question.limit);
@@ -29,6 +32,7 @@ TInputDialog::TInputDialog(HWND owner, const TextQuestion& question)
     rows->addWidget(prompt);
     rows->addWidget(edit_);
     rows->addWidget(buttons);
+    edit_->setFocus();
 }
 
 std::string TInputDialog::Text() const {

@@ -4,12 +4,7 @@
 
 #include "host/toolkit/modal_gateway.h"
 
-class QString;
-
 namespace owl {
-
-/// A chooser's filter in Qt's form: "Text|*.txt|All|*.*" as "Text (*.txt);;All (*)".
-QString QtFileFilter(const std::string& filter);
 
 class QtModalGateway final : public ModalGateway {
 public:

@@ -54,10 +54,15 @@ public:
     }
 };
 
+/// A program of the command line has neither.
+bool HasKeyboardAndClipboard() {
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
 class QtClipboard final : public Clipboard {
 public:
     void SetText(const std::string& text) const override {
-        if (QGuiApplication::instance() != nullptr) {
+        if (HasKeyboardAndClipboard()) {
             QGuiApplication::clipboard()->setText(QString::fromStdString(text));
         }
     }
@@ -66,7 +71,8 @@ public:
 class QtKeys final : public KeyState {
 public:
     bool IsDown(unsigned virtualKey) const override {
-        const Qt::KeyboardModifiers held = QGuiApplication::queryKeyboardModifiers();
+        const Qt::KeyboardModifiers held =
+            HasKeyboardAndClipboard() ? QGuiApplication::queryKeyboardModifiers() : Qt::KeyboardModifiers();
         return (virtualKey == kVkShift && held.testFlag(Qt::ShiftModifier)) ||
                (virtualKey == kVkControl && held.testFlag(Qt::ControlModifier)) ||
                (virtualKey == kVkAlt && held.testFlag(Qt::AltModifier));
