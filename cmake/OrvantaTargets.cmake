@@ -1,6 +1,14 @@
 # One way to declare a library, a program and a test. Sources are what lies in the folder: a room's content is
 # its list, so that adding a file is one step and no list can disagree with the folder.
 
+# Lets Qt's generators run again when a source comes or goes: they do when a list file changes, as this one then
+# does.
+function(orvanta_generate_again name sources)
+    set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.cmake)
+    file(CONFIGURE OUTPUT ${list_file} CONTENT "# ${sources}\n" @ONLY)
+    include(${list_file})
+endfunction()
+
 # orvanta_add_library(name [KIND SHARED|STATIC|MODULE|INTERFACE] [QT] [PUBLIC libs...] [PRIVATE libs...]
 # [EXCLUDE regex]). With QT, Qt's generators run: moc, rcc, and uic over the forms and dialogs of
 # resources/.
@@ -15,10 +23,7 @@ function(orvanta_add_library name)
     endif()
     add_library(${name} ${arg_KIND} ${sources})
     if(arg_QT)
-        # The generators run again when a list file changes: this one does with every source that comes or goes.
-        set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.cmake)
-        file(CONFIGURE OUTPUT ${list_file} CONTENT "# ${sources}\n" @ONLY)
-        include(${list_file})
+        orvanta_generate_again(${name} "${sources}")
         set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
             AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/resources/forms;${PROJECT_SOURCE_DIR}/resources/dialogs")
     endif()
@@ -50,6 +55,7 @@ function(orvanta_add_tests name)
     endif()
     add_executable(${name} ${sources})
     if(arg_QT)
+        orvanta_generate_again(${name} "${sources}")
         set_target_properties(${name} PROPERTIES AUTOUIC ON)
     endif()
     target_link_libraries(${name} PRIVATE orvanta_options orvanta_test_support GTest::gtest GTest::gmock
