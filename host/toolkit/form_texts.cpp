@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -53,10 +54,22 @@ void TranslateParts(QWidget& control, const Texts& texts) {
     }
 }
 
+/// What a screen reader says of the control that a label stands for, where it is not told by the label
+/// itself.
+void TranslateSpokenName(const QWidget& control) {
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    if (label != nullptr && label->buddy() != nullptr && !label->buddy()->accessibleName().isEmpty()) {
+        label->buddy()->setAccessibleName(ControlText(*label));
+    }
+}
+
 void TranslateControl(QWidget& control, const Texts& texts) {
     const QString name = control.objectName();
     texts.Give(name + ".tip", [&](const QString& text) { control.setToolTip(text); });
-    texts.Give(name, [&](const QString& text) { SetControlCaption(control, text); });
+    texts.Give(name, [&](const QString& text) {
+        SetControlCaption(control, text);
+        TranslateSpokenName(control);
+    });
     TranslateParts(control, texts);
 }
 

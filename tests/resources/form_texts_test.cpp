@@ -130,4 +130,16 @@ TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
     ExpectGerman(Ui::TFormMacroSpectra(), "TFormMacroSpectra");
 }
 
+TEST(GermanForms, AreSpokenInGerman) {
+    QLocale::setDefault(QLocale("de_DE"));
+    const PModule module("Orvanta", nullptr, "no folder");
+    QDialog form;
+    Ui::TFormMacroSpectra layout;
+    layout.setupUi(&form);
+    owl::TranslateForm(form, &module, "TFormMacroSpectra");
+    QLocale::setDefault(QLocale::system());
+    EXPECT_EQ(layout.ListBoxMacro->accessibleName(), "Verfügbare Makros");
+    EXPECT_EQ(layout.Memo1->accessibleName(), "Beschreibung des gewählten Makros");
+}
+
 } // namespace
