@@ -2,7 +2,7 @@
 # its list, so that adding a file is one step and no list can disagree with the folder.
 
 # Lets Qt's generators run again when a source comes or goes: they do when a list file changes, as this one then
-# does.
+# does, provided that moc is among them.
 function(orvanta_generate_again name sources)
     set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_sources.cmake)
     file(CONFIGURE OUTPUT ${list_file} CONTENT "# ${sources}\n" @ONLY)
@@ -56,7 +56,7 @@ function(orvanta_add_tests name)
     add_executable(${name} ${sources})
     if(arg_QT)
         orvanta_generate_again(${name} "${sources}")
-        set_target_properties(${name} PROPERTIES AUTOUIC ON)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
     endif()
     target_link_libraries(${name} PRIVATE orvanta_options orvanta_test_support GTest::gtest GTest::gmock
         ${main} ${arg_LIBS})
