@@ -126,9 +126,8 @@ std::string TFormMacroSpectra::SelectedName() const {
 }
 
 std::string TFormMacroSpectra::SelectedPath() const {
-    std::array<char, 260> path{};
-    std::snprintf(path.data(), path.size(), "%s%s%s", GetMacroFolder(), SelectedName().c_str(), kExtension);
-    return path.data();
+    constexpr std::size_t kLongest = 259;
+    return (GetMacroFolder() + SelectedName() + kExtension).substr(0, kLongest);
 }
 
 void TFormMacroSpectra::Describe() {
