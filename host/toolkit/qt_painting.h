@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QFont>
 #include <QRect>
+#include <QString>
 
 namespace owl {
 
@@ -25,6 +26,11 @@ inline QRect ToQRect(const TRect& rect) {
 
 inline TRect FromQRect(const QRect& rect) {
     return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+
+/// \param text UTF-8
+inline QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 ORVANTA_TOOLKIT_API QFont ToQFont(const TFont& font);

@@ -2,7 +2,7 @@
 #include "host/toolkit/window.h"
 
 #include "host/toolkit/focus_tracker.h"
-#include "host/toolkit/picture_dc.h"
+#include "host/toolkit/painter_dc.h"
 #include "host/toolkit/qt_painting.h"
 
 #include <QCoreApplication>
@@ -227,7 +227,7 @@ void TWindow::Step() {
             }
         });
         QPainter painter(&picture);
-        PictureDC dc(painter);
+        PainterDC dc(painter);
         TRect rect = damage.rect;
         Draw(dc, damage.erase, rect);
     }

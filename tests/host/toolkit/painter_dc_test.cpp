@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/painter_dc.h"
+
+#include "host/toolkit/qt_painting.h"
+
+#include <QBuffer>
+#include <QFontMetrics>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+constexpr owl::TColor kBlack = 0;
+constexpr owl::TColor kRed = 0x0000FF;
+
+/// A white picture of 6 × 5 pixels to draw on.
+class PainterDCTest : public testing::Test {
+protected:
+    PainterDCTest() { image.fill(Qt::white); }
+
+    /// Black "#", red "r", white ".", anything else "?".
+    Rows Pixels() const {
+        Rows rows;
+        for (int y = 0; y < image.height(); ++y) {
+            std::string row;
+            for (int x = 0; x < image.width(); ++x) {
+                const owl::TColor color = owl::FromQColor(image.pixelColor(x, y));
+                row += color == kBlack ? '#' : color == kRed ? 'r' : color == 0xFFFFFF ? '.' : '?';
+            }
+            rows.push_back(row);
+        }
+        return rows;
+    }
+
+    QImage image{6, 5, QImage::Format_RGB32};
+    QPainter painter{&image};
+    owl::PainterDC dc{painter};
+};
+
+TEST_F(PainterDCTest, FillsWithoutTheRightAndBottomEdge) {
+    dc.FillRect({1, 1, 3, 4}, kBlack);
+    EXPECT_EQ(Pixels(), (Rows{"......", ".##...", ".##...", ".##...", "......"}));
+}
+
+TEST_F(PainterDCTest, FramesInside) {
+    dc.FrameRect({0, 0, 6, 5}, kBlack);
+    EXPECT_EQ(Pixels(), (Rows{"######", "#....#", "#....#", "#....#", "######"}));
+}
+
+TEST_F(PainterDCTest, DrawsTheOutlineOfARectangleInsideAndFillsIt) {
+    dc.SelectBrush({kRed});
+    dc.Rectangle({1, 1, 5, 4});
+    EXPECT_EQ(Pixels(), (Rows{"......", ".####.", ".#rr#.", ".####.", "......"}));
+}
+
+TEST_F(PainterDCTest, CoversBothEndsOfALine) {
+    dc.Line({1, 2}, {4, 2});
+    EXPECT_EQ(Pixels(), (Rows{"......", "......", ".####.", "......", "......"}));
+}
+
+TEST_F(PainterDCTest, ReplacesTheClip) {
+    dc.SetClip({0, 0, 1, 5});
+    dc.SetClip({2, 0, 4, 2});
+    dc.FillRect({0, 0, 6, 5}, kBlack);
+    EXPECT_EQ(Pixels(), (Rows{"..##..", "..##..", "......", "......", "......"}));
+    dc.ClearClip();
+    dc.FillRect({0, 4, 6, 5}, kBlack);
+    EXPECT_EQ(Pixels().back(), "######");
+}
+
+TEST_F(PainterDCTest, LaysAColourOver) {
+    dc.BlendRect({0, 0, 1, 1}, kRed, 255);
+    dc.BlendRect({1, 0, 2, 1}, kRed, 0);
+    dc.BlendRect({2, 0, 3, 1}, kRed, 128);
+    EXPECT_EQ(Pixels().front(), "r.?...");
+}
+
+TEST_F(PainterDCTest, DrawsAPictureScaledAndNoneThatIsTooShort) {
+    dc.DrawImage({0, 0, 4, 2}, {2, 1, {0xFF000000, 0xFFFF0000}});
+    dc.DrawImage({0, 2, 4, 4}, {2, 1, {0xFF000000}});
+    EXPECT_EQ(Pixels(), (Rows{"##rr..", "##rr..", "......", "......", "......"}));
+}
+
+TEST_F(PainterDCTest, AnswersTheAlignmentUntilNow) {
+    EXPECT_EQ(dc.SetTextAlign(owl::TextAlign::Right), owl::TextAlign::Left);
+    EXPECT_EQ(dc.SetTextAlign(owl::TextAlign::Center), owl::TextAlign::Right);
+}
+
+TEST_F(PainterDCTest, DrawsNothingWithoutPenAndBrush) {
+    dc.SelectPen({kBlack, 1, owl::PenStyle::None});
+    dc.SelectBrush({kRed, true});
+    dc.Rectangle({0, 0, 6, 5});
+    dc.Ellipse({0, 0, 6, 5});
+    dc.Line({0, 0}, {5, 4});
+    dc.Polygon(std::vector<owl::TPoint>{{0, 0}, {5, 0}, {2, 4}});
+    EXPECT_EQ(Pixels(), (Rows{"......", "......", "......", "......", "......"}));
+}
+
+TEST_F(PainterDCTest, FillsAPolygonBetweenTheMiddlesOfItsCorners) {
+    dc.SelectPen({kRed});
+    dc.SelectBrush({kBlack});
+    dc.Polygon(std::vector<owl::TPoint>{{1, 1}, {4, 1}, {4, 3}, {1, 3}});
+    EXPECT_EQ(Pixels(), (Rows{"......", ".rrrr.", ".r##r.", ".rrrr.", "......"}));
+}
+
+TEST_F(PainterDCTest, DrawsAStepCurveCrisp) {
+    dc.Polyline(std::vector<owl::TPoint>{{0, 4}, {0, 1}, {3, 1}, {3, 3}});
+    EXPECT_EQ(Pixels(), (Rows{"......", "####..", "#..#..", "#..#..", "#....."}));
+}
+
+TEST_F(PainterDCTest, DrawsWithTheToolsSelectedLast) {
+    dc.SelectBrush({kRed});
+    dc.SelectPen({kRed});
+    dc.Line({0, 0}, {5, 0});
+    dc.SelectPen({kBlack});
+    dc.Line({0, 1}, {5, 1});
+    dc.SelectPen({kRed, 1, owl::PenStyle::Dotted});
+    dc.Line({0, 2}, {5, 2});
+    EXPECT_EQ(Pixels(), (Rows{"rrrrrr", "######", "r..r..", "......", "......"}));
+}
+
+TEST(PainterDC, MeasuresTextsAsTheFontDoes) {
+    QImage image(10, 10, QImage::Format_RGB32);
+    QPainter painter(&image);
+    owl::PainterDC dc(painter);
+    for (const owl::TFont& font : {owl::TFont{"Verdana", 12}, owl::TFont{"Verdana", 30, true}}) {
+        dc.SelectFont(font);
+        const QFontMetrics metrics(owl::ToQFont(font));
+        for (int again = 0; again < 2; ++again) {
+            EXPECT_EQ(dc.GetTextExtent("10 µV²/Hz").cx, metrics.horizontalAdvance("10 µV²/Hz"));
+            EXPECT_EQ(dc.GetTextExtent("10 µV²/Hz").cy, metrics.height());
+        }
+    }
+}
+
+TEST(PainterDC, AlignsTextsAtTheirWidth) {
+    const auto drawn = [](owl::TextAlign align, auto x) {
+        QImage image(80, 20, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        owl::PainterDC dc(painter);
+        dc.SetTextColor(kRed);
+        dc.SetTextAlign(align);
+        dc.TextOut({x(dc.GetTextExtent("Fp1").cx), 2}, "Fp1");
+        return image;
+    };
+    const QImage left = drawn(owl::TextAlign::Left, [](int) { return 10; });
+    EXPECT_EQ(drawn(owl::TextAlign::Right, [](int width) { return 10 + width; }), left);
+    EXPECT_EQ(drawn(owl::TextAlign::Center, [](int width) { return 10 + width / 2; }), left);
+}
+
+TEST(PainterDC, GivesThePainterBackAsItWas) {
+    QImage image(10, 10, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setPen(QPen(Qt::green, 3));
+    painter.setClipRect(1, 1, 5, 5);
+    {
+        owl::PainterDC dc(painter);
+        dc.SelectPen({kRed, 2});
+        dc.SetClip({0, 0, 2, 2});
+        dc.Line({0, 0}, {9, 5});
+    }
+    EXPECT_EQ(painter.pen(), QPen(Qt::green, 3));
+    EXPECT_EQ(painter.clipBoundingRect(), QRectF(1, 1, 5, 5));
+    EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+}
+
+TEST(PainterDC, WritesTextAndCurvesIntoADocument) {
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&file);
+        QPainter painter(&writer);
+        owl::PainterDC dc(painter);
+        dc.SelectPen({kRed, 2});
+        dc.Polyline(std::vector<owl::TPoint>{{0, 0}, {90, 50}, {180, 0}});
+        dc.Ellipse({10, 10, 15, 15});
+        dc.TextOut({5, 5}, "Fp1");
+    }
+    EXPECT_TRUE(file.data().startsWith("%PDF"));
+    // A document keeps outlines and letters; marks copied as pictures would coarsen in print.
+    EXPECT_TRUE(file.data().contains("/Type /Font"));
+    EXPECT_FALSE(file.data().contains("/Subtype /Image"));
+}
+
+} // namespace
