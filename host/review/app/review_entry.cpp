@@ -24,11 +24,11 @@ int Serve(const EditMacroRequest& request) {
     const Gui gui;
     const platform::HostPlatform platform(gui);
     const std::string said = editing.Run(module.Bridge(), platform);
-    if (!said.empty()) {
-        cli::WriteOutput("-", said + '\n');
-    }
     if (platform::WasInterrupted()) {
         throw cli::Interrupted();
+    }
+    if (!said.empty()) {
+        cli::WriteOutput("-", said + '\n');
     }
     return cli::kDone;
 }

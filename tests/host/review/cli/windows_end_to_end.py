@@ -6,8 +6,10 @@ Usage: windows_end_to_end.py ORVANTA [unittest arguments].
 
 import os
 import pathlib
+import signal
 import struct
 import subprocess
+import time
 import unittest
 
 import end_to_end
@@ -117,6 +119,27 @@ class MacroEdit(WindowsTest):
     def test_a_recording_that_cannot_be_read_is_refused(self):
         result = self.orvanta("macro", "edit", self.macro("m.smx"), "--recording", self.folder / "none.edf")
         self.assert_refused(result, r"none\.edf: .+ \(.+\)$")
+
+    def test_an_interrupt_closes_the_window_and_leaves_the_file_alone(self):
+        self.environment["QT_QPA_PLATFORM"] = "offscreen"
+        macro = self.macro("m.smx")
+        before = macro.read_bytes()
+        for arguments in ([macro], []):
+            with self.subTest(arguments=arguments), subprocess.Popen(
+                [self.program, "macro", "edit", *arguments],
+                stdout=subprocess.PIPE,
+                stderr=subprocess.PIPE,
+                text=True,
+                env=self.environment,
+            ) as running:
+                maps = pathlib.Path(f"/proc/{running.pid}/maps")
+                while "liborvanta_bridge" not in maps.read_text() and running.poll() is None:
+                    time.sleep(0.01)
+                running.send_signal(signal.SIGINT)
+                output, errors = running.communicate(timeout=60)
+                self.assertEqual(running.returncode, 130, errors)
+                self.assertEqual(output, "")
+                self.assertEqual(macro.read_bytes(), before)
 
     def test_light_and_dark_exclude_each_other(self):
         self.assert_refused(self.orvanta("macro", "edit", "--light", "--dark"), "--dark|--light")
