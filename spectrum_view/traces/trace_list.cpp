@@ -89,11 +89,9 @@ TraceList BipolarList(const SpectraMgr& manager, const EEGFileInfoType& recordin
     return TraceList(manager, std::move(entries));
 }
 
-const std::string& PositionName(const SpectrumSingle& spectrum, const EEGFileInfoType& recording) {
-    const auto* ofChannel = dynamic_cast<const SpectrumChn*>(&spectrum);
-    return ofChannel != nullptr && recording.GetTraceInfo()->GetMtg().IsMappable()
-               ? ofChannel->GetChn()->GetLabelPos()
-               : spectrum.GetName();
+const std::string& PositionName(const SpectrumSingle& spectrum, bool mappable) {
+    const auto* ofChannel = mappable ? dynamic_cast<const SpectrumChn*>(&spectrum) : nullptr;
+    return ofChannel == nullptr ? spectrum.GetName() : ofChannel->GetChn()->GetLabelPos();
 }
 
 const double* PValuesOf(const SpectraMgr& manager, const SpectrumSingle* spectrum) {

@@ -63,7 +63,8 @@ TraceList BipolarList(const SpectraMgr& manager, const EEGFileInfoType& recordin
 
 /// Name of the position at which a spectrum stands on the scalp: its own, in a mappable montage the position
 /// label of its channel.
-const std::string& PositionName(const SpectrumSingle& spectrum, const EEGFileInfoType& recording);
+/// \param mappable whether the current montage is
+const std::string& PositionName(const SpectrumSingle& spectrum, bool mappable);
 
 /// p-value and ratio per bin of main against secondary for the trace of \p spectrum; null when there are
 /// none, and for a null spectrum.

@@ -34,13 +34,14 @@ void SetScalpCoords(std::span<TraceEntry> entries, const owl::TRect& area, const
     recording.GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily, Sensor::Class::Eeg);
     const MyRect head{(area.left + area.right) / 2, (area.top + area.bottom) / 2, area.Width(),
                       area.Height()};
+    const bool mappable = recording.GetTraceInfo()->GetMtg().IsMappable();
     const ViewRegions regions = Get2DViewRegions(sensors, head);
     for (TraceEntry& entry : entries) {
         entry.rectangle = {};
         if (entry.main == nullptr) {
             continue;
         }
-        const auto region = regions.find(PositionName(*entry.main, recording));
+        const auto region = regions.find(PositionName(*entry.main, mappable));
         if (region != regions.end()) {
             entry.rectangle = region->second;
         }

@@ -3,7 +3,9 @@
 
 #include "tests/spectrum_view/traces/trace_fixture.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 

@@ -181,14 +181,16 @@ class OfATrace : public test::TraceFixture {};
 TEST_F(OfATrace, ThePositionOfAChannelIsItsFirstElectrode) {
     Use("left = +Fp1\nmiddle = +Cz");
     const SpectMacroResult* main = Add();
-    EXPECT_EQ(PositionName(*main->GetSpectrum(Channel(0)), *recording), "Fp1");
+    EXPECT_EQ(PositionName(*main->GetSpectrum(Channel(0)), true), "Fp1");
 }
 
 TEST_F(OfATrace, ThePositionOfASensorOrABipolarChannelIsItsName) {
     UseFiveBipolarChannels();
     const SpectMacroResult* main = Add();
-    EXPECT_EQ(PositionName(*main->GetSpectrum(Channel(0)), *recording), "A");
-    EXPECT_EQ(PositionName(*main->GetSpectrum(test::SensorOf(*recording, "Cz")), *recording), "Cz");
+    EXPECT_EQ(PositionName(*main->GetSpectrum(Channel(0)), false), "A");
+    const SpectrumSingle& ofSensor = *main->GetSpectrum(test::SensorOf(*recording, "Cz"));
+    EXPECT_EQ(PositionName(ofSensor, false), "Cz");
+    EXPECT_EQ(PositionName(ofSensor, true), "Cz");
 }
 
 TEST_F(OfATrace, ComparisonsAreThoseOfItsChannelOrSensor) {
