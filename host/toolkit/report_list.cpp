@@ -85,7 +85,13 @@ const void* ReportList::DataOf(const QTreeWidgetItem* row) const {
 }
 
 void ReportList::SelectRow(QTreeWidgetItem* row, bool selected) {
-    row->setSelected(selected);
+    if (selected && selectionMode() == SingleSelection) {
+        // One change, so that nobody is told of a list without a selection.
+        selectionModel()->select(indexFromItem(row),
+                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    } else {
+        row->setSelected(selected);
+    }
 }
 
 QStringList ReportList::SelectedCaptions() const {

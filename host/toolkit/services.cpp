@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QCollator>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>

@@ -79,4 +79,19 @@ TEST_F(PModuleTest, IsARegisteredModule) {
     EXPECT_EQ(owl::RegisteredModules().front()->GetInstance(), this);
 }
 
+TEST_F(PModuleTest, IsFoundByItsNameWhileItLives) {
+    EXPECT_EQ(PModule::Named("Orvanta"), nullptr);
+    const owl::TModule plain("Orvanta", nullptr, true);
+    EXPECT_EQ(PModule::Named("Orvanta"), nullptr) << "a module without texts";
+    {
+        const PModule other("Other", nullptr);
+        const PModule module("Orvanta", nullptr);
+        const PModule second("Orvanta", nullptr);
+        EXPECT_EQ(PModule::Named("Orvanta"), &module) << "the first of its name";
+        EXPECT_EQ(PModule::Named("Other"), &other);
+        EXPECT_EQ(PModule::Named("orvanta"), nullptr);
+    }
+    EXPECT_EQ(PModule::Named("Orvanta"), nullptr);
+}
+
 } // namespace

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/qt/form_user.h"
 
+#include "host/toolkit/control_text.h"
+
 #include <QAbstractButton>
-#include <QGroupBox>
-#include <QLabel>
+#include <QAbstractItemView>
+#include <QItemSelection>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTest>
-#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace orvanta::test {
@@ -39,11 +38,6 @@ Control* Usable(QWidget& form, const char* name) {
         return nullptr;
     }
     return control;
-}
-
-/// The caption without the mark of its mnemonic.
-QString WithoutMnemonic(QString text) {
-    return text.replace("&&", "\x01").remove('&').replace('\x01', '&');
 }
 
 QString CaptionAt(const QAbstractItemView& list, int row) {
@@ -129,23 +123,7 @@ bool FormUser::IsChecked(const char* button) const {
 
 QString FormUser::TextOf(const char* control) const {
     const auto* found = Find<QWidget>(form_, control);
-    if (const auto* edit = qobject_cast<const QLineEdit*>(found)) {
-        return edit->text();
-    }
-    if (const auto* memo = qobject_cast<const QPlainTextEdit*>(found)) {
-        return memo->toPlainText();
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(found)) {
-        return WithoutMnemonic(label->text());
-    }
-    if (const auto* button = qobject_cast<const QAbstractButton*>(found)) {
-        return WithoutMnemonic(button->text());
-    }
-    if (const auto* group = qobject_cast<const QGroupBox*>(found)) {
-        return WithoutMnemonic(group->title());
-    }
-    ADD_FAILURE() << control << " has no text";
-    return {};
+    return found != nullptr ? owl::ControlText(*found) : QString();
 }
 
 int FormUser::NumberOf(const char* spinner) const {

@@ -27,7 +27,7 @@ public:
 
     bool IsEnabled(const char* control) const;
     bool IsChecked(const char* button) const;
-    /// Text of a label, button, group, edit or memo.
+    /// Text of a label, button, group, edit, memo or combo box, without the marks of mnemonics.
     QString TextOf(const char* control) const;
     int NumberOf(const char* spinner) const;
     QStringList RowsOf(const char* list) const;
