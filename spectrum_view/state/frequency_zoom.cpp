@@ -14,8 +14,9 @@ constexpr double kNarrowest = 4.0; // Hz
 
 void Widen(SPECT::Scale& scale, double rate) {
     const auto wholeRate = std::llround(rate);
-    scale.MaxX = static_cast<double>(wholeRate) * 0.5 > scale.MaxX ? 2 * scale.MaxX
-                                                                   : static_cast<double>(wholeRate / 2);
+    const auto wholeHalf = wholeRate / 2; // Hz, cut
+    scale.MaxX =
+        static_cast<double>(wholeRate) * 0.5 > scale.MaxX ? 2 * scale.MaxX : static_cast<double>(wholeHalf);
 }
 
 void Narrow(SPECT::Scale& scale) {

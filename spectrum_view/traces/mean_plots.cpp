@@ -67,6 +67,7 @@ std::vector<VerticalRange> RangesOf(const PlotSources& sources, std::span<const 
         searcher.Include(entries[i], sources.view.commonScale ? ofAll : found[i]);
     }
     std::vector<VerticalRange> ranges;
+    ranges.reserve(found.size());
     for (const ValueSearch& ofTrace : found) {
         ranges.push_back(RangeOf(rules, sources.view.commonScale ? ofAll : ofTrace));
     }
