@@ -6,7 +6,11 @@
 #include <QLocale>
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
+
+using namespace std::string_literals;
 
 std::string lastWarning;
 
@@ -75,7 +79,7 @@ TEST_F(MessageFile, ThatIsAFolderGivesNoTexts) {
 }
 
 TEST_F(MessageFile, OfBytesThatAreNoTextHarmsNothing) {
-    std::string bytes("[M]\na=\"\xFF\xFE\"\n[\0\x01\n=\n;\n", 24);
+    const std::string bytes = "[M]\na=\"\xFF\xFE\"\n[\0\x01\n=\n;\n"s;
     const PModule module = ModuleWith(bytes + std::string(100000, '['));
     const KeptWarnings warnings;
     EXPECT_EQ(module.GetMsg2("M", "b"), "");
