@@ -32,8 +32,8 @@ public:
     bool operator==(const SpectraMacro& other) const;
 
     /// Reads a macro file. 0: read. 1: read, but none of the selected event labels exists in the recording at
-    /// hand (modes 2 and 3), and all of the recording is selected instead. 2: not readable; nothing changed,
-    /// and GetLastError says why.
+    /// hand (modes 2 and 3), and all of the recording is selected instead. 2: not readable;
+    /// GetLastError says why, the settings stay, and the macro has no file until it is saved under a name.
     int Load(const std::string& path);
     /// Writes the file that was loaded or saved last. 0: written. Non-zero without a file or when writing
     /// failed; the old file is then whole.

@@ -100,6 +100,8 @@ int SpectraMacro::Load(const std::string& path) {
         *this = loaded;
     });
     if (!read) {
+        // Whoever goes on with these settings means the file that was asked for, not the one loaded before.
+        impl_->fileName.clear();
         return kNotReadable;
     }
     const EventsManager* events = spectral::GetMacroEventContext();

@@ -249,12 +249,21 @@ TEST_F(MacroLoading, WhatCouldNotBeReadAgainIsNotSaved) {
     EXPECT_EQ(folder_.Read("a.smx"), before);
 }
 
-TEST_F(MacroLoading, UnreadableFilesChangeNothing) {
+TEST_F(MacroLoading, AFailedLoadLeavesNoFileToSaveInto) {
+    EXPECT_EQ(macro_.SaveAs(folder_.Path("a.smx")), 0);
+    const std::string before = folder_.Read("a.smx");
+    EXPECT_EQ(macro_.Load(folder_.Path("none.smx")), 2);
+    macro_.SetOverlapPerc(10);
+    EXPECT_NE(macro_.Save(), 0);
+    EXPECT_EQ(folder_.Read("a.smx"), before);
+}
+
+TEST_F(MacroLoading, UnreadableFilesChangeNoSettings) {
     macro_.SetOverlapPerc(33);
     EXPECT_EQ(macro_.SaveAs(folder_.Path("a.smx")), 0);
     EXPECT_EQ(macro_.Load(SmxWith("<overlap>10</overlap><color>red</color>")), 2);
     EXPECT_EQ(macro_.GetOverlapPerc(), 33u);
-    EXPECT_EQ(macro_.GetFileName(), folder_.Path("a.smx"));
+    EXPECT_EQ(macro_.GetFileName(), "");
     EXPECT_EQ(macro_.GetLastError(),
               folder_.Path("m.smx") +
                   ": line 2: color: a colour from 0x00000000 to 0x00FFFFFF (0x00BBGGRR) is needed "
