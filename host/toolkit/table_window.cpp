@@ -30,7 +30,8 @@ void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
 
 TTableWnd::TTableWnd(owl::TWindow& window, const owl::TPoint& place, int columns, int rows, int cellWidth,
                      int cellHeight, unsigned reply, int dpi)
-    : QWidget(&window, Qt::Popup | Qt::FramelessWindowHint), window_(window), count_{std::max(1, columns), std::max(1, rows)},
+    : QWidget(&window, Qt::Popup | Qt::FramelessWindowHint),
+      window_(window), count_{std::max(1, columns), std::max(1, rows)},
       cell_{std::max(1, MulDiv(cellWidth, dpi, kBaseDpi)), std::max(1, MulDiv(cellHeight, dpi, kBaseDpi))},
       reply_(reply) {
     setMouseTracking(true);
