@@ -2,6 +2,7 @@
 #include "host/toolkit/dialog.h"
 
 #include "host/toolkit/control_text.h"
+#include "host/toolkit/cut_text.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/modal_gateway.h"
 
@@ -39,17 +40,6 @@ void NumberButtonBox(const QDialogButtonBox& box) {
             button->setProperty(kIdProperty, number);
         }
     }
-}
-
-/// The longest beginning of so many bytes that ends with a whole character.
-std::string CutAt(std::string text, std::size_t bytes) {
-    if (text.size() > bytes) {
-        while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) {
-            --bytes;
-        }
-        text.resize(bytes);
-    }
-    return text;
 }
 
 } // namespace

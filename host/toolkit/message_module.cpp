@@ -45,9 +45,9 @@ std::string PModule::LoadString(unsigned id) const {
     return text;
 }
 
-const PModule* PModule::Named(const char* name) {
-    for (const TModule* module : owl::RegisteredModules()) {
-        const auto* messages = dynamic_cast<const PModule*>(module);
+PModule* PModule::Named(const char* name) {
+    for (owl::TModule* module : owl::RegisteredModules()) {
+        auto* messages = dynamic_cast<PModule*>(module);
         if (messages != nullptr && messages->GetName() == name) {
             return messages;
         }

@@ -24,7 +24,7 @@ public:
     std::string LoadString(unsigned id) const;
 
     /// The module of this name among those that are loaded; null when there is none.
-    static const PModule* Named(const char* name);
+    static PModule* Named(const char* name);
     /// Texts of the host, the same for all modules.
     static void SetHostStrings(std::map<unsigned, std::string> strings);
 
