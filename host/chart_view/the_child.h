@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The base of the views in the application's main window.
+#pragma once
+
+#include "host/chart_view/global_window.h"
+#include "host/toolkit/menu.h"
+#include "host/toolkit/message_module.h"
+#include "host/toolkit/window.h"
+#include "spectra_contract/api.h"
+
+#include <memory>
+#include <string>
+
+class QSplitter;
+
+/// Numbers of a child window's resources.
+struct ChildResInfo {
+    unsigned command = 0;   ///< of the menu's title item, with which the application opens the view
+    unsigned bitmap = 0;    ///< of the button for the same
+    unsigned menu = 0;      ///< template of the menu
+    unsigned icon = 0;      ///< of the window
+    unsigned smallIcon = 0; ///< of its tab
+};
+
+/// A view: a window with a menu and a section of the user's settings, in a splitter that also takes what
+/// stands beside the view. The splitter belongs to the main window, which shows it; it ends with the view.
+/// GUI thread.
+class ORVANTA_API TheChild : public owl::TWindow {
+public:
+    /// \param name of the class, and of its section of the settings
+    /// \param module of menu texts and other texts; may be null
+    TheChild(GlobalWindow& window, std::string name, PModule* module, const ChildResInfo& resources);
+    ~TheChild() override;
+
+    GlobalWindow& GW() const { return window_; }
+    const std::string& GetChildName() const { return name_; }
+    const ChildResInfo& GetResInfo() const { return resources_; }
+    /// May be null.
+    const PModule* GetMessages() const { return messages_; }
+    owl::TMenu& GetMenu() { return menu_; }
+    /// The view is one of its panes.
+    QSplitter& Panes() const;
+    const owl::TFont& GetViewFont() const { return viewFont_; }
+    /// Logical dots per inch of the screen.
+    int GetDPI() const { return logicalDpiX(); }
+
+    /// The number of the picture that fits the screen: pictures are drawn at every resolution, so their own.
+    static constexpr unsigned DPI_AWARE_BMP_ID(unsigned bitmap) { return bitmap; }
+
+    void Destroy(int retVal = 0) override;
+    const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
+
+protected:
+    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+
+    /// Makes this the active child, loads the settings, then makes the gadgets. What overrides it calls this
+    /// first.
+    void SetupWindow() override;
+    /// What overrides it calls the base first.
+    virtual void LoadUserSettings();
+    /// Fills the tool bar. What overrides it calls the base first.
+    virtual void CreateGadgets();
+
+    // The view's section of the settings.
+    int ReadChildInt(const char* key, int defaultValue) const;
+    double ReadChildDouble(const char* key, double defaultValue) const;
+    void WriteChildInt(const char* key, int value) const;
+    void WriteChildDouble(const char* key, double value) const;
+
+    void CheckMenu(unsigned id, bool check) { menu_.CheckMenuItem(id, check); }
+    /// Lets the user choose another font, which is kept. \return true when one was chosen
+    bool ChooseChildFont();
+    void SetMessageBar(const std::string& text) const { window_.SetMessageText(text); }
+
+    static void CopyStringToClipboard(const std::string& text);
+    /// Lays a colour over the rectangle. \param alpha 0 invisible, 255 opaque
+    static void MyAlphaBlend(owl::TDC& dc, const owl::TRect& rect, owl::TColor color, std::uint8_t alpha);
+
+    void EvSetFocus(HWND lost);
+
+private:
+    GlobalWindow& window_;
+    std::string name_;
+    PModule* messages_;
+    ChildResInfo resources_;
+    owl::TMenu menu_;
+    owl::TFont viewFont_;
+    QSplitter* panes_; ///< null once it ends
+};
