@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/module_object.h"
 
+#include "host/toolkit/menu_templates.h"
 #include "host/toolkit/module.h"
+#include "resources/menus/spectrum_menu.h"
 
 #include <array>
 #include <cstdint>
@@ -45,11 +47,13 @@ void Attach(HINSTANCE instance) {
     if (!state.messages) {
         state.messages.emplace("Orvanta", instance);
     }
+    owl::RegisterMenuTemplate(resources::kSpectrumMenu, resources::kSpectrumMenuItems);
 }
 
 void Detach() {
     State& state = TheState();
     if (state.users > 0 && --state.users == 0) {
+        owl::RegisterMenuTemplate(resources::kSpectrumMenu, {});
         state.messages.reset();
     }
 }

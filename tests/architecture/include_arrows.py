@@ -22,7 +22,7 @@ ARROWS = {
     "module": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view", "spectral_maps", "resources"],
     "host/review": ["spectra_contract", "host"],
     "host/review/bridge": ["spectra_contract", "host", "side_bar", "spectrum_view", "spectral_maps"],
-    "resources": [],
+    "resources": ["host/toolkit"],
 }
 FREE = ("tests", "benchmarks", "examples")
 QT_FREE = ("spectra_contract", "host/platform", "host/signal_base", "host/spectral_data", "host/review/cli")

@@ -18,7 +18,7 @@ def class_of(name: str) -> str:
 
 def main(nm: str, library: str, listed: str) -> int:
     lines = subprocess.run(
-        [nm, "--dynamic", "--demangle", "--defined-only", "--format=posix", library],
+        [nm, "--dynamic", "--extern-only", "--demangle", "--defined-only", "--format=posix", library],
         check=True, capture_output=True, text=True,
     ).stdout.splitlines()
     # POSIX format: name, type letter, value, size; a demangled name may hold blanks.

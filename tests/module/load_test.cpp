@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/menu_templates.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/module.h"
 #include "host/toolkit/version.h"
@@ -52,6 +53,15 @@ TEST(ModuleLoad, MayBeRepeated) {
     const LoadedModule again;
     EXPECT_THAT(RegisteredNames(), ElementsAre(EndsWith("/Orvanta64.so"), "Orvanta"));
     EXPECT_NE(*again.GetModulePtr(owl::OWLGetVersion()), nullptr);
+}
+
+TEST(ModuleLoad, BringsItsMenuAndTakesItAway) {
+    {
+        const LoadedModule module;
+        ASSERT_EQ(owl::MenuTemplate(8320).size(), 35u);
+        EXPECT_STREQ(owl::MenuTemplate(8320).front().text, "&View Spectrum");
+    }
+    EXPECT_TRUE(owl::MenuTemplate(8320).empty());
 }
 
 TEST(ModuleLoad, BringsItsIconsAndTextsAndTakesThemAway) {

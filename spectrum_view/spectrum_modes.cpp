@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the view's modes change, and how its spectra are brought up to date.
+#include "spectra_contract/platform.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spectra_mgr.h"
+#include "spectrum_view/command_ids.h"
+#include "spectrum_view/spectrum.h"
+#include "spectrum_view/state/montage_choice.h"
+
+using namespace orvanta::spectrum_view;
+
+void Spectrum::GetEventList(XTimeList& list) const {
+    list.clear();
+    if (const SpectMacroResult* main = manager_->GetMain()) {
+        main->GetEventList(recording_, list, GW().GetPlatform()->GetGUI());
+    }
+}
+
+int Spectrum::ChangeDataMode(SPECT::Data::Mode mode) {
+    const SPECT::Data::Mode earlier = Display().mode;
+    if (mode == earlier) {
+        return 0;
+    }
+    Display().mode = mode;
+    UpdateStatusBar();
+    state_.firstTrace = 0;
+    SetViewCoords();
+    Invalidate();
+    return static_cast<int>(earlier);
+}
+
+int Spectrum::ChangeViewMode(Layout::Mode mode) {
+    const Layout::Mode earlier = state_.layout;
+    if (mode == earlier) {
+        return 0;
+    }
+    state_.layout = mode;
+    AdjustSpectraOptions();
+    UpdateStatusBar();
+    state_.firstTrace = 0;
+    if (mode == Layout::Mode::Scalp) {
+        SetCephalicList();
+    } else {
+        SetViewCoords();
+    }
+    Invalidate();
+    return static_cast<int>(earlier);
+}
+
+void Spectrum::AdjustSpectraOptions() {
+    const Adjustment change =
+        AdjustmentOf(state_.layout, manager_->GetMeasEntity(), Display().mode, *recording_);
+    if (!change.IsNeeded()) {
+        return;
+    }
+    if (change.montage != nullptr) {
+        recording_->GetTraceInfo()->SetMtg(*change.montage);
+    }
+    if (change.toMean) {
+        Display().mode = SPECT::Data::Mode::Mean;
+    }
+    state_.firstTrace = 0;
+    CmRecompute();
+}
+
+void Spectrum::CheckAndRecompute(bool quiet) {
+    if (manager_->GetMain() == nullptr) {
+        return;
+    }
+    XTimeList events;
+    GetEventList(events);
+    SPECT::FrequencyRange& range = Display().range;
+    range = SPECT::ClampFrequencyRange(range.bottom, range.top, LoadedRate());
+    const MontageType& montage = recording_->GetTraceInfo()->GetMtg();
+    if (manager_->IsRecomputingNeeded(montage, events, range.top)) {
+        try {
+            const std::unique_ptr<GenericProgress> progress(
+                quiet ? nullptr
+                      : GW().GetPlatform()->CreateProgress("Computing Spectra...", MSWindow(GetHandle())));
+            manager_->ReComputeFFT(recording_, range.top, events, progress.get());
+        } catch (const std::exception& failure) {
+            qInfo("%s", failure.what()); // the view shows what there is
+        }
+    }
+    SetFocus();
+}
+
+void Spectrum::CmRecompute() {
+    if (SpectMacroResult* main = manager_->GetMain()) {
+        main->ResetData();
+    }
+    CheckAndRecompute(GW().IsQuiet());
+    Invalidate();
+}
+
+void Spectrum::CmSetCommon() {
+    state_.commonScale = !state_.commonScale;
+    CheckMenu(kCmSetCommon, state_.commonScale);
+    Invalidate();
+}
+
+void Spectrum::CmSetEntity(unsigned id) {
+    const unsigned index = id - kCmSetEntity;
+    const auto entity = static_cast<SPECT::Entity::Type>(index);
+    if (index >= manager_->GetMeasEntityCount() || entity == manager_->GetMeasEntity()) {
+        return;
+    }
+    manager_->SetMeasEntity(entity);
+    AdjustSpectraOptions();
+    if (entity == SPECT::Entity::Type::Coherence || entity == SPECT::Entity::Type::Phase) {
+        ChangeDataMode(SPECT::Data::Mode::Mean);
+        CmSetCommon();
+    }
+    CheckEntityItems();
+    UpdateStatusBar();
+    Invalidate();
+}
+
+void Spectrum::CheckEntityItems() {
+    for (unsigned i = 0; i < manager_->GetMeasEntityCount(); ++i) {
+        CheckMenu(kCmSetEntity + i, static_cast<SPECT::Entity::Type>(i) == manager_->GetMeasEntity());
+    }
+}
+
+void Spectrum::Toggle(bool DisplaySettings::*flag) {
+    bool& shown = Display().*flag;
+    shown = !shown;
+    Invalidate();
+}
