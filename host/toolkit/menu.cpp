@@ -3,14 +3,11 @@
 
 #include "host/toolkit/command_enabler.h"
 #include "host/toolkit/event_handler.h"
+#include "host/toolkit/qt_painting.h"
 
 namespace owl {
 
 namespace {
-
-QString ToQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// 0 for a separator and a menu below.
 unsigned IdOf(const QAction& item) {
