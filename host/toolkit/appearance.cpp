@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/appearance.h"
 
+#include "host/toolkit/form_style.h"
+
 #include <QApplication>
 #include <QPalette>
 #include <QToolTip>
@@ -77,7 +79,7 @@ QPalette AppearancePalette(bool dark) {
 }
 
 void ApplyAppearance(QApplication& application, Appearance appearance) {
-    application.setStyle("Fusion");
+    application.setStyle(new FormStyle);
     const bool dark = appearance == Appearance::System ? IsDesktopDark() : appearance == Appearance::Dark;
     const QPalette palette = AppearancePalette(dark);
     application.setPalette(palette);

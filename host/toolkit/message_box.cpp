@@ -16,6 +16,8 @@ namespace {
 
 /// Characters in a line that are easy to read.
 constexpr qsizetype kLineLength = 60;
+/// A box whose contents need more has the lines of its text broken by Qt; in a narrower one they stay whole.
+constexpr int kQtWrapsFrom = 500;
 
 bool AsksYesNo(unsigned type) {
     return (type & 0xFU) == kMbYesNo;
@@ -58,8 +60,10 @@ TMessageBox::TMessageBox(HWND owner, const std::string& text, const std::string&
 void TMessageBox::WidenForLongText() {
     // Qt takes half a small screen, whatever the font.
     if (auto* label = findChild<QLabel*>("qt_msgbox_label")) {
-        const int wanted = static_cast<int>(kLineLength) * label->fontMetrics().averageCharWidth();
-        label->setMinimumWidth(std::min(wanted, screen()->availableGeometry().width() * 2 / 3));
+        const int readable = static_cast<int>(kLineLength) * label->fontMetrics().averageCharWidth();
+        const int most =
+            std::min(std::max(readable, kQtWrapsFrom), screen()->availableGeometry().width() * 2 / 3);
+        label->setMinimumWidth(std::min(label->sizeHint().width(), most));
     }
 }
 

@@ -91,6 +91,22 @@ TEST(MessageBox, FitsTheScreenWhateverItSays) {
     }
 }
 
+TEST(MessageBox, ShowsAllOfALineOfAnyLength) {
+    for (int words = 1; words < 60; ++words) {
+        owl::TMessageBox box(nullptr, QString("words ").repeated(words).toStdString(), "Error",
+                             owl::kMbYesNo);
+        box.show();
+        QCoreApplication::processEvents();
+        auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+        ASSERT_NE(label, nullptr);
+        if (label->wordWrap()) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << words;
+        } else {
+            EXPECT_GE(label->width(), label->sizeHint().width()) << words;
+        }
+    }
+}
+
 TEST(MessageBox, TellsUnderDetailsWhatIsTooLong) {
     const std::string text(2000, 'x');
     const owl::TMessageBox box(nullptr, text, "Error", owl::kMbIconStop);

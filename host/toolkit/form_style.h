@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The look of all controls.
+#pragma once
+
+#include "host/toolkit/export.h"
+
+#include <QProxyStyle>
+
+namespace owl {
+
+/// Qt's Fusion style with the icons of this program in message boxes, outlines of check boxes and radio
+/// buttons that stand out from every background, and frames that are whole at every scale.
+class ORVANTA_TOOLKIT_API FormStyle final : public QProxyStyle {
+public:
+    FormStyle();
+
+    /// The icon ":/icons/warning.svg" and so on; Qt's own where the program has none.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
+
+} // namespace owl

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/form_style.h"
+
+#include <QIcon>
+#include <QPixmap>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(MessageIcons, AreOfThisProgramAndSharpAtEveryScale) {
+    const std::pair<QStyle::StandardPixmap, const char*> icons[] = {
+        {QStyle::SP_MessageBoxWarning, "warning"},
+        {QStyle::SP_MessageBoxCritical, "error"},
+        {QStyle::SP_MessageBoxQuestion, "question"},
+        {QStyle::SP_MessageBoxInformation, "information"},
+    };
+    const owl::FormStyle style;
+    for (const auto& [icon, name] : icons) {
+        for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+            const QPixmap shown = style.standardIcon(icon, nullptr, nullptr).pixmap(QSize(48, 48), scale);
+            EXPECT_EQ(shown.size(), QSize(48, 48) * scale) << name;
+            const QPixmap own = QIcon(QString(":/icons/%1.svg").arg(name)).pixmap(QSize(48, 48), scale);
+            EXPECT_EQ(shown.toImage(), own.toImage()) << name;
+        }
+    }
+}
+
+} // namespace
