@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QLabel>
+#include <QLayout>
 #include <QSlider>
 
 namespace owl {
@@ -16,7 +17,8 @@ namespace {
 
 constexpr int kIconSize = 24;
 constexpr int kGapWidth = 6;
-constexpr int kTextPadding = 6;
+constexpr int kSpacing = 2;
+constexpr int kTextPadding = 3;
 constexpr int kSliderEnd = 100;
 constexpr int kSliderTick = 10;
 constexpr QSize kSliderSize(100, 20);
@@ -33,6 +35,7 @@ public:
         setFrameStyle(QFrame::Panel | QFrame::Sunken);
         setAlignment(Qt::AlignCenter);
         setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 
     QSize sizeHint() const override { return QLabel::sizeHint().expandedTo(Room()); }
@@ -41,8 +44,7 @@ public:
 private:
     QSize Room() const {
         const int around = 2 * (frameWidth() + kTextPadding);
-        return {characters_ * fontMetrics().horizontalAdvance('M') + around,
-                fontMetrics().height() + 2 * frameWidth()};
+        return {characters_ * fontMetrics().horizontalAdvance('M') + around, fontMetrics().height() + around};
     }
 
     int characters_;
@@ -58,6 +60,7 @@ GadgetBar::GadgetBar(TEventHandler& handler, QWidget* parent)
     : QToolBar(parent), handler_(handler), enablers_(new IdleEnablers(handler, this)) {
     setIconSize({kIconSize, kIconSize});
     setMovable(false);
+    layout()->setSpacing(kSpacing);
 }
 
 void GadgetBar::Equip(QToolButton& button, unsigned command, const std::string& tip) {

@@ -263,7 +263,7 @@ void PainterDC::SlantedLines(std::span<const TPoint> points) {
     for (std::size_t i = 1; i < points.size(); ++i) {
         const QPointF from = Middle(points[i - 1]);
         const QPointF way = Middle(points[i]) - from;
-        const double length = std::hypot(way.x(), way.y());
+        const double length = std::sqrt(QPointF::dotProduct(way, way));
         if (length > 0) {
             const QPointF more = way * (past / length);
             lines.append(QLineF(from - more, from + way + more));
