@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/spectrum.h"
 
+#include "host/toolkit/form_texts.h"
 #include "host/toolkit/services.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
@@ -9,6 +10,9 @@
 #include "spectrum_view/menu_texts.h"
 #include "spectrum_view/state/status_texts.h"
 #include "spectrum_view/state/stored_state.h"
+
+#include <QComboBox>
+#include <QLabel>
 
 #include <array>
 
@@ -49,6 +53,7 @@ constinit const owl::TResponseTable Spectrum::__entries = {
     owl::Command<&Spectrum::CmShowAxesText>(kCmShowAxesText),
     owl::Command<&Spectrum::CmShowMeasures>(kCmShowMeasures),
     owl::Command<&Spectrum::CmSetEntity>(kCmSetEntity, kCmLastEntity),
+    owl::Message<&Spectrum::EvCbMontage>(kMontageSelector),
     owl::On<owl::WindowEvent::Size, &Spectrum::EvSize>(),
     owl::On<owl::WindowEvent::SetFocus, &Spectrum::EvSetFocus>(),
 };
@@ -97,7 +102,64 @@ void Spectrum::Destroy(int retVal) {
     TheChild::Destroy(retVal);
 }
 
-void Spectrum::UpdateStatusBar() {}
+void Spectrum::CreateGadgets() {
+    TheChild::CreateGadgets();
+    owl::GadgetBar& bar = GetToolBar();
+    const auto add = [&](unsigned command, unsigned icon, const char* key, const char* tip) {
+        bar.AddButton(command, icon, owl::TextOr(GetMessages(), "MENU", key, tip));
+    };
+    add(kCmPreviousTrace, 2064, "CM_SPE_PREVIOUS.tip", "Previous traces");
+    add(kCmNextTrace, 2065, "CM_SPE_NEXT.tip", "Next traces");
+    bar.AddGap();
+    montages_ = bar.AddComboBox(kMontageSelector,
+                                owl::TextOr(GetMessages(), "MENU", "CM_SPE_MONTAGE.tip", "Montage"));
+    bar.AddGap();
+    add(kCmEditOptions, kCmEditOptions, "CM_SPE_OPTIONS.tip", "Computation options");
+    add(kCmRecompute, kCmRecompute, "CM_SPE_RECOMPUTE.tip", "Compute the spectra again");
+    bar.AddGap();
+    add(kCmSaveSpectra, kCmSaveSpectra, "CM_SPE_SAVE.tip", "Save the spectra to a file");
+    add(kCmCopyMeasures, kCmCopyMeasures, "CM_SPE_COPY2CLPBRD.tip", "Copy the measures to the clipboard");
+    bar.AddGap();
+    add(kCmNarrow, kCmNarrow, "CM_SPE_NARROW.tip", "Halve the frequency range");
+    add(kCmWide, kCmWide, "CM_SPE_WIDE.tip", "Double the frequency range");
+    add(kCmSpectraTable, kCmSpectraTable, "CM_SPE_GRID_SIZE.tip", "Rows and columns of the grid");
+    bar.AddGap();
+    add(kCmSpectraInfo, kCmSpectraInfo, "CM_SPE_INFO.tip", "Parameters and epochs of the analysis");
+    constexpr int kEntityWidth = 7;
+    constexpr int kHorizontalWidth = 5;
+    constexpr int kVerticalWidth = 9;
+    status_ = {bar.AddText(kEntityWidth), bar.AddText(kHorizontalWidth), bar.AddText(kVerticalWidth)};
+}
+
+void Spectrum::UpdateStatusBar() {
+    const StatusTexts texts = StatusTextsOf(*manager_, GetMessages());
+    const std::string* shown[] = {&texts.entity, &texts.horizontal, &texts.vertical};
+    for (std::size_t i = 0; i < status_.size(); ++i) {
+        if (status_[i] != nullptr) {
+            status_[i]->setText(QString::fromStdString(*shown[i]));
+        }
+    }
+}
+
+void Spectrum::FillMontages() {
+    if (montages_ == nullptr) {
+        return;
+    }
+    montages_->clear();
+    const MontageList& list = *recording_->GetMontageList();
+    for (const auto& montage : list) {
+        montages_->addItem(QString::fromStdString(montage->GetName()));
+    }
+    const std::size_t current = list.GetCurrentIndex();
+    montages_->setCurrentIndex(current < list.Size() ? static_cast<int>(current) : 0);
+}
+
+LPARAM Spectrum::EvCbMontage(WPARAM index, LPARAM /*unused*/) {
+    recording_->ChangeMntg(index, true);
+    state_.firstTrace = 0;
+    CmRecompute();
+    return 0;
+}
 
 void Spectrum::DrawStatusBar() const {
     SetMessageBar(TimeIntervalText(*manager_, GetMessages()));
@@ -106,4 +168,5 @@ void Spectrum::DrawStatusBar() const {
 void Spectrum::EvSetFocus(HWND lost) {
     TheChild::EvSetFocus(lost);
     DrawStatusBar();
+    FillMontages();
 }

@@ -8,7 +8,11 @@
 #include "spectrum_view/traces/over_time_plots.h"
 #include "spectrum_view/traces/trace_list.h"
 
+#include <array>
+
 class EEGFileInfoType;
+class QComboBox;
+class QLabel;
 class SpectraMgr;
 class XTimeList;
 
@@ -63,9 +67,12 @@ protected:
     static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
 
     void SetupWindow() override;
+    void CreateGadgets() override;
 
     void EvSize(unsigned sizeType, const owl::TSize& size);
     void EvSetFocus(HWND lost);
+    /// The user chose the montage of this index.
+    LPARAM EvCbMontage(WPARAM index, LPARAM);
 
 private:
     void SetCephalicList();
@@ -74,6 +81,7 @@ private:
 
     void Toggle(bool orvanta::spectrum_view::DisplaySettings::*flag);
     void CheckEntityItems();
+    void FillMontages();
     double LoadedRate() const;
 
     EEGFileInfoType* recording_;
@@ -82,4 +90,6 @@ private:
     orvanta::spectrum_view::ViewState state_;
     orvanta::spectrum_view::TraceList traces_;
     orvanta::spectrum_view::OverTimePlots overTime_;
+    QComboBox* montages_ = nullptr;   ///< owned by the tool bar, as the texts
+    std::array<QLabel*, 3> status_{}; ///< entity, horizontal and vertical unit; null before set-up
 };

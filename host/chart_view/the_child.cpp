@@ -36,13 +36,15 @@ const owl::TResponseEntry* TheChild::Find(const owl::TEventKey& key) const {
 TheChild::TheChild(GlobalWindow& window, std::string name, PModule* module, const ChildResInfo& resources)
     : TWindow(&window, module), window_(window), name_(std::move(name)), messages_(module),
       resources_(resources), menu_(owl::MenuTemplate(resources.menu), this),
-      panes_(new ViewPanes(&window, panes_)) {
+      toolBar_(new owl::GadgetBar(*this, &window)), panes_(new ViewPanes(&window, panes_)) {
+    toolBar_->hide();
     resize(0, 0); // nothing is laid out yet
     panes_->setChildrenCollapsible(false);
     panes_->addWidget(this);
 }
 
 TheChild::~TheChild() {
+    delete toolBar_;
     if (panes_ != nullptr) {
         setParent(nullptr);
         delete panes_;
@@ -73,6 +75,17 @@ void TheChild::Destroy(int retVal) {
     TWindow::Destroy(retVal);
     if (panes_ != nullptr) {
         panes_->hide();
+    }
+}
+
+QWidget* TheChild::GetGadget(int key) const {
+    const auto found = gadgets_.find(key);
+    return found != gadgets_.end() ? found->second : nullptr;
+}
+
+void TheChild::PressToolBtn(int key, bool down) const {
+    if (auto* button = dynamic_cast<owl::TwoStateButton*>(GetGadget(key))) {
+        button->Press(down);
     }
 }
 

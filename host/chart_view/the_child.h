@@ -3,12 +3,15 @@
 #pragma once
 
 #include "host/chart_view/global_window.h"
+#include "host/toolkit/gadget_bar.h"
 #include "host/toolkit/menu.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/window.h"
 #include "spectra_contract/api.h"
 
-#include <memory>
+#include <QPointer>
+
+#include <map>
 #include <string>
 
 class QSplitter;
@@ -22,9 +25,9 @@ struct ChildResInfo {
     unsigned smallIcon = 0; ///< of its tab
 };
 
-/// A view: a window with a menu and a section of the user's settings, in a splitter that also takes what
-/// stands beside the view. The splitter belongs to the main window, which shows it; it ends with the view.
-/// GUI thread.
+/// A view: a window with a menu, a tool bar and a section of the user's settings, in a splitter that also
+/// takes what stands beside the view. The splitter belongs to the main window, which shows it; it ends with
+/// the view. GUI thread.
 class ORVANTA_API TheChild : public owl::TWindow {
 public:
     /// \param name of the class, and of its section of the settings
@@ -38,6 +41,10 @@ public:
     /// May be null.
     const PModule* GetMessages() const { return messages_; }
     owl::TMenu& GetMenu() { return menu_; }
+    /// Hidden until the main window shows it.
+    owl::GadgetBar& GetToolBar() const { return *toolBar_; }
+    /// The gadget of the table that has this key; null when there is none.
+    QWidget* GetGadget(int key) const;
     /// The view is one of its panes.
     QSplitter& Panes() const;
     const owl::TFont& GetViewFont() const { return viewFont_; }
@@ -67,6 +74,10 @@ protected:
     void WriteChildInt(const char* key, int value) const;
     void WriteChildDouble(const char* key, double value) const;
 
+    /// From now on the gadget has this key.
+    void SetGadget(int key, QWidget* gadget) { gadgets_[key] = gadget; }
+    /// Nothing for a gadget that is not a button of two states.
+    void PressToolBtn(int key, bool down) const;
     void CheckMenu(unsigned id, bool check) { menu_.CheckMenuItem(id, check); }
     /// Lets the user choose another font, which is kept. \return true when one was chosen
     bool ChooseChildFont();
@@ -85,5 +96,7 @@ private:
     ChildResInfo resources_;
     owl::TMenu menu_;
     owl::TFont viewFont_;
-    QSplitter* panes_; ///< null once it ends
+    QPointer<owl::GadgetBar> toolBar_;
+    std::map<int, QPointer<QWidget>> gadgets_; ///< by key
+    QSplitter* panes_;                         ///< null once it ends
 };

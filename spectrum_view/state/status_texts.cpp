@@ -31,7 +31,7 @@ std::string TimeIntervalText(const SpectraMgr& manager, const PModule* messages)
 }
 
 std::string TitleOf(const SpectraMgr& manager, const EEGFileInfoType& recording, const PModule* messages) {
-    if (manager.GetMain() == nullptr) {
+    if (manager.GetMain() == nullptr || !manager.GetMain()->IsComputed()) {
         return {};
     }
     std::optional<std::string> threshold;

@@ -24,7 +24,8 @@ StatusTexts StatusTextsOf(const SpectraMgr& manager, const PModule* messages);
 /// "Analyzed: 118 epochs, 236.0 s", at most 127 bytes; empty without a main analysis.
 std::string TimeIntervalText(const SpectraMgr& manager, const PModule* messages);
 
-/// Recording, main analysis, processed time, and the p-scale of a comparison; empty without a main analysis.
+/// Recording, main analysis, processed time, and the p-scale of a comparison; empty without a computed
+/// main analysis.
 std::string TitleOf(const SpectraMgr& manager, const EEGFileInfoType& recording, const PModule* messages);
 
 } // namespace orvanta::spectrum_view

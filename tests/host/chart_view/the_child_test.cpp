@@ -34,6 +34,7 @@ public:
     using TheChild::ChooseChildFont;
     using TheChild::CopyStringToClipboard;
     using TheChild::MyAlphaBlend;
+    using TheChild::PressToolBtn;
     using TheChild::ReadChildDouble;
     using TheChild::ReadChildInt;
     using TheChild::SetMessageBar;
@@ -59,6 +60,8 @@ protected:
     void CreateGadgets() override {
         TheChild::CreateGadgets();
         steps.emplace_back("gadgets");
+        SetGadget(7, GetToolBar().AddTwoStateButton(kCommand, 0, 0, "Lock"));
+        SetGadget(8, GetToolBar().AddButton(kCommand, 0, "Do it"));
     }
 };
 
@@ -134,6 +137,33 @@ TEST_F(ChildWindow, HasAMenuThatRunsItsCommands) {
     EXPECT_TRUE(view.GetMenu().Item(kCommand)->isChecked());
 }
 
+TEST_F(ChildWindow, HasAToolBarThatRunsItsCommands) {
+    View view(window);
+    view.Create();
+    view.steps.clear();
+    static_cast<QToolButton*>(view.GetGadget(8))->click();
+    EXPECT_THAT(view.steps, ElementsAre("command"));
+}
+
+TEST_F(ChildWindow, ShowsNoToolBarOfItsOwn) {
+    const View view(window);
+    ShowInside(window, view);
+    EXPECT_TRUE(view.GetToolBar().isHidden());
+}
+
+TEST_F(ChildWindow, PressesButtonsOfTwoStatesByTheirKey) {
+    View view(window);
+    view.Create();
+    view.PressToolBtn(7, true);
+    EXPECT_TRUE(static_cast<owl::TwoStateButton*>(view.GetGadget(7))->isChecked());
+    view.PressToolBtn(7, false);
+    EXPECT_FALSE(static_cast<owl::TwoStateButton*>(view.GetGadget(7))->isChecked());
+    view.PressToolBtn(8, true); // a plain button
+    view.PressToolBtn(9, true); // none
+    EXPECT_FALSE(static_cast<QToolButton*>(view.GetGadget(8))->isChecked());
+    EXPECT_EQ(view.GetGadget(9), nullptr);
+}
+
 TEST_F(ChildWindow, FillsItsSplitterAndMakesRoomForWhatStandsBeside) {
     const View view(window);
     ShowInside(window, view);
@@ -155,7 +185,9 @@ TEST_F(ChildWindow, EndsWithItsSplitterOrTheSplitterWithIt) {
     EXPECT_TRUE(view.isNull());
     const QPointer<View> other(new View(window));
     const QPointer<QSplitter> otherPanes(&other->Panes());
+    const QPointer<owl::GadgetBar> toolBar(&other->GetToolBar());
     delete other.data();
+    EXPECT_TRUE(toolBar.isNull());
     EXPECT_TRUE(otherPanes.isNull());
 }
 
