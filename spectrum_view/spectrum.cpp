@@ -111,8 +111,8 @@ void Spectrum::CreateGadgets() {
     add(kCmPreviousTrace, 2064, "CM_SPE_PREVIOUS.tip", "Previous traces");
     add(kCmNextTrace, 2065, "CM_SPE_NEXT.tip", "Next traces");
     bar.AddGap();
-    montages_ = bar.AddComboBox(kMontageSelector,
-                                owl::TextOr(GetMessages(), "MENU", "CM_SPE_MONTAGE.tip", "Montage"));
+    montages_ = bar.AddComboBox(
+        kMontageSelector, owl::TextOr(GetMessages(), "MENU", "CM_SPE_MONTAGE.tip", "Choose the montage"));
     bar.AddGap();
     add(kCmEditOptions, kCmEditOptions, "CM_SPE_OPTIONS.tip", "Computation options");
     add(kCmRecompute, kCmRecompute, "CM_SPE_RECOMPUTE.tip", "Compute the spectra again");
