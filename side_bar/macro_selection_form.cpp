@@ -2,6 +2,7 @@
 #include "side_bar/macro_selection_form.h"
 
 #include "host/toolkit/form_texts.h"
+#include "host/toolkit/icon.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/services.h"
@@ -13,6 +14,7 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QTextCursor>
 
 #include <algorithm>
 #include <cstdio>
@@ -57,6 +59,7 @@ TFormMacroSpectra::TFormMacroSpectra(QWidget* owner, HWND parent, SpectraMacro* 
     SetUpControls();
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormMacroSpectra");
     setWindowTitle(QString::fromStdString(MacroText("CAPTION_DEFAULT", "Spectra Manager (Default)")));
+    MakeRoomForCaptions();
     FillList();
 }
 
@@ -90,6 +93,32 @@ void TFormMacroSpectra::SetUpControls() {
     });
     connect(list, &QListWidget::doubleClicked, this, [this] { ListBoxMacroDblClick(); });
     list->installEventFilter(this);
+}
+
+void TFormMacroSpectra::MakeRoomForCaptions() {
+    for (QPushButton* button : {ui_->BitBtnNew, ui_->BitBtnEdit, ui_->BitBtnErase}) {
+        const int caption = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        button->setMinimumWidth(
+            std::max(button->minimumWidth(),
+                     caption + button->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, button)));
+    }
+    ui_->libraryButtons->invalidate(); // what it has reckoned with is no longer so
+    const int margins = layout()->contentsMargins().left() + layout()->contentsMargins().right();
+    const int needed =
+        std::max(ui_->libraryButtons->minimumSize().width(), ui_->endButtons->minimumSize().width());
+    setMinimumWidth(std::max(minimumWidth(), needed + margins));
+}
+
+/// In a narrow form the captions take the room.
+void TFormMacroSpectra::ShowIcons(bool shown) {
+    const std::pair<QPushButton*, const char*> icons[] = {{ui_->BitBtnNew, "new"},
+                                                          {ui_->BitBtnEdit, "edit"},
+                                                          {ui_->BitBtnErase, "erase"},
+                                                          {ui_->BtnAutoAverage, "ok"},
+                                                          {ui_->BtnCancel, "cancel"}};
+    for (const auto& [button, name] : icons) {
+        button->setIcon(shown ? owl::IconOf(QString(name)) : QIcon());
+    }
 }
 
 std::string TFormMacroSpectra::GetCaption() const {
@@ -127,13 +156,28 @@ std::string TFormMacroSpectra::SelectedName() const {
 
 std::string TFormMacroSpectra::SelectedPath() const {
     constexpr std::size_t kLongest = 259;
-    return (GetMacroFolder() + SelectedName() + kExtension).substr(0, kLongest);
+    const std::string path = GetMacroFolder() + SelectedName() + kExtension;
+    // Cut, it could be the path of another macro.
+    return path.size() <= kLongest ? path : std::string();
 }
 
 void TFormMacroSpectra::Describe() {
     std::ostringstream text;
     macro_->GetLongDescrStr(text);
-    ui_->Memo1->setPlainText(QString::fromStdString(text.str()));
+    ui_->Memo1->clear();
+    QTextCursor cursor(ui_->Memo1->document());
+    QTextCharFormat names;
+    names.setFontWeight(QFont::DemiBold);
+    for (const QString& line : QString::fromStdString(text.str()).split('\n')) {
+        const qsizetype value = line.indexOf(": ") + 1; // 0 where there is no name
+        if (!cursor.atStart()) {
+            cursor.insertBlock();
+        }
+        cursor.insertText(line.first(value), names);
+        cursor.insertText(line.sliced(value), QTextCharFormat());
+    }
+    ui_->Memo1->moveCursor(QTextCursor::Start);
+    ui_->Memo1->setCurrentCharFormat(QTextCharFormat()); // of the text that replaces this one
 }
 
 void TFormMacroSpectra::ListBoxMacroClick() {
@@ -142,7 +186,8 @@ void TFormMacroSpectra::ListBoxMacroClick() {
         ui_->BitBtnEdit->setEnabled(false);
         return;
     }
-    const int loaded = macro_->Load(SelectedPath());
+    const std::string path = SelectedPath();
+    const int loaded = macro_->Load(path);
     setWindowTitle(QString::fromStdString(
         FillIn(MacroText("CAPTION_LOADED", "Spectra Manager ( %s )"), {SelectedName()})));
     if (loaded != 0) {
@@ -155,10 +200,10 @@ void TFormMacroSpectra::ListBoxMacroClick() {
         Describe();
     } else {
         // Nothing was loaded: what is wrong with the file, and not the settings from before.
-        ui_->Memo1->setPlainText(QString::fromStdString(
-            FillIn(MacroText("NOT_LOADED",
-                             "The file of this macro cannot be read. The settings are as before.\n\n%s"),
-                   {macro_->GetLastError()})));
+        ui_->Memo1->setPlainText(QString::fromStdString(FillIn(
+            MacroText("NOT_LOADED",
+                      "The file of this macro cannot be read. The settings are as before.\n\n%s"),
+            {path.empty() ? MacroText("NAME_TOO_LONG", "File name too long") : macro_->GetLastError()})));
     }
     ui_->BitBtnEdit->setEnabled(true);
 }
@@ -169,13 +214,23 @@ void TFormMacroSpectra::ListBoxMacroDblClick() {
 
 bool TFormMacroSpectra::EditMacro(int mode) {
     TFormSpectrumMacro settings(GetHandle(), GetMacroFolder(), macro_, events_, sensors_, mode);
-    return settings.ShowModal() == owl::kIdOk;
+    if (settings.ShowModal() != owl::kIdOk) {
+        return false;
+    }
+    FillList();
+    if (!macro_->GetFileName().empty() && !macro_->GetLastError().empty()) {
+        // The settings form is silent about it.
+        ui_->Memo1->setPlainText(QString::fromStdString(
+            FillIn(MacroText("NOT_SAVED", "The changes could not be saved. They count until another macro is "
+                                          "loaded.\n\n%s"),
+                   {macro_->GetLastError()})));
+        return false;
+    }
+    return true;
 }
 
 void TFormMacroSpectra::BitBtnNewClick() {
-    if (EditMacro(kModeNew)) {
-        FillList();
-    }
+    EditMacro(kModeNew);
 }
 
 void TFormMacroSpectra::BitBtnEditClick() {
@@ -187,11 +242,7 @@ void TFormMacroSpectra::BitBtnEditClick() {
     // "Average" here, "Spectra" on a click: the titles have always differed.
     setWindowTitle(QString::fromStdString(
         FillIn(MacroText("CAPTION_EDITED", "Average Manager ( %s )"), {SelectedName()})));
-    if (!EditMacro(kModeEdit)) {
-        return;
-    }
-    FillList();
-    if (macro_->GetFileName() == path) {
+    if (EditMacro(kModeEdit) && macro_->GetFileName() == path) {
         Describe();
     }
 }
@@ -248,6 +299,7 @@ bool TFormMacroSpectra::eventFilter(QObject* watched, QEvent* event) {
 void TFormMacroSpectra::resizeEvent(QResizeEvent* event) {
     const bool twoColumns = width() >= kWidthForTwoColumns;
     ui_->splitter->setOrientation(twoColumns ? Qt::Horizontal : Qt::Vertical);
+    ShowIcons(twoColumns);
     // Room for the captions of the buttons, as long as there is room at all.
     ui_->library->setMinimumWidth(twoColumns ? ui_->libraryButtons->sizeHint().width() : 0);
     TForm::resizeEvent(event);

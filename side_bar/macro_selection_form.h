@@ -65,13 +65,16 @@ protected:
 
 private:
     void SetUpControls();
+    void MakeRoomForCaptions();
+    void ShowIcons(bool shown);
     void FillList();
     /// -1 when no row is selected.
     int SelectedRow() const;
     std::string SelectedName() const;
+    /// Empty when it would be longer than 259 characters.
     std::string SelectedPath() const;
     void Describe();
-    /// Runs the settings form on the macro. True when it ended with OK.
+    /// Runs the settings form on the macro. True when it ended with OK and nothing failed to be saved.
     bool EditMacro(int mode);
 
     static constexpr const char* kExtension = ".smx";

@@ -2,6 +2,7 @@
 #include "side_bar/spectrum_macro_form.h"
 
 #include "host/toolkit/form_texts.h"
+#include "host/toolkit/icon.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/services.h"
 #include "side_bar/taper_names.h"
@@ -67,6 +68,10 @@ TFormSpectrumMacro::TFormSpectrumMacro(HWND parent, const char* folder, SpectraM
     ui_->setupUi(this);
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormSpectrumMacro");
     SetCancelButton(ui_->BitBtnCompute);
+    ui_->BtnSpeColor->setIcon(owl::IconOf(QStringLiteral("colour")));
+    ui_->BitBtnCompute->setIcon(owl::IconOf(QStringLiteral("compute")));
+    ui_->BitBtnSaveAs->setIcon(owl::IconOf(QStringLiteral("save_as")));
+    ui_->BitBtn3->setIcon(owl::IconOf(QStringLiteral("cancel")));
     ConnectHandlers();
     ShowWindowLength();
     ShowNumbers();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/form_style.h"
 
-#include <QFile>
+#include "host/toolkit/icon.h"
+
 #include <QPainter>
 #include <QStyleOption>
 
@@ -62,16 +63,23 @@ void DrawFrame(const QStyleOption& option, QPainter& painter) {
     }
 }
 
-const char* IconFile(QStyle::StandardPixmap icon) {
+const char* IconName(QStyle::StandardPixmap icon) {
     switch (icon) {
     case QStyle::SP_MessageBoxWarning:
-        return ":/icons/warning.svg";
+        return "warning";
     case QStyle::SP_MessageBoxCritical:
-        return ":/icons/error.svg";
+        return "error";
     case QStyle::SP_MessageBoxQuestion:
-        return ":/icons/question.svg";
+        return "question";
     case QStyle::SP_MessageBoxInformation:
-        return ":/icons/information.svg";
+        return "information";
+    case QStyle::SP_DialogOkButton:
+    case QStyle::SP_DialogYesButton:
+        return "ok";
+    case QStyle::SP_DialogCancelButton:
+    case QStyle::SP_DialogNoButton:
+    case QStyle::SP_DialogCloseButton:
+        return "cancel";
     default:
         return "";
     }
@@ -82,8 +90,16 @@ const char* IconFile(QStyle::StandardPixmap icon) {
 FormStyle::FormStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 QIcon FormStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
-    const QString file = IconFile(icon);
-    return QFile::exists(file) ? QIcon(file) : QProxyStyle::standardIcon(icon, option, widget);
+    const QIcon own = IconOf(QString(IconName(icon)));
+    return own.isNull() ? QProxyStyle::standardIcon(icon, option, widget) : own;
+}
+
+int FormStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* answer) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+        return 1; // as the buttons of the forms, on every desktop
+    }
+    return QProxyStyle::styleHint(hint, option, widget, answer);
 }
 
 void FormStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

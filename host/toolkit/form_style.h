@@ -8,14 +8,16 @@
 
 namespace owl {
 
-/// Qt's Fusion style with the icons of this program in message boxes, outlines of check boxes and radio
-/// buttons that stand out from every background, and frames that are whole at every scale.
+/// Qt's Fusion style with the icons of this program in message boxes and on their buttons, outlines of check
+/// boxes and radio buttons that stand out from every background, and frames that are whole at every scale.
 class ORVANTA_TOOLKIT_API FormStyle final : public QProxyStyle {
 public:
     FormStyle();
 
-    /// The icon ":/icons/warning.svg" and so on; Qt's own where the program has none.
+    /// Of the program's resources; Qt's own where they have none.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
 };

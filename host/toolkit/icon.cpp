@@ -13,8 +13,8 @@ namespace owl {
 
 namespace {
 
-QString FileOf(unsigned number) {
-    return QString(":/icons/%1.svg").arg(number);
+QString FileOf(const QString& name) {
+    return ":/icons/" + name + ".svg";
 }
 
 bool IsBlack(const QImage& image) {
@@ -96,17 +96,22 @@ private:
     QString up_, down_;
 };
 
+QIcon IconOfFiles(const QString& up, const QString& down) {
+    return QFile::exists(up) && QFile::exists(down) ? QIcon(new SvgIconEngine(up, down)) : QIcon();
+}
+
 } // namespace
 
 QIcon IconOf(unsigned number) {
     return IconOf(number, number);
 }
 
+QIcon IconOf(const QString& name) {
+    return IconOfFiles(FileOf(name), FileOf(name));
+}
+
 QIcon IconOf(unsigned up, unsigned down) {
-    if (!QFile::exists(FileOf(up)) || !QFile::exists(FileOf(down))) {
-        return {};
-    }
-    return QIcon(new SvgIconEngine(FileOf(up), FileOf(down)));
+    return IconOfFiles(FileOf(QString::number(up)), FileOf(QString::number(down)));
 }
 
 } // namespace owl

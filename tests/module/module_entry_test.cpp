@@ -80,6 +80,25 @@ TEST_F(ModuleEntry, AnswersMinus2AndAddsNothingWhenTheUserCancels) {
     EXPECT_THAT(cursors_.Log(), IsEmpty());
 }
 
+TEST_F(ModuleEntry, ShowsIconsOnTheButtonsOfItsForms) {
+    user_
+        .MeetsDialog([](QDialog& form) {
+            for (const char* name :
+                 {"BitBtnNew", "BitBtnEdit", "BitBtnErase", "BtnAutoAverage", "BtnCancel"}) {
+                EXPECT_FALSE(form.findChild<QAbstractButton*>(name)->icon().isNull()) << name;
+            }
+            FormUser(form).Clicks("BitBtnNew");
+            FormUser(form).Clicks("BtnCancel");
+        })
+        .MeetsDialog([](QDialog& settings) {
+            for (const char* name : {"BtnSpeColor", "BitBtnCompute", "BitBtnSaveAs", "BitBtn3"}) {
+                EXPECT_FALSE(settings.findChild<QAbstractButton*>(name)->icon().isNull()) << name;
+            }
+            FormUser(settings).Clicks("BitBtn3");
+        });
+    EXPECT_EQ(Create(), -2);
+}
+
 TEST_F(ModuleEntry, TakesAFormClosedWithoutAButtonForCancelled) {
     EXPECT_EQ(CreateWhileUserClicks(""), -2);
     EXPECT_EQ(manager_.Size(), 0U);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/form_style.h"
+#include "host/toolkit/icon.h"
 
 #include <QIcon>
 #include <QPixmap>
@@ -19,7 +20,7 @@ TEST(MessageIcons, AreOfThisProgramAndSharpAtEveryScale) {
         for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
             const QPixmap shown = style.standardIcon(icon, nullptr, nullptr).pixmap(QSize(48, 48), scale);
             EXPECT_EQ(shown.size(), QSize(48, 48) * scale) << name;
-            const QPixmap own = QIcon(QString(":/icons/%1.svg").arg(name)).pixmap(QSize(48, 48), scale);
+            const QPixmap own = owl::IconOf(QString(name)).pixmap(QSize(48, 48), scale);
             EXPECT_EQ(shown.toImage(), own.toImage()) << name;
         }
     }

@@ -7,6 +7,7 @@
 #include "tests/side_bar/disk.h"
 
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QTest>
 
 namespace {
@@ -45,6 +46,48 @@ TEST_F(MacroLibrary, LoadsTheMacroThatIsClicked) {
                                       "Events to exclude: None\n"
                                       "Epochs: All\n"
                                       "Contrast value: 0\n");
+    EXPECT_THAT(user_.Messages(), IsEmpty());
+}
+
+/// Whether the character at \p position is of a strong face.
+bool IsStrong(const QPlainTextEdit& memo, int position) {
+    QTextCursor cursor(memo.document());
+    cursor.setPosition(position + 1); // the format is that of the character before
+    return cursor.charFormat().fontWeight() > QFont::Normal;
+}
+
+TEST_F(MacroLibrary, SetsTheNamesOfADescriptionOffItsValues) {
+    Save("Alpha", 10);
+    Write("Broken", kBroken);
+    auto* memo = Open().findChild<QPlainTextEdit*>("Memo1");
+    Hand().SelectsRow("ListBoxMacro", 0);
+    const qsizetype second = memo->toPlainText().indexOf("Overlap");
+    EXPECT_TRUE(IsStrong(*memo, 0));
+    EXPECT_FALSE(IsStrong(*memo, static_cast<int>(second) - 2));
+    EXPECT_TRUE(IsStrong(*memo, static_cast<int>(second)));
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 1);
+    EXPECT_FALSE(IsStrong(*memo, 0)) << "what is wrong with a file is no description";
+}
+
+TEST_F(MacroLibrary, SaysThatAnEditedMacroCouldNotBeSaved) {
+    Save("Alpha", 10);
+    Open();
+    Hand().SelectsRow("ListBoxMacro", 0);
+    user_.Meets<TFormSpectrumMacro>([this](TFormSpectrumMacro& settings) {
+        const FormUser hand(settings);
+        hand.SetsNumber("udOverlap", 25);
+        std::filesystem::remove(PathOf("Alpha"));
+        std::filesystem::create_directory(PathOf("Alpha"));
+        hand.Clicks("BitBtnCompute");
+    });
+    Hand().Clicks("BitBtnEdit");
+    EXPECT_THAT(
+        Hand().TextOf("Memo1").toStdString(),
+        testing::StartsWith("The changes could not be saved. They count until another macro is loaded."
+                            "\n\n" +
+                            PathOf("Alpha")));
+    EXPECT_EQ(macro_.GetOverlapPerc(), 25U) << "the settings are not lost";
     EXPECT_THAT(user_.Messages(), IsEmpty());
 }
 
@@ -338,6 +381,32 @@ TEST_F(MacroLibrary, ErasesNothingWithoutASelectedRow) {
     Hand().Clicks("BitBtnErase");
     EXPECT_TRUE(Exists("Alpha"));
     EXPECT_THAT(user_.Messages(), IsEmpty());
+}
+
+TEST_F(MacroLibrary, NeverTakesACutPathForThatOfAnotherMacro) {
+    // given a path of 259 characters, and one that begins with it
+    constexpr std::size_t kLongest = 259;
+    const std::string whole(kLongest - PathOf("").size(), 'x');
+    const std::string longer = whole + ".smx";
+    Save(whole, 10);
+    std::filesystem::copy_file(PathOf(whole), PathOf(longer));
+    Open();
+    ASSERT_THAT(Hand().RowsOf("ListBoxMacro"), ElementsAre(QString(whole.c_str()), QString(longer.c_str())));
+    // when the user looks at the longer one, edits and erases it
+    user_.AnswersMessage(owl::kIdOk);
+    Hand().SelectsRow("ListBoxMacro", 1);
+    EXPECT_THAT(Hand().TextOf("Memo1").toStdString(), EndsWith("\n\nFile name too long"));
+    user_.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& settings) {
+        FormUser(settings).SetsNumber("udOverlap", 25);
+        FormUser(settings).Clicks("BitBtnCompute");
+    });
+    Hand().Clicks("BitBtnEdit");
+    user_.AnswersMessage(owl::kIdYes);
+    Hand().Clicks("BitBtnErase");
+    // then the other one is as it was
+    SpectraMacro other;
+    EXPECT_EQ(other.Load(PathOf(whole)), 0);
+    EXPECT_EQ(other.GetOverlapPerc(), 10U);
 }
 
 TEST_F(MacroLibrary, IsSilentWhenErasingFails) {

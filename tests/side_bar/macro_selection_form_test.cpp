@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
@@ -69,6 +70,23 @@ TEST_F(MacroSelectionForm, MayBeAsSmallAs200By250) {
         EXPECT_TRUE(form.rect().contains(place)) << name;
         EXPECT_GE(control->height(), control->minimumSizeHint().height() / 2) << name;
     }
+}
+
+TEST_F(MacroSelectionForm, IsNeverNarrowerThanItsCaptions) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(3 * before.pointSize());
+    QApplication::setFont(large); // as longer texts of another language do
+    TFormMacroSpectra& form = Open();
+    form.resize(form.minimumSize());
+    QCoreApplication::processEvents();
+    for (const char* name : {"BitBtnNew", "BitBtnEdit", "BitBtnErase", "BtnAutoAverage", "BtnCancel"}) {
+        auto* button = form.findChild<QPushButton*>(name);
+        EXPECT_GE(button->width(), button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width())
+            << name;
+        EXPECT_LE(button->mapTo(&form, QPoint(button->width(), 0)).x(), form.width()) << name;
+    }
+    QApplication::setFont(before);
 }
 
 TEST_F(MacroSelectionForm, KnowsFromItsModeWhetherItIsNewAndActive) {

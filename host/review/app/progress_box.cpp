@@ -3,12 +3,14 @@
 
 #include "host/platform/interrupts.h"
 #include "host/toolkit/form_texts.h"
+#include "host/toolkit/icon.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/services.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QLabel>
+#include <QPushButton>
 
 #include <algorithm>
 #include <limits>
@@ -39,6 +41,7 @@ ProgressBox::ProgressBox(const std::string& text, QWidget* parent)
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     window_.setLabel(label);
     window_.setWindowTitle("Orvanta");
+    window_.findChild<QPushButton*>()->setIcon(owl::IconOf(QStringLiteral("cancel")));
     window_.setWindowModality(Qt::ApplicationModal);
     window_.setMinimumWidth(kMinimumWidth);
     // It comes and goes with the work, not by an estimate.
