@@ -63,7 +63,7 @@ TFormSpectrumMacro::TFormSpectrumMacro(HWND parent, const char* folder, SpectraM
                                        EventsManager* events, const SensorList& sensors, int mode)
     : TForm(parent), ui_(std::make_unique<Ui::TFormSpectrumMacro>()), macro_(macro), events_(events),
       sensors_(sensors), samplingRate_(sensors.empty() ? 1 : std::max(1U, sensors.front()->GetAcqSR())),
-      editable_(mode != 0 && events != nullptr), openedFromLibrary_(mode == 1), dialogColor_(macro->Color) {
+      editable_(mode != 0 && events != nullptr), openedFromLibrary_(mode == 1), cdSpeColor_(macro->Color) {
     std::snprintf(macroFolder_.data(), macroFolder_.size(), "%s", folder);
     ui_->setupUi(this);
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormSpectrumMacro");

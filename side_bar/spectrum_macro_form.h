@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/toolkit/form.h"
-#include "host/toolkit/geometry.h"
+#include "host/toolkit/modal_gateway.h"
 #include "side_bar/event_rows.h"
 #include "spectra_contract/sensor.h"
 
@@ -59,6 +59,13 @@ public:
     void rbESMUseExactlyClick();
     void ebUseExactlyCountEpochsChange();
 
+    /// A chooser that belongs to the layout; nothing asks with it.
+    const owl::FileQuestion SaveDialog1{.title = "Save Macro Preset",
+                                        .filter = "Spectra Macro File|*.smx|All Files|*.*",
+                                        .extension = "max",
+                                        .folder = {},
+                                        .name = {}};
+
     /// Whether "Compute" and "Save As..." write.
     bool IsEditable() const { return editable_; }
     bool IsOpenedFromLibrary() const { return openedFromLibrary_; }
@@ -89,6 +96,6 @@ private:
     bool editable_;
     bool openedFromLibrary_;
     std::array<char, 260> macroFolder_{};
-    owl::TColor dialogColor_;                                       ///< what the colour chooser starts with
+    owl::TColor cdSpeColor_;                                        ///< the colour chooser's current colour
     std::vector<orvanta::side_bar::EventRow> stateRows_, spotRows_; ///< the lists' rows point to their types
 };

@@ -88,7 +88,7 @@ void TFormSpectrumMacro::ReadControls() {
     macro_->SetAcceptStateList(SelectedLabels(*ui_->lvStateAccept));
     macro_->SetAcceptSpotList(SelectedLabels(*ui_->lvSpotAccept));
     macro_->SetRejectEventsList(SelectedLabels(*ui_->lvReject));
-    macro_->Color = dialogColor_;
+    macro_->Color = cdSpeColor_;
     macro_->SetContrastValue(ui_->udContrastValue->value());
     using Epochs = SpectraMacro::EpochsSelectionMode;
     macro_->SetEpochsSelMode(ui_->rbESMAllEpochs->isChecked()     ? Epochs::All
@@ -130,9 +130,9 @@ void TFormSpectrumMacro::SaveUnderNewName() {
 }
 
 void TFormSpectrumMacro::BtnSpeColorClick() {
-    const std::optional<owl::TColor> chosen = owl::CurrentModalGateway().AskColor(GetHandle(), dialogColor_);
+    const std::optional<owl::TColor> chosen = owl::CurrentModalGateway().AskColor(GetHandle(), cdSpeColor_);
     if (chosen) {
-        dialogColor_ = *chosen;
+        cdSpeColor_ = *chosen;
         macro_->Color = *chosen;
         PaintSwatch();
     }
@@ -141,7 +141,7 @@ void TFormSpectrumMacro::BtnSpeColorClick() {
 void TFormSpectrumMacro::PaintSwatch() {
     QPalette colors = ui_->imSpeColor->palette();
     colors.setColor(QPalette::Window,
-                    QColor(owl::Red(dialogColor_), owl::Green(dialogColor_), owl::Blue(dialogColor_)));
+                    QColor(owl::Red(cdSpeColor_), owl::Green(cdSpeColor_), owl::Blue(cdSpeColor_)));
     ui_->imSpeColor->setPalette(colors);
 }
 

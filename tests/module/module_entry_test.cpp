@@ -179,6 +179,23 @@ TEST_F(ModuleEntry, AnalysesWithAMacroMadeOnTheSpot) {
     EXPECT_TRUE((*manager_.begin())->GetMacro() == saved);
 }
 
+TEST_F(ModuleEntry, HandsTheEegSensorsToTheForms) {
+    recording_ = orvanta::signal::MakeRecording(orvanta::test::MakeData(
+        {{"ECG", 256, std::vector<double>(1024)}, {"EEG Fp1", 64, std::vector<double>(256)}}));
+    QString samples;
+    user_
+        .MeetsDialog([](QDialog& form) {
+            FormUser(form).Clicks("BitBtnNew");
+            FormUser(form).Clicks("BtnCancel");
+        })
+        .MeetsDialog([&samples](QDialog& settings) {
+            samples = FormUser(settings).TextOf("ebNumSamples");
+            FormUser(settings).Clicks("BitBtn3");
+        });
+    EXPECT_EQ(Create(), -2);
+    EXPECT_EQ(samples, "128  (128)"); // 2 s at the 64 Hz of Fp1
+}
+
 TEST_F(ModuleEntry, ChecksTheMacroAgainstTheEventsOfTheRecording) {
     SpectraMacro closed;
     closed.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByStateEvents);

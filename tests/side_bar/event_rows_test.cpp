@@ -40,6 +40,13 @@ TEST(EventRows, SumDurationsBeforeTheyAreDivided) {
     EXPECT_EQ(WholeSeconds({}, 10), 0U);
 }
 
+TEST(EventRows, SumDurationsIn32Bits) {
+    XTimeList intervals;
+    intervals.push_back(Seconds(0, 3e9));
+    intervals.push_back(Seconds(0, 3e9));
+    EXPECT_EQ(WholeSeconds(intervals, 1), 1705032704U); // 6e9 - 2^32
+}
+
 TEST(EventRows, HaveNoSecondsWithoutARate) {
     XTimeList intervals;
     intervals.push_back(Seconds(0, 60));

@@ -6,6 +6,7 @@
 #include "side_bar/macro_selection_form.h"
 #include "spectra_contract/events.h"
 #include "spectra_contract/spectra_macro.h"
+#include "tests/side_bar/settings_case.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 #include "tests/support/recording_gui.h"
@@ -38,8 +39,8 @@ protected:
 
     /// Shows the form; the test goes on meanwhile.
     TFormMacroSpectra& Open() {
-        form_ = std::make_unique<TFormMacroSpectra>(nullptr, nullptr, &macro_, &events_, SensorList{}, 1,
-                                                    &platform_);
+        form_ = std::make_unique<TFormMacroSpectra>(nullptr, nullptr, &macro_, &events_, SensorList{&sensor_},
+                                                    1, &platform_);
         form_->show();
         return *form_;
     }
@@ -61,6 +62,7 @@ protected:
     platform::HostPlatform platform_{gui_, folder_.Path("settings.ini"), folder_.Path("data")};
     SpectraMacro macro_;
     EventsManager events_{256};
+    SensorType sensor_ = SensorAt(200);
     ScriptedUser user_;
 
 private:

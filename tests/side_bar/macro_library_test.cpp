@@ -232,6 +232,10 @@ TEST_F(MacroLibrary, MakesANewMacroOfTheSettingsAtHand) {
     user_
         .Meets<TFormSpectrumMacro>([&form](TFormSpectrumMacro& settings) {
             EXPECT_EQ(settings.parentWidget(), &form);
+            EXPECT_TRUE(settings.IsOpenedFromLibrary());
+            EXPECT_TRUE(settings.IsEditable());
+            EXPECT_STREQ(settings.GetMacroFolder(), form.GetMacroFolder());
+            EXPECT_EQ(settings.GetSamplingRate(), 200U);
             EXPECT_EQ(FormUser(settings).NumberOf("udOverlap"), 10);
             FormUser(settings).SetsNumber("udOverlap", 40);
             FormUser(settings).Clicks("BitBtnSaveAs");
@@ -288,6 +292,10 @@ TEST_F(MacroLibrary, EditsTheFileOfTheSelectedRow) {
     Save("Alpha", 15);
     user_.Meets<TFormSpectrumMacro>([&form](TFormSpectrumMacro& settings) {
         EXPECT_EQ(settings.parentWidget(), &form);
+        EXPECT_FALSE(settings.IsOpenedFromLibrary());
+        EXPECT_TRUE(settings.IsEditable());
+        EXPECT_STREQ(settings.GetMacroFolder(), form.GetMacroFolder());
+        EXPECT_EQ(settings.GetSamplingRate(), 200U);
         EXPECT_EQ(form.GetCaption(), "Average Manager ( Alpha )");
         EXPECT_EQ(FormUser(settings).NumberOf("udOverlap"), 15);
         FormUser(settings).SetsNumber("udOverlap", 60);

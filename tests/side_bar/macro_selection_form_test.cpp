@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
@@ -48,6 +49,16 @@ TEST_F(MacroSelectionForm, StartsWithNoRowSelectedAndEditDisabled) {
     EXPECT_TRUE(Hand().SelectedRowsOf("ListBoxMacro").isEmpty());
     EXPECT_FALSE(Hand().IsEnabled("BitBtnEdit"));
     EXPECT_EQ(Hand().TextOf("Memo1"), "");
+}
+
+TEST_F(MacroSelectionForm, HasADescriptionThatIsOnlyRead) {
+    Save("Alpha", 10);
+    auto* memo = Open().findChild<QPlainTextEdit*>("Memo1");
+    Hand().SelectsRow("ListBoxMacro", 0);
+    const QString description = memo->toPlainText();
+    QTest::keyClicks(memo, "changed");
+    EXPECT_EQ(memo->toPlainText(), description);
+    EXPECT_NE(memo->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
 }
 
 TEST_F(MacroSelectionForm, NeverShowsTheManualButton) {

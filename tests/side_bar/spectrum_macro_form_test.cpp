@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the settings form shows when it opens.
+#include "tests/side_bar/disk.h"
 #include "tests/side_bar/settings_case.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFrame>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTest>
@@ -16,6 +18,7 @@
 
 namespace {
 
+using orvanta::test::Disk;
 using orvanta::test::NumeralsOf;
 using orvanta::test::OpenForm;
 using orvanta::test::SensorAt;
@@ -176,8 +179,20 @@ TEST(SettingsForm, SelectsTheFirstWindowFunctionForAnUnknownName) {
     EXPECT_EQ(form.user.SelectedRowsOf("lbWindow"), QStringList(form.user.RowsOf("lbWindow").first()));
 }
 
+TEST(SettingsForm, ListsWindowFunctionsAsTheFolderGivesThemAndSelectsTheLastOfTheName) {
+    Disk disk;
+    disk.Lists({"Zeta.wnd", "HANNING.wnd", "Alpha.wnd", "hanning.wnd", "Beta.wnd"});
+    SettingsCase given;
+    given.macro.SetDSPWindowStr("Hanning");
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.RowsOf("lbWindow"), (QStringList{"Zeta", "HANNING", "Alpha", "hanning", "Beta"}));
+    EXPECT_EQ(form.user.SelectedRowsOf("lbWindow"), QStringList("hanning"));
+    EXPECT_EQ(disk.Listed().at(0).second, ".wnd");
+}
+
 TEST(SettingsForm, ListsEventsByCaptionWithCountsAndSeconds) {
     SettingsCase given;
+    given.AddState("Movement", 60, 3);
     const OpenForm form(given);
     const auto rowsOf = [&form](const char* name) {
         QStringList rows;
@@ -191,10 +206,26 @@ TEST(SettingsForm, ListsEventsByCaptionWithCountsAndSeconds) {
         }
         return rows;
     };
-    const QStringList states{"Asleep|2|30", "Awake|1|5", "bad|1|2"};
+    const QStringList states{"Asleep|2|30", "Awake|1|5", "bad|1|2", "Movement|1|3"};
     EXPECT_EQ(rowsOf("lvStateAccept"), states);
     EXPECT_EQ(rowsOf("lvReject"), states);
     EXPECT_EQ(rowsOf("lvSpotAccept"), (QStringList{"Blink|1", "Spike|3"}));
+}
+
+TEST(SettingsForm, GivesLabelsTheirWidthAtLeastAndCutsNoNumber) {
+    SettingsCase given;
+    const OpenForm form(given);
+    const struct {
+        const char* list;
+        int label;
+    } cases[] = {{"lvStateAccept", 120}, {"lvSpotAccept", 120}, {"lvReject", 110}};
+    for (const auto& wanted : cases) {
+        const auto* list = form.findChild<QTreeWidget*>(wanted.list);
+        EXPECT_GE(list->columnWidth(0), wanted.label) << wanted.list;
+        for (int column = 1; column < list->columnCount(); ++column) {
+            EXPECT_GE(list->columnWidth(column), list->header()->sectionSizeHint(column)) << wanted.list;
+        }
+    }
 }
 
 TEST(SettingsForm, SelectsTheEventsOfTheSettings) {
@@ -402,6 +433,14 @@ TEST(SettingsForm, HasItsCaptions) {
     EXPECT_EQ(titlesOf("lvStateAccept"), (QStringList{"Event to include", "Count", "Seconds"}));
     EXPECT_EQ(titlesOf("lvSpotAccept"), (QStringList{"Event to include", "Count"}));
     EXPECT_EQ(titlesOf("lvReject"), (QStringList{"Label", "Count", "Seconds"}));
+}
+
+TEST(SettingsForm, HasAChooserForFilesThatNothingAsksWith) {
+    SettingsCase given;
+    const OpenForm form(given);
+    EXPECT_EQ(form.SaveDialog1,
+              (owl::FileQuestion{"Save Macro Preset", "Spectra Macro File|*.smx|All Files|*.*", "max", "", "",
+                                 true}));
 }
 
 TEST(SettingsForm, FitsASmallScreen) {

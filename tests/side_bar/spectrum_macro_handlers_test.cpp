@@ -4,11 +4,13 @@
 #include "tests/support/qt/scripted_user.h"
 #include "tests/support/temp_folder.h"
 
+#include <QAbstractButton>
 #include <QFrame>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <initializer_list>
 
 namespace {
 
@@ -69,6 +71,23 @@ TEST(SettingsFormLength, IsOneSecondForATextThatIsNoNumber) {
     }
     form.user.Clicks("BitBtnCompute");
     EXPECT_EQ(given.macro.GetFFTSeconds(), 1.0);
+}
+
+/// Unchecks the buttons, which no user can.
+void Uncheck(const QWidget& form, std::initializer_list<const char*> buttons) {
+    for (const char* name : buttons) {
+        auto* button = form.findChild<QAbstractButton*>(name);
+        button->setAutoExclusive(false);
+        button->setChecked(false);
+    }
+}
+
+TEST(SettingsFormLength, IsOneSecondWhenNoButtonIsChecked) {
+    SettingsCase given;
+    const OpenForm form(given);
+    form.user.Clicks("rbFFT_40s");
+    Uncheck(form, {"rbFFT_40s"});
+    EXPECT_EQ(form.GetFFTSeconds(), 1.0);
 }
 
 TEST(SettingsFormLength, ReadsTheUsersNumerals) {
@@ -237,6 +256,15 @@ TEST(SettingsFormCompute, StoresTheIntervalsOfTheChoice) {
     }
 }
 
+TEST(SettingsFormCompute, KeepsTheIntervalsWhenNoneIsChosen) {
+    SettingsCase given;
+    given.macro.SetTimeIntervalSelectMode(Interval::ByDuration);
+    const OpenForm form(given);
+    Uncheck(form, {"rbByDuration"});
+    form.user.Clicks("BitBtnCompute");
+    EXPECT_EQ(given.macro.GetTimeIntervalSelectMode(), Interval::ByDuration);
+}
+
 TEST(SettingsFormCompute, StoresTheEpochsOfTheChoice) {
     const struct {
         const char *button, *criterion;
@@ -265,12 +293,16 @@ TEST(SettingsFormCompute, StoresAnEmptySetWhenNoEventIsSelected) {
     SettingsCase given;
     given.macro.SetTimeIntervalSelectMode(Interval::ByStateEvents);
     given.macro.SetAcceptStateList({"Awake"});
+    given.macro.SetAcceptSpotList({"Spike"});
     given.macro.SetRejectEventsList({"bad"});
     const OpenForm form(given);
     form.user.SelectsRows("lvStateAccept", {});
     form.user.SelectsRows("lvReject", {});
+    form.user.Clicks("rbBySpotEvent");
+    form.user.SelectsRows("lvSpotAccept", {});
     form.user.Clicks("BitBtnCompute");
     EXPECT_THAT(given.macro.GetAcceptStateList(), IsEmpty());
+    EXPECT_THAT(given.macro.GetAcceptSpotList(), IsEmpty());
     EXPECT_THAT(given.macro.GetRejectEventsList(), IsEmpty());
 }
 
