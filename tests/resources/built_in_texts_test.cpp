@@ -111,7 +111,8 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     const QSet<QString> namedInCode = NamedInCode();
     const QMap<QString, QString> english = ShippedTexts("en");
     for (const QString& key : english.keys()) {
-        if (key.startsWith("TForm") || key.startsWith("MACRO/") || key.startsWith("HOST/")) {
+        if (key.startsWith("TForm") || key.startsWith("MACRO/") || key.startsWith("MODULE/") ||
+            key.startsWith("HOST/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";
