@@ -3,6 +3,7 @@
 
 #include "host/toolkit/menu_templates.h"
 #include "host/toolkit/module.h"
+#include "resources/dialogs/dialog_templates.h"
 #include "resources/menus/spectrum_menu.h"
 
 #include <array>
@@ -48,11 +49,13 @@ void Attach(HINSTANCE instance) {
         state.messages.emplace("Orvanta", instance);
     }
     owl::RegisterMenuTemplate(resources::kSpectrumMenu, resources::kSpectrumMenuItems);
+    resources::RegisterDialogs();
 }
 
 void Detach() {
     State& state = TheState();
     if (state.users > 0 && --state.users == 0) {
+        resources::ForgetDialogs();
         owl::RegisterMenuTemplate(resources::kSpectrumMenu, {});
         state.messages.reset();
     }

@@ -24,6 +24,14 @@ constexpr GridSize GridSizeOf(std::int64_t rows, std::int64_t columns) {
     return c != 0 && r > kMostCells / c ? GridSize{0, 0} : GridSize{r, c};
 }
 
+/// The grid that was picked: columns in the lower, rows in the upper 16 of 32 bits.
+constexpr GridSize PickedGridSize(std::uint64_t picked) {
+    constexpr unsigned kBits = 16;
+    constexpr std::uint64_t kLow = (1U << kBits) - 1;
+    return GridSizeOf(static_cast<std::int64_t>(picked >> kBits & kLow),
+                      static_cast<std::int64_t>(picked & kLow));
+}
+
 /// First trace of the next page of \p cells; \p first when there is no trace of the \p count behind this
 /// page.
 constexpr std::uint64_t NextPage(std::uint64_t first, std::uint64_t cells, std::uint64_t count) {

@@ -28,7 +28,7 @@ FREE = ("tests", "benchmarks", "examples")
 QT_FREE = ("spectra_contract", "host/platform", "host/signal_base", "host/spectral_data", "host/review/cli")
 # Made of the Designer files in resources/ for the rooms that show them.
 FORM_HEADER = re.compile(r"^ui_\w+\.h$")
-FORM_ROOMS = ("side_bar", "spectrum_view", "spectral_maps", "host/review/app")
+FORM_ROOMS = ("resources", "side_bar", "spectrum_view", "spectral_maps", "host/review/app")
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')
 SOURCES = {".cpp", ".h"}
 

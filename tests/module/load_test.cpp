@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/dialog.h"
 #include "host/toolkit/menu_templates.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/module.h"
@@ -62,6 +63,16 @@ TEST(ModuleLoad, BringsItsMenuAndTakesItAway) {
         EXPECT_STREQ(owl::MenuTemplate(8320).front().text, "&View Spectrum");
     }
     EXPECT_TRUE(owl::MenuTemplate(8320).empty());
+}
+
+TEST(ModuleLoad, BringsItsDialogsAndTakesThemAway) {
+    {
+        const LoadedModule module;
+        const PDialog dialog(nullptr, 1628, nullptr);
+        EXPECT_EQ(dialog.windowTitle(), "Select Measures");
+    }
+    const PDialog dialog(nullptr, 1628, nullptr);
+    EXPECT_EQ(dialog.windowTitle(), "");
 }
 
 TEST(ModuleLoad, BringsItsIconsAndTextsAndTakesThemAway) {

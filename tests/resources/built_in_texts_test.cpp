@@ -29,7 +29,7 @@ constexpr Call kCalls[] = {
     {R"(MacroText\()", "MACRO"},
     {R"(FormText\()", "TFormSpectrumMacro"},
     {R"(Title\()", "HOST"},
-    {R"re(TextOr\([^;]*?"([A-Za-z_]+)",)re", ""},
+    {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
 
 constexpr const char* kRooms[] = {"side_bar", "module", "spectrum_view", "spectral_maps", "host/review"};
@@ -111,8 +111,8 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     const QSet<QString> namedInCode = NamedInCode();
     const QMap<QString, QString> english = ShippedTexts("en");
     for (const QString& key : english.keys()) {
-        if (key.startsWith("TForm") || key.startsWith("MACRO/") || key.startsWith("MODULE/") ||
-            key.startsWith("HOST/")) {
+        if (key.startsWith("TForm") || key.startsWith("DIALOG_") || key.startsWith("MACRO/") ||
+            key.startsWith("MODULE/") || key.startsWith("HOST/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";

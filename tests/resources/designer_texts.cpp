@@ -85,10 +85,11 @@ DesignerTexts ReadDesignerTexts(const QString& path) {
 }
 
 QStringList DesignerFiles() {
-    const QDir folder(ORVANTA_RESOURCES "/forms");
     QStringList files;
-    for (const QString& name : folder.entryList({"*.ui"})) {
-        files << folder.filePath(name);
+    for (const char* folder : {ORVANTA_RESOURCES "/dialogs", ORVANTA_RESOURCES "/forms"}) {
+        for (const QFileInfo& file : QDir(folder).entryInfoList({"*.ui"})) {
+            files << file.filePath();
+        }
     }
     return files;
 }

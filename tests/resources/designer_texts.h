@@ -18,7 +18,7 @@ struct DesignerTexts {
 /// Reads captions, titles, tool tips, column heads and items. A file that is no form fails the test.
 DesignerTexts ReadDesignerTexts(const QString& path);
 
-/// The Designer files of the forms.
+/// The Designer files of the dialogs and forms.
 QStringList DesignerFiles();
 
 } // namespace orvanta::test

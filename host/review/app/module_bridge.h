@@ -32,7 +32,7 @@ struct GalleryPage {
 /// What the windows of the gallery show. Must outlive their pages.
 struct GallerySample {
     EEGFileInfoType& recording;
-    const GenericPlatform& platform; ///< with some macros in its folder
+    GenericPlatform& platform; ///< with some macros in its folder
 };
 
 /// GUI thread. What is passed in is not owned and is used only during the call; a parent may be null.

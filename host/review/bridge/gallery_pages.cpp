@@ -6,6 +6,8 @@
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_macro.h"
+#include "spectra_contract/spectra_mgr.h"
+#include "spectrum_view/dialogs/measures_dialog.h"
 
 #include <QListWidget>
 
@@ -48,6 +50,12 @@ void ShowSpotSettings(const GallerySample& sample, const TakePicture& take) {
     ShowSettings(sample, take, "Around tones", kModeEdit);
 }
 
+void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    SpectMeasDlg dialog(nullptr, &sample.platform, &manager);
+    take(dialog);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
@@ -55,7 +63,7 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
         return GalleryPage{name, [sample, show](const TakePicture& take) { show(sample, take); }};
     };
     return {page("macro-selection", ShowMacroSelection), page("settings-states", ShowStateSettings),
-            page("settings-spots", ShowSpotSettings)};
+            page("settings-spots", ShowSpotSettings), page("measures", ShowMeasures)};
 }
 
 } // namespace orvanta::review

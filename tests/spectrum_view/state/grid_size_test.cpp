@@ -24,6 +24,14 @@ TEST(GridSize, OfMoreThan65536CellsIsNone) {
     EXPECT_EQ(GridSizeOf(std::numeric_limits<int>::max(), std::numeric_limits<int>::max()), (GridSize{0, 0}));
 }
 
+TEST(GridSize, IsPickedAsColumnsInTheLowerAndRowsInTheUpper16Bits) {
+    EXPECT_EQ(PickedGridSize(0x00020003), (GridSize{2, 3}));
+    EXPECT_EQ(PickedGridSize(0x000A0001), (GridSize{10, 1}));
+    EXPECT_EQ(PickedGridSize(0x00000004), (GridSize{0, 4}));
+    EXPECT_EQ(PickedGridSize(0xFFFFFFFF00020003), (GridSize{2, 3})) << "32 bits only";
+    EXPECT_EQ(PickedGridSize(0xFFFFFFFF).Cells(), 0u) << "more than 65536 cells";
+}
+
 TEST(Paging, GoesOnWhileThereAreTracesBehindThePage) {
     EXPECT_EQ(NextPage(0, 4, 10), 4u);
     EXPECT_EQ(NextPage(4, 4, 10), 8u);

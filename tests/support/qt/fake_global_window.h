@@ -8,7 +8,9 @@
 #include "tests/support/map_user.h"
 #include "tests/support/recording_gui.h"
 
+#include <cmath>
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,7 +21,11 @@ namespace orvanta::test {
 class FakePlatform final : public GenericPlatform {
 public:
     void FloatToStrLoc(char* buffer, int size, double value, int decimals) const override {
-        std::snprintf(buffer, static_cast<std::size_t>(size), "%.*f", decimals, value);
+        if (onNumber) {
+            onNumber(value);
+        }
+        std::snprintf(buffer, static_cast<std::size_t>(size), std::isfinite(value) ? "%.*f" : "n/a", decimals,
+                      value);
     }
     const GenericGUI* GetGUI() const override { return &gui; }
     UserType* GetUser() const override { return &user; }
@@ -41,6 +47,7 @@ public:
     RecordingGui gui;
     mutable MapUser user;
     std::map<std::string, std::string> texts; ///< by "section/key"
+    std::function<void(double)> onNumber;     ///< called before a number becomes text
     mutable HWND progressParent;              ///< of the progress display made last
 };
 

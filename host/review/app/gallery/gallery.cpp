@@ -115,7 +115,7 @@ int RunGallery(const GalleryRequest& request) {
         // The same pictures for every user.
         std::setlocale(LC_NUMERIC, "C");
         QApplication::setCursorFlashTime(0);
-        const DemoSample sample;
+        DemoSample sample;
         const std::vector<GalleryPage> pages =
             ChoosePages(MakePages(module.get(), sample.Get()), request.only);
         for (const Style style : {Style::Light, Style::Dark}) {

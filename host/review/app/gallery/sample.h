@@ -19,7 +19,7 @@ public:
     /// \throws std::runtime_error when they cannot be written
     DemoSample();
 
-    GallerySample Get() const { return {*recording_, platform_}; }
+    GallerySample Get() { return {*recording_, platform_}; }
 
 private:
     QTemporaryDir folder_;

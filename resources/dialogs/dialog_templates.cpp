@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "resources/dialogs/dialog_templates.h"
+
+#include "host/toolkit/dialog.h"
+
+#include "ui_1628.h"
+
+namespace orvanta::resources {
+
+namespace {
+
+template <class Layout>
+void Build(QDialog& dialog) {
+    Layout().setupUi(&dialog);
+}
+
+constexpr struct {
+    unsigned number;
+    owl::DialogTemplate build;
+} kDialogs[] = {
+    {1628, Build<Ui::MeasuresDialog>},
+};
+
+} // namespace
+
+void RegisterDialogs() {
+    for (const auto& dialog : kDialogs) {
+        owl::RegisterDialogTemplate(dialog.number, dialog.build);
+    }
+}
+
+void ForgetDialogs() {
+    for (const auto& dialog : kDialogs) {
+        owl::RegisterDialogTemplate(dialog.number, nullptr);
+    }
+}
+
+} // namespace orvanta::resources
