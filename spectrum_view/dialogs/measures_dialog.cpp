@@ -8,7 +8,7 @@
 #include "spectra_contract/spect_globals.h"
 #include "spectra_contract/spectra_mgr.h"
 
-#include <QWidget>
+#include <QCheckBox>
 
 #include <array>
 
@@ -40,6 +40,7 @@ SpectMeasDlg::~SpectMeasDlg() = default;
 
 void SpectMeasDlg::SetupWindow() {
     PDialog::SetupWindow();
+    const int rowHeight = QCheckBox("Band").sizeHint().height();
     for (unsigned i = 0; i < SPECT::BandCount; ++i) {
         const SPECT::Band& band = manager_->GetBand(i);
         const int control = kFirstBand + static_cast<int>(i);
@@ -47,6 +48,8 @@ void SpectMeasDlg::SetupWindow() {
         CheckDlgButton(control, band.selected);
         if (QWidget* box = GetDlgItem(control)) {
             box->setToolTip(QString::fromStdString(TipOf(band, *platform_, GetModule())));
+            // Without a caption it would be lower than its neighbours.
+            box->setMinimumHeight(rowHeight);
         }
     }
     for (unsigned i = 0; i < SPECT::Meas::Count; ++i) {
