@@ -58,8 +58,8 @@ void PaintPage(owl::TDC& dc, const Page& page, std::span<const TraceEntry> trace
         for (const TraceEntry& trace : traces) {
             slots.push_back(trace.rectangle);
         }
-        PaintTitle(dc, TitleStrip(page.area, page.font.height), slots,
-                   TitleOf(page.manager, page.recording, page.messages), page.font, page.textColor);
+        PaintTitle(dc, page.area, slots, TitleOf(page.manager, page.recording, page.messages), page.font,
+                   page.textColor);
     }
     PaintNotice(dc, page.area, PageNotice(page.manager, page.view, page.display.range, traces, page.messages),
                 page.font);

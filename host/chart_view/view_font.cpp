@@ -5,7 +5,7 @@
 
 #include <array>
 
-owl::TFont StoredViewFont(const GenericPlatform& platform, const char* section, owl::TFont font) {
+owl::TFont StoredViewFont(const GenericPlatform& platform, const char* section, const owl::TFont& font) {
     constexpr int kMostCharacters = 127;
     std::array<char, kMostCharacters + 1> face{};
     platform.ReadString(section, "FontFace", font.face.c_str(), face.data(), kMostCharacters);

@@ -8,7 +8,8 @@
 class GenericPlatform;
 
 /// Reads what StoreViewFont wrote; \p font where it is missing, in part or whole.
-ORVANTA_API owl::TFont StoredViewFont(const GenericPlatform& platform, const char* section, owl::TFont font);
+ORVANTA_API owl::TFont StoredViewFont(const GenericPlatform& platform, const char* section,
+                                      const owl::TFont& font);
 
 /// Writes "FontFace", "FontHeight", "FontBold" and "FontItalic".
 ORVANTA_API void StoreViewFont(GenericPlatform& platform, const char* section, const owl::TFont& font);

@@ -32,6 +32,14 @@ std::vector<std::string> Lines(const owl::TDC& dc, const std::string& text, int 
     return lines;
 }
 
+int Widest(const owl::TDC& dc, const std::vector<std::string>& lines) {
+    int width = 0;
+    for (const std::string& line : lines) {
+        width = std::max(width, dc.GetTextExtent(line).cx);
+    }
+    return width;
+}
+
 } // namespace
 
 void PaintHead(owl::TDC& dc, const HeadOutline& head, owl::TColor color) {
@@ -41,24 +49,30 @@ void PaintHead(owl::TDC& dc, const HeadOutline& head, owl::TColor color) {
     }
 }
 
-owl::TRect TitleStrip(const owl::TRect& area, int fontHeight) {
-    return {area.left, area.bottom - std::abs(fontHeight), area.right, area.bottom};
-}
-
-void PaintTitle(owl::TDC& dc, const owl::TRect& strip, std::span<const owl::TRect> slots,
+void PaintTitle(owl::TDC& dc, const owl::TRect& area, std::span<const owl::TRect> slots,
                 const std::string& title, const owl::TFont& font, owl::TColor color) {
+    constexpr int kMostParts = 3;
     dc.SelectFont(font);
-    const owl::TSize size = dc.GetTextExtent(title);
-    const int margin = strip.Height() / 2;
-    const owl::TRect place{strip.left + margin, strip.top, strip.left + margin + size.cx, strip.bottom};
-    if (title.empty() || place.right > strip.right - margin ||
-        std::any_of(slots.begin(), slots.end(),
-                    [&](const owl::TRect& slot) { return slot.Touches(place); })) {
-        return;
+    const int lineHeight = std::abs(font.height);
+    const int margin = lineHeight / 2;
+    const int whole = dc.GetTextExtent(title).cx;
+    for (int parts = 1; parts <= kMostParts; ++parts) {
+        const std::vector<std::string> lines =
+            Lines(dc, title, parts == 1 ? whole : whole / parts + 2 * lineHeight);
+        const int top = area.bottom - static_cast<int>(lines.size()) * lineHeight;
+        const owl::TRect place{area.left + margin, top, area.left + margin + Widest(dc, lines), area.bottom};
+        const bool fits = place.right <= area.right - margin && place.top >= area.top &&
+                          std::none_of(slots.begin(), slots.end(),
+                                       [&](const owl::TRect& slot) { return slot.Touches(place); });
+        if (fits) {
+            dc.SetTextColor(color);
+            dc.SetTextAlign(owl::TextAlign::Left);
+            for (std::size_t i = 0; i < lines.size(); ++i) {
+                dc.TextOut({place.left, top + static_cast<int>(i) * lineHeight}, lines[i]);
+            }
+            return;
+        }
     }
-    dc.SetTextColor(color);
-    dc.SetTextAlign(owl::TextAlign::Left);
-    dc.TextOut({place.left, place.top}, title);
 }
 
 void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& notice, const owl::TFont& font) {
@@ -69,11 +83,8 @@ void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& notice
     const int lineHeight = dc.GetTextExtent(notice).cy;
     const int margin = lineHeight;
     const std::vector<std::string> lines = Lines(dc, notice, area.Width() - 4 * margin);
-    int width = 0;
-    for (const std::string& line : lines) {
-        width = std::max(width, dc.GetTextExtent(line).cx);
-    }
-    const owl::TSize plate{width + 2 * margin, static_cast<int>(lines.size()) * lineHeight + 2 * margin};
+    const owl::TSize plate{Widest(dc, lines) + 2 * margin,
+                           static_cast<int>(lines.size()) * lineHeight + 2 * margin};
     if (plate.cx > area.Width() || plate.cy > area.Height()) {
         return;
     }

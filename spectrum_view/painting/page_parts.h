@@ -13,11 +13,9 @@ namespace orvanta::spectrum_view {
 /// Head, nose and ears, behind the slots.
 void PaintHead(owl::TDC& dc, const HeadOutline& head, owl::TColor color);
 
-/// The strip below the cells of the grid, as high as the font.
-owl::TRect TitleStrip(const owl::TRect& area, int fontHeight);
-
-/// The title at the left of the strip. Left out where it is too long or would touch a slot.
-void PaintTitle(owl::TDC& dc, const owl::TRect& strip, std::span<const owl::TRect> slots,
+/// The title in the lower left corner: below the cells of a grid, which leave one line of the font free;
+/// beside the slots on a scalp, in up to four lines. Left out where it is too long or would touch a slot.
+void PaintTitle(owl::TDC& dc, const owl::TRect& area, std::span<const owl::TRect> slots,
                 const std::string& title, const owl::TFont& font, owl::TColor color);
 
 /// One quiet line on a white plate in the middle of the area; broken at blanks where it is too long, left out
