@@ -28,6 +28,8 @@ const char* RemedyFor(int error) {
     case ENOENT:
     case ENOTDIR:
         return "choose a folder that exists";
+    case ENAMETOOLONG:
+        return "choose a shorter name";
     default:
         return "try again or save elsewhere";
     }

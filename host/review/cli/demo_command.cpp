@@ -4,6 +4,7 @@
 #include "host/review/cli/demo_recording.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
+#include "host/review/cli/validators.h"
 #include "host/review/cli/watch.h"
 
 #include <CLI/CLI.hpp>
@@ -64,7 +65,7 @@ void AddDemo(CLI::App& app, Command& run) {
     command->add_option("--out", arguments->out, "EDF+ file to write (default demo.edf)")
         ->type_name("FILE.edf");
     command->add_option("--minutes", parameters.minutes, "Length (default 5)")
-        ->check(CLI::Validator(CLI::Range(0.02, 7.0 * 24 * 60)).description(""))
+        ->check(IsNumberIn(0.02, 7.0 * 24 * 60))
         ->type_name("M");
     command->add_option("--channels", parameters.channels, "Electrodes (default 19, the 10-20 system)")
         ->check(CLI::Validator(CLI::Range(1u, 512u)).description(""))

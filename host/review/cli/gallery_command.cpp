@@ -19,7 +19,7 @@ void AddGallery(CLI::App& app, Command& run) {
         ->required()
         ->check(IsNotEmpty());
     command->add_option("--scale", request->scales, "Device pixels per pixel, repeatable (default 1)")
-        ->check(CLI::Validator(CLI::Range(0.5, 4.0)).description(""))
+        ->check(IsNumberIn(0.5, 4.0))
         ->type_name("S")
         ->allow_extra_args(false);
     command->add_option("--language", request->language, "Of the texts, such as de (default en)")

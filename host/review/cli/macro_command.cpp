@@ -3,6 +3,7 @@
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/macro_keys.h"
+#include "host/review/cli/validators.h"
 #include "host/spectral_data/settings/tapers.h"
 #include "spectra_contract/spectra_macro.h"
 
@@ -37,7 +38,9 @@ SpectraMacro LoadMacro(const MacroArguments& arguments) {
 }
 
 int NewMacro(const MacroArguments& arguments) {
-    if (std::filesystem::exists(arguments.file)) {
+    // A link that leads nowhere is there too; of other errors the save tells.
+    std::error_code unknown;
+    if (std::filesystem::exists(std::filesystem::symlink_status(arguments.file, unknown))) {
         throw UsageError(arguments.file + ": exists already (choose another name, or remove it first)");
     }
     SpectraMacro macro;
@@ -77,7 +80,7 @@ void AddMacro(CLI::App& app, Command& run) {
     const auto add = [&](const char* name, const char* what, int (*action)(const MacroArguments&)) {
         auto arguments = std::make_shared<MacroArguments>();
         CLI::App* sub = command->add_subcommand(name, what);
-        sub->add_option("FILE", arguments->file, "Macro file (.smx)")->required();
+        sub->add_option("FILE", arguments->file, "Macro file (.smx)")->required()->check(IsNotEmpty());
         sub->add_option("--set", arguments->assignments, "KEY=VALUE, repeatable; lists are comma-separated")
             ->type_name("KEY=VALUE")
             ->allow_extra_args(false);

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cmath>
 #include <string>
 
 namespace orvanta::cli {
@@ -11,6 +12,18 @@ namespace orvanta::cli {
 /// An empty name is an empty variable of a script more often than a wish.
 inline CLI::Validator IsNotEmpty() {
     return {[](const std::string& name) { return name.empty() ? std::string("is empty") : std::string(); },
+            ""};
+}
+
+/// A number from \p least to \p most. CLI11's own range lets "nan" pass.
+inline CLI::Validator IsNumberIn(double least, double most) {
+    return {[range = CLI::Range(least, most)](const std::string& text) {
+                double value = 0;
+                if (CLI::detail::lexical_cast(text, value) && std::isnan(value)) {
+                    return text + " is no number";
+                }
+                return range(text);
+            },
             ""};
 }
 

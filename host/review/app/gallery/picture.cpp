@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/gallery/picture.h"
 
+#include "host/platform/atomic_file.h"
+
 #include <QApplication>
+#include <QBuffer>
 #include <QImageWriter>
 #include <QPixmap>
 #include <QTimer>
@@ -28,12 +31,15 @@ void SavePicture(QWidget& window, const std::string& file) {
     window.show();
     window.activateWindow();
     Settle();
-    QImageWriter writer(QString::fromStdString(file), "png");
+    QByteArray content;
+    QBuffer buffer(&content);
+    QImageWriter writer(&buffer, "png");
     writer.setCompression(100);
     if (!writer.write(window.grab().toImage().convertToFormat(QImage::Format_RGB32))) {
         throw std::runtime_error(file + ": " + writer.errorString().toStdString() +
-                                 " (choose another folder with --out)");
+                                 " (choose a smaller scale)");
     }
+    platform::WriteFileAtomically(file, content.toStdString());
 }
 
 void LookAtModal(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {

@@ -16,6 +16,8 @@
 
 #include <set>
 
+#include <sys/stat.h>
+
 namespace {
 
 using namespace orvanta::review;
@@ -89,6 +91,14 @@ TEST(SavePicture, SaysWhereItCannotWrite) {
     const orvanta::test::TempFolder folder;
     QWidget window;
     EXPECT_THROW(SavePicture(window, folder.Path("no/such/folder.png")), std::runtime_error);
+}
+
+TEST(SavePicture, LeavesWhatIsNoFileAlone) {
+    const orvanta::test::TempFolder folder;
+    const std::string pipe = folder.Path("pipe.png");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    QWidget window;
+    EXPECT_THROW(SavePicture(window, pipe), std::runtime_error);
 }
 
 TEST(LookAtModal, SeesTheWindowAndClosesIt) {

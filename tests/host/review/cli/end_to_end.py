@@ -404,6 +404,20 @@ class Macro(CommandLineTest):
         path = self.macro("m.smx")
         self.assert_refused(self.orvanta("macro", "new", path), r"exists already")
 
+    def test_new_does_not_replace_a_link_that_leads_nowhere(self):
+        path = self.folder / "loop.smx"
+        path.symlink_to(path)
+        self.assert_refused(self.orvanta("macro", "new", path), r"exists already")
+        self.assertTrue(path.is_symlink())
+
+    def test_new_asks_for_a_shorter_name(self):
+        path = self.folder / ("x" * 300 + ".smx")
+        self.assert_refused(self.orvanta("macro", "new", path), r"name too long \(choose a shorter name\)$")
+
+    def test_an_empty_name_is_refused(self):
+        for command in ("new", "show", "check"):
+            self.assert_refused(self.orvanta("macro", command, ""), r"FILE: is empty")
+
     def test_a_bad_value_is_refused_and_writes_nothing(self):
         path = self.folder / "m.smx"
         self.assert_refused(self.orvanta("macro", "new", path, "--set", "overlap=100"), r"overlap=100: ")

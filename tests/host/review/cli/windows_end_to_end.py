@@ -146,6 +146,12 @@ class MacroEdit(WindowsTest):
 
 
 class Gallery(WindowsTest):
+    def test_a_scale_that_is_no_number_is_refused(self):
+        result = self.orvanta("gallery", "--out", self.folder / "g", "--scale", "nan")
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("nan is no number", result.stderr)
+        self.assertFalse((self.folder / "g").exists())
+
     def gallery(self, *arguments):
         """The files written, by name."""
         result = self.orvanta("gallery", "--out", self.folder / "g", *arguments)
