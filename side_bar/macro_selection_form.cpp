@@ -205,7 +205,7 @@ void TFormMacroSpectra::ListBoxMacroClick() {
                       "The file of this macro cannot be read. The settings are as before.\n\n%s"),
             {path.empty() ? MacroText("NAME_TOO_LONG", "File name too long") : macro_->GetLastError()})));
     }
-    ui_->BitBtnEdit->setEnabled(true);
+    ui_->BitBtnEdit->setEnabled(SelectedRow() >= 0);
 }
 
 void TFormMacroSpectra::ListBoxMacroDblClick() {
@@ -251,6 +251,7 @@ void TFormMacroSpectra::BitBtnEraseClick() {
     if (SelectedRow() < 0) {
         return;
     }
+    const std::string path = SelectedPath(); // what is asked about, whatever is selected by then
     const std::string question =
         FillIn(MacroText("ERASE", "Are you sure to delete the file:\n%s?"), {SelectedName()})
             .substr(0, kQuestionLimit);
@@ -258,7 +259,7 @@ void TFormMacroSpectra::BitBtnEraseClick() {
                                                owl::kMbYesNo + owl::kMbIconExclamation) != owl::kIdYes) {
         return;
     }
-    owl::CurrentServices().files->Remove(SelectedPath()); // a failure shows by the row that stays
+    owl::CurrentServices().files->Remove(path); // a failure shows by the row that stays
     FillList();
     ui_->Memo1->clear();
 }

@@ -58,6 +58,11 @@ std::filesystem::path Target(const std::string& path) {
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
         Fail(path, "is no regular file and is not replaced", "choose another name");
     }
+    // Where the folder can be written, a protected file could be replaced all the same.
+    if (std::filesystem::exists(status) && ::access(target.c_str(), W_OK) != 0) {
+        Fail(path, "cannot be written: " + std::generic_category().message(errno),
+             "change its permissions or choose another name");
+    }
     return target;
 }
 

@@ -417,6 +417,17 @@ TEST_F(MacroLibrary, NeverTakesACutPathForThatOfAnotherMacro) {
     EXPECT_EQ(other.GetOverlapPerc(), 10U);
 }
 
+TEST_F(MacroLibrary, ErasesWhatItAskedAbout) {
+    Save("Alpha", 10);
+    Save("Beta", 20);
+    auto* list = Open().findChild<QListWidget*>("ListBoxMacro");
+    Hand().SelectsRow("ListBoxMacro", 0);
+    user_.AnswersMessage(owl::kIdYes, [list] { list->setCurrentRow(1); });
+    Hand().Clicks("BitBtnErase");
+    EXPECT_FALSE(Exists("Alpha"));
+    EXPECT_TRUE(Exists("Beta"));
+}
+
 TEST_F(MacroLibrary, IsSilentWhenErasingFails) {
     Save("Alpha", 10);
     Disk disk;

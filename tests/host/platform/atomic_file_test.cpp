@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -84,6 +85,27 @@ TEST_F(AtomicFile, ReplacesTheFileBehindALink) {
 TEST_F(AtomicFile, DoesNotReplaceADevice) {
     EXPECT_THROW(WriteFileAtomically("/dev/null", "new"), std::runtime_error);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST_F(AtomicFile, DoesNotReplaceAProtectedFile) {
+    constexpr uid_t kNobody = 65534;
+    PutOld();
+    ASSERT_EQ(::chmod(path_.c_str(), 0444), 0);
+    ASSERT_EQ(::chmod(folder_.Path("").c_str(), 0777), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // Nothing is protected from the superuser.
+        const bool isUser = ::geteuid() != 0 || ::setuid(kNobody) == 0;
+        const bool refused = Save(operations_) == path_ +
+                                                      ": cannot be written: Permission denied (change its "
+                                                      "permissions or choose another name)";
+        ::_exit(isUser && refused ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(Content(), "old");
 }
 
 TEST_F(AtomicFile, RefusesAFolderThatDoesNotExist) {

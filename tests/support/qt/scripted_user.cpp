@@ -22,9 +22,10 @@ ScriptedUser& ScriptedUser::Add(Step step) {
     return *this;
 }
 
-ScriptedUser& ScriptedUser::AnswersMessage(int answer) {
+ScriptedUser& ScriptedUser::AnswersMessage(int answer, std::function<void()> meanwhile) {
     Step step{"message"};
     step.answer = answer;
+    step.meanwhile = std::move(meanwhile);
     return Add(std::move(step));
 }
 
@@ -72,7 +73,11 @@ ScriptedUser::Step ScriptedUser::Take(const std::string& kind, const std::string
 int ScriptedUser::ShowMessage(HWND owner, const std::string& text, const std::string& caption,
                               unsigned type) {
     messages_.push_back({owner, text, caption, type});
-    return Take("message", caption + ": " + text).answer;
+    const Step step = Take("message", caption + ": " + text);
+    if (step.meanwhile) {
+        step.meanwhile();
+    }
+    return step.answer;
 }
 
 int ScriptedUser::RunModal(QDialog& dialog) {

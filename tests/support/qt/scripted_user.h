@@ -36,7 +36,8 @@ public:
     ScriptedUser& operator=(const ScriptedUser&) = delete;
 
     // Steps.
-    ScriptedUser& AnswersMessage(int answer);
+    /// \param meanwhile what happens while the message is shown
+    ScriptedUser& AnswersMessage(int answer, std::function<void()> meanwhile = {});
     /// The user does so with the dialog that comes up, which is shown by then and must be closed in the end.
     ScriptedUser& MeetsDialog(std::function<void(QDialog&)> action);
     /// The same for a dialog of this class.
@@ -68,6 +69,7 @@ private:
         std::string kind = {}; ///< "message", "dialog", "file", "color", "font", "text"
         int answer = owl::kIdOk;
         std::function<void(QDialog&)> action = {};
+        std::function<void()> meanwhile = {};
         std::optional<std::string> text = {};
         std::optional<owl::TColor> color = {};
         std::optional<owl::TFont> font = {};
