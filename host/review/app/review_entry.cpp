@@ -6,11 +6,13 @@
 #include "host/review/app/application.h"
 #include "host/review/app/gallery/gallery.h"
 #include "host/review/app/gui.h"
+#include "host/review/app/host_strings.h"
 #include "host/review/app/macro_editing.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/watch.h"
+#include "host/toolkit/message_module.h"
 
 namespace orvanta::review {
 
@@ -21,6 +23,7 @@ int Serve(const EditMacroRequest& request) {
     Application application(Screen::Required);
     application.SetStyle(request.style);
     const ModuleLibrary module(LibraryFolder());
+    SupplyHostStrings(PModule::Named("Orvanta"));
     const Gui gui;
     const platform::HostPlatform platform(gui);
     const std::string said = editing.Run(module.Bridge(), platform);

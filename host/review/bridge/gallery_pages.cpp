@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/bridge/gallery_pages.h"
 
+#include "host/toolkit/gadget_bar.h"
+#include "host/toolkit/table_window.h"
+#include "host/toolkit/window.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/platform.h"
@@ -9,7 +12,12 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/dialogs/measures_dialog.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
+#include <QVBoxLayout>
 
 namespace orvanta::review {
 
@@ -17,6 +25,7 @@ namespace {
 
 constexpr int kModeNewAnalysis = 1;
 constexpr int kModeEdit = 2;
+constexpr int kBarWidth = 900;
 
 SensorList EegSensors(const EEGFileInfoType& recording) {
     SensorList sensors;
@@ -56,6 +65,40 @@ void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
     take(dialog);
 }
 
+/// A bar with every kind of gadget.
+void ShowGadgetBar(const GallerySample& /*sample*/, const TakePicture& take) {
+    owl::TEventHandler handler;
+    QWidget window;
+    owl::GadgetBar bar(handler);
+    (new QVBoxLayout(&window))->addWidget(&bar);
+    bar.AddButton(14416, 2064, "");
+    bar.AddButton(14417, 2065, "");
+    bar.AddGap();
+    QComboBox* montages = bar.AddComboBox(14537, "");
+    montages->addItems({"Bipolar", "Average reference"});
+    bar.AddGap();
+    for (const unsigned button : {14447U, 14376U, 14437U, 14439U}) {
+        bar.AddButton(button, button, "");
+    }
+    bar.AddGap();
+    bar.AddTwoStateButton(14150, 2069, 2068, "")->Press(true);
+    bar.AddSlider(16329, 60, "");
+    bar.AddText(7)->setText("Power");
+    bar.AddText(5)->setText("Hz");
+    bar.AddText(9)->setText("Vert : µV²/Hz");
+    window.resize(kBarWidth, window.sizeHint().height());
+    take(window);
+}
+
+void ShowGridPicker(const GallerySample& /*sample*/, const TakePicture& take) {
+    owl::TWindow view;
+    TTableWnd picker(view, {0, 0}, 10, 10, 10, 10, 14539, view.logicalDpiX());
+    const QPointF place = picker.CellRect(3, 1).center();
+    QMouseEvent mark(QEvent::MouseMove, place, place, Qt::NoButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(&picker, &mark);
+    take(picker);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
@@ -63,7 +106,8 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
         return GalleryPage{name, [sample, show](const TakePicture& take) { show(sample, take); }};
     };
     return {page("macro-selection", ShowMacroSelection), page("settings-states", ShowStateSettings),
-            page("settings-spots", ShowSpotSettings), page("measures", ShowMeasures)};
+            page("settings-spots", ShowSpotSettings),    page("measures", ShowMeasures),
+            page("gadget-bar", ShowGadgetBar),           page("grid-picker", ShowGridPicker)};
 }
 
 } // namespace orvanta::review

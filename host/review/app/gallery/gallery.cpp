@@ -7,10 +7,12 @@
 #include "host/review/app/gallery/host_pages.h"
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gallery/sample.h"
+#include "host/review/app/host_strings.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/watch.h"
+#include "host/toolkit/message_module.h"
 
 #include <QWidget>
 
@@ -112,6 +114,7 @@ int RunGallery(const GalleryRequest& request) {
     for (const double scale : request.scales) {
         Application application(Screen::None, scale);
         application.SetLanguage(request.language);
+        SupplyHostStrings(PModule::Named("Orvanta"));
         // The same pictures for every user.
         std::setlocale(LC_NUMERIC, "C");
         QApplication::setCursorFlashTime(0);
