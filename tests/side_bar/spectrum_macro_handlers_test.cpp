@@ -485,6 +485,15 @@ TEST(SettingsFormColor, StaysWhenTheChooserIsCancelled) {
     EXPECT_EQ(given.macro.Color, owl::Rgb(200, 0, 0));
 }
 
+TEST(SettingsFormColor, IsThatOfTheChooserWhenTheSettingsAreWrittenBack) {
+    SettingsCase given;
+    given.macro.Color = owl::Rgb(200, 0, 0);
+    const OpenForm form(given);
+    given.macro.Color = owl::Rgb(0, 0, 1); // by someone else
+    form.user.Clicks("BitBtnCompute");
+    EXPECT_EQ(given.macro.Color, owl::Rgb(200, 0, 0));
+}
+
 TEST(SettingsFormColor, IsOfferedAgainAsItWasChosen) {
     ScriptedUser user;
     user.ChoosesColor(owl::Rgb(1, 2, 3)).ChoosesColor(std::nullopt);
