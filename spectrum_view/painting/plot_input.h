@@ -34,6 +34,7 @@ struct SlotFrame {
     owl::TFont font;        ///< of all texts
     VerticalRange vertical; ///< undrawable: only the frame is drawn
     PlotFlags flags;
+    owl::TRect box{}; ///< where a measures box will lie (MeasuresBoxRect); no text is put there
 };
 
 /// One analysis' spectrum of the trace, per bin from bin 0.
@@ -54,6 +55,7 @@ struct PlotInput {
     std::vector<double> p;
     double pThreshold = 0.05; ///< bins with p below it are marked
     std::vector<double> ratio;
+    std::string ratioName = "Ratio"; ///< in the legend
 };
 
 /// Spectra of consecutive stretches of the recording, oldest first.

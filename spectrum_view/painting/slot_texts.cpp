@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum_view/painting/slot_texts.h"
+
+#include "spectrum_view/painting/plot_box.h"
+#include "spectrum_view/painting/significance.h"
+#include "spectrum_view/painting/slot_frame.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace orvanta::spectrum_view {
+
+namespace {
+
+constexpr int kLegendGap = 12;
+
+bool ShowsUnit(const PlacedTexts& label, const std::string& unit) {
+    return unit.empty() || (!label.empty() && label.front().text.ends_with("(" + unit + ")"));
+}
+
+std::string CaptionText(const SlotTexts& texts, const std::string& unit) {
+    const std::string shown = ShowsUnit(texts.label, unit) ? "" : unit;
+    const std::string& multiplier = texts.vertical.multiplier;
+    return multiplier + (multiplier.empty() || shown.empty() ? "" : " ") + shown;
+}
+
+struct LegendEntry {
+    LegendSign sign = LegendSign::None;
+    std::string text;
+};
+
+std::string ThresholdText(double threshold) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "p < %g", threshold);
+    return text.data();
+}
+
+std::vector<LegendEntry> LegendEntries(const PlotInput& plot) {
+    std::vector<LegendEntry> entries;
+    if (plot.normalisation == SPECT::Normalisation::ByF) {
+        entries.push_back({LegendSign::None, "× f"});
+    } else if (plot.normalisation == SPECT::Normalisation::BySqrtF) {
+        entries.push_back({LegendSign::None, "× √f"});
+    }
+    if (!plot.p.empty()) {
+        entries.push_back({LegendSign::Mark, ThresholdText(plot.pThreshold)});
+    }
+    if (!plot.ratio.empty()) {
+        entries.push_back({LegendSign::RatioLine, plot.ratioName});
+    }
+    return entries;
+}
+
+/// From \p left on in the row of the label.
+void PlaceLegend(SlotTexts& texts, const PlotInput& plot, int left, int top, const TextExtent& extent) {
+    for (LegendEntry& entry : LegendEntries(plot)) {
+        const owl::TSize size = extent(entry.text);
+        const int right = left + (entry.sign == LegendSign::None ? 0 : kSignWidth) + size.cx;
+        texts.legend.push_back({{left, top, right, top + size.cy}, std::move(entry.text)});
+        texts.signs.push_back(entry.sign);
+        left = right + kLegendGap;
+    }
+}
+
+} // namespace
+
+SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent) {
+    const SlotFrame& frame = plot.frame;
+    const owl::TRect area = TextArea(frame.slot);
+    const int height = extent("0").cy;
+    const int top = LabelTop(frame.slot, height);
+    const owl::TPoint origin = AxisOrigin(frame.slot);
+    const int marks = plot.p.empty() ? 0 : MarksHeight(frame.slot);
+    const int numbersTop = origin.y + std::max({kTickLength + 1, marks + 2, (height + 1) / 2});
+
+    SlotTexts texts;
+    texts.label = LabelOf(frame, extent);
+    texts.frequency = FrequencyAxisLayout(frame.slot, plot.curves.front().axis, numbersTop, extent);
+    texts.vertical = VerticalAxisLayout(frame.slot, frame.vertical, extent);
+    const bool crowded = frame.flags.labels && !frame.label.empty() && texts.label.empty();
+    if (!frame.flags.axesText || crowded) {
+        texts.frequency.numbers.clear();
+        texts.vertical.numbers.clear();
+    }
+    int legendLeft = origin.x + kTextGap;
+    const std::string caption = texts.vertical.numbers.empty() ? "" : CaptionText(texts, frame.unit);
+    if (!caption.empty()) {
+        texts.caption.push_back(Placed(caption, legendLeft, top, owl::TextAlign::Left, area, extent));
+        legendLeft = texts.caption.front().rect.right + kLegendGap;
+    }
+    PlaceLegend(texts, plot, legendLeft, top, extent);
+
+    // A number without the power of ten it is multiplied by would be wrong: they stay or go together.
+    PlacedTexts vertical = texts.vertical.numbers;
+    vertical.insert(vertical.end(), texts.caption.begin(), texts.caption.end());
+    KeepFitting({&texts.label, &texts.frequency.numbers, &vertical, &texts.legend}, area, kTextGap / 2,
+                {frame.box});
+    if (vertical.empty()) {
+        texts.vertical.numbers.clear();
+        texts.caption.clear();
+    }
+    if (texts.legend.empty()) {
+        texts.signs.clear();
+    }
+    return texts;
+}
+
+} // namespace orvanta::spectrum_view
