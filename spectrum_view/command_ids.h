@@ -40,5 +40,6 @@ inline constexpr unsigned kCmNormalizeByF = 14508;
 inline constexpr unsigned kCmNormalizeBySqrtF = 14509;
 
 inline constexpr unsigned kMontageSelector = 14537; ///< a control of the tool bar
+inline constexpr unsigned kGridPicked = 14539;      ///< answer of the picker for the size of the grid
 
 } // namespace orvanta::spectrum_view

@@ -8,6 +8,7 @@
 #include "spectrum_view/traces/trace_list.h"
 
 class EEGFileInfoType;
+class GenericPlatform;
 class PModule;
 class SpectraMgr;
 
@@ -19,7 +20,8 @@ struct Page {
     EEGFileInfoType& recording;
     const ViewState& view;
     const DisplaySettings& display;
-    const PModule* messages; ///< may be null
+    const GenericPlatform& platform; ///< of the numbers
+    const PModule* messages;         ///< may be null
     owl::TFont font;
     owl::TRect area; ///< the whole page
     // On the window's background.

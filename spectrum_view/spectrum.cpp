@@ -53,7 +53,11 @@ constinit const owl::TResponseTable Spectrum::__entries = {
     owl::Command<&Spectrum::CmShowAxesText>(kCmShowAxesText),
     owl::Command<&Spectrum::CmShowMeasures>(kCmShowMeasures),
     owl::Command<&Spectrum::CmSetEntity>(kCmSetEntity, kCmLastEntity),
+    owl::Command<&Spectrum::CmCopy2ClpBrd>(kCmCopyMeasures),
+    owl::Command<&Spectrum::CmMeasures>(kCmMeasures),
+    owl::Command<&Spectrum::CmSpectraTable>(kCmSpectraTable),
     owl::Message<&Spectrum::EvCbMontage>(kMontageSelector),
+    owl::Message<&Spectrum::EvTable>(kGridPicked),
     owl::On<owl::WindowEvent::Size, &Spectrum::EvSize>(),
     owl::On<owl::WindowEvent::SetFocus, &Spectrum::EvSetFocus>(),
 };

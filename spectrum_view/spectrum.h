@@ -13,6 +13,7 @@
 class EEGFileInfoType;
 class QComboBox;
 class QLabel;
+class TTableWnd;
 class SpectraMgr;
 class XTimeList;
 
@@ -47,6 +48,10 @@ public:
     void CmHeadView() { ChangeViewMode(Layout::Mode::Scalp); }
     void CmGridView() { ChangeViewMode(Layout::Mode::Grid); }
     void CmRecompute();
+    void CmCopy2ClpBrd();
+    void CmMeasures();
+    /// Opens the picker for the size of the grid at the mouse.
+    void CmSpectraTable();
     void CmSetCommon();
     /// \param id number of the first entity's command, and as many more as the entity's index
     void CmSetEntity(unsigned id);
@@ -73,6 +78,8 @@ protected:
     void EvSetFocus(HWND lost);
     /// The user chose the montage of this index.
     LPARAM EvCbMontage(WPARAM index, LPARAM);
+    /// The user picked a grid. The first trace stays.
+    LPARAM EvTable(WPARAM picked, LPARAM);
 
 private:
     void SetCephalicList();
@@ -90,6 +97,7 @@ private:
     orvanta::spectrum_view::ViewState state_;
     orvanta::spectrum_view::TraceList traces_;
     orvanta::spectrum_view::OverTimePlots overTime_;
-    QComboBox* montages_ = nullptr;   ///< owned by the tool bar, as the texts
+    QComboBox* montages_ = nullptr; ///< owned by the tool bar, as the texts
+    QPointer<TTableWnd> picker_;
     std::array<QLabel*, 3> status_{}; ///< entity, horizontal and vertical unit; null before set-up
 };

@@ -58,6 +58,7 @@ void Spectrum::Draw(owl::TDC& dc, bool erase, owl::TRect& rect) {
                     *recording_,
                     state_,
                     Display(),
+                    *GW().GetPlatform(),
                     GetMessages(),
                     GetViewFont(),
                     GetClientRect(),
