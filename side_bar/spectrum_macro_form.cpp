@@ -45,7 +45,9 @@ void FillEventList(owl::ReportList& list, const std::vector<side_bar::EventRow>&
         if (row.type.GetClass() == EventClass::State) {
             texts << QString::number(row.seconds);
         }
-        list.SelectRow(list.AddRow(texts, &row.type), selected.contains(label));
+        QTreeWidgetItem* shown = list.AddRow(texts, &row.type);
+        shown->setToolTip(0, Qt::convertFromPlainText(texts.front())); // for labels that are cut
+        list.SelectRow(shown, selected.contains(label));
     }
     list.SortByCaption();
 }

@@ -30,6 +30,8 @@ void TForm::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (!placed_ && !event->spontaneous()) {
         const QRect free = screen()->availableGeometry();
+        const QSize border = frameGeometry().size() - geometry().size();
+        resize(geometry().size().boundedTo(free.size() - border));
         const QSize size = frameGeometry().size();
         // A form larger than the screen still shows its title.
         move(std::max(free.left(), free.center().x() - size.width() / 2),

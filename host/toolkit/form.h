@@ -11,7 +11,8 @@ class QAbstractButton;
 
 namespace owl {
 
-/// Stands at the centre of the screen when it is first shown.
+/// Stands at the centre of the screen when it is first shown, no larger than it unless its controls need
+/// more.
 class ORVANTA_TOOLKIT_API TForm : public QDialog {
 public:
     /// \param parent window that the form belongs to; may be null

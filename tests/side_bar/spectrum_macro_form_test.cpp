@@ -12,6 +12,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTreeWidget>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -29,6 +30,15 @@ using Epochs = SpectraMacro::EpochsSelectionMode;
 TEST(SettingsForm, HasItsCaption) {
     SettingsCase given;
     EXPECT_EQ(OpenForm(given).windowTitle(), "Spectral Analysis Settings");
+}
+
+TEST(SettingsForm, TellsALabelThatIsCutAsItsTip) {
+    SettingsCase given;
+    given.AddState("<b>a</b>", 1, 2);
+    OpenForm form(given);
+    const QTreeWidgetItem* row = form.findChild<QTreeWidget*>("lvReject")->topLevelItem(0);
+    EXPECT_EQ(row->text(0), QString("<b>a</b>"));
+    EXPECT_THAT(row->toolTip(0).toStdString(), testing::HasSubstr("&lt;b&gt;a&lt;/b&gt;")) << "no markup";
 }
 
 TEST(SettingsForm, TakesTheRateOfTheFirstSensorElseOneHertz) {

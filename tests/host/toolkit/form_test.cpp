@@ -61,6 +61,15 @@ TEST(TForm, SwallowsEscapeWhileItsCancelButtonIsDisabled) {
     EXPECT_EQ(form.ShowModal(), owl::kIdCancel);
 }
 
+TEST(TForm, IsNoLargerThanTheScreen) {
+    SmallForm form;
+    const QSize free = form.screen()->availableSize();
+    form.resize(free * 2);
+    form.show();
+    EXPECT_LE(form.frameGeometry().width(), free.width());
+    EXPECT_LE(form.frameGeometry().height(), free.height());
+}
+
 TEST(TForm, StandsAtTheCentreOfTheScreenAndStaysWhereItIsMoved) {
     SmallForm form;
     form.resize(300, 200);
