@@ -1,38 +1,71 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/page.h"
 
+#include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
-#include "spectrum_view/painting/band_colors.h"
+#include "spectrum_view/measures/measures_boxes.h"
+#include "spectrum_view/painting/mean_plot.h"
+#include "spectrum_view/painting/measures_box.h"
 #include "spectrum_view/painting/page_parts.h"
+#include "spectrum_view/painting/slot_frame.h"
 #include "spectrum_view/state/status_texts.h"
 #include "spectrum_view/traces/page_notice.h"
+
+#include <array>
 
 namespace orvanta::spectrum_view {
 
 namespace {
 
-void PaintFrame(owl::TDC& dc, const SlotFrame& frame) {
-    dc.FillRect(frame.slot, kWhite);
-    dc.SetClip(frame.slot);
-    dc.FrameRect(frame.slot, kBlack);
+FormatNumber MeasureFormat(const GenericPlatform& platform) {
+    return [&platform](double value) {
+        constexpr int kDecimals = 2;
+        std::array<char, 128> text{};
+        platform.FloatToStrLoc(text.data(), static_cast<int>(text.size()), value, kDecimals);
+        return std::string(text.data());
+    };
+}
+
+/// Paints the plots that meet \p damaged, each with its table of measures.
+template <typename Plot, typename Paint>
+void PaintSlots(owl::TDC& dc, const PlotSources& sources, std::span<const TraceEntry> traces,
+                std::vector<Plot> plots, const owl::TRect& damaged, const FormatNumber& format,
+                const Paint& paint) {
+    for (std::size_t i = 0; i < plots.size(); ++i) {
+        SlotFrame& frame = plots[i].frame;
+        if (!frame.slot.Touches(damaged)) {
+            continue;
+        }
+        const std::optional<MeasuresBoxInput> box = MeasuresBoxOf(sources, traces, i, format);
+        if (box) {
+            frame.box = MeasuresBoxRect(dc, *box);
+        }
+        paint(dc, plots[i]);
+        if (box) {
+            PaintMeasuresBox(dc, *box);
+        }
+    }
+}
+
+void PaintOverTime(owl::TDC& dc, const OverTimeInput& plot) {
+    PaintSlotFrame(dc, plot.frame);
     dc.ClearClip();
 }
 
-void PaintSlots(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces, OverTimePlots& overTime,
+void PaintPlots(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces, OverTimePlots& overTime,
                 const owl::TRect& damaged) {
     const PlotSources sources{page.manager, page.view, page.display, page.font};
-    const auto paint = [&](const auto& plots) {
-        for (const auto& plot : plots) {
-            if (plot.frame.slot.Touches(damaged)) {
-                PaintFrame(dc, plot.frame);
-            }
-        }
-    };
-    if (page.display.mode == SPECT::Data::Mode::Mean) {
-        paint(MeanPlotsOf(sources, traces));
-    } else {
-        paint(overTime.Of(sources, page.recording, traces));
+    const FormatNumber format = MeasureFormat(page.platform);
+    switch (page.display.mode) {
+    case SPECT::Data::Mode::Mean:
+        PaintSlots(dc, sources, traces, MeanPlotsOf(sources, traces), damaged, format, PaintMeanPlot);
+        break;
+    case SPECT::Data::Mode::TimeFrequency:
+    case SPECT::Data::Mode::CSA:
+        PaintSlots(dc, sources, traces, overTime.Of(sources, page.recording, traces), damaged, format,
+                   PaintOverTime);
+        break;
     }
 }
 
@@ -52,7 +85,7 @@ void PaintPage(owl::TDC& dc, const Page& page, std::span<const TraceEntry> trace
         if (page.view.layout == Layout::Mode::Scalp) {
             PaintHeadBehind(dc, page);
         }
-        PaintSlots(dc, page, traces, overTime, damaged);
+        PaintPlots(dc, page, traces, overTime, damaged);
         std::vector<owl::TRect> slots;
         slots.reserve(traces.size());
         for (const TraceEntry& trace : traces) {

@@ -6,8 +6,10 @@ namespace {
 using namespace orvanta;
 using namespace orvanta::spectrum_view;
 using spectrum_view::Display; // hides the one of the X headers
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::StartsWith;
 
 class DrawingView : public test::ViewFixture {
@@ -33,6 +35,20 @@ TEST_F(DrawingView, GivesTheGridItsCellsAboveAStripForTheTitle) {
     EXPECT_THAT(Clips(), ElementsAre("clip 0,0,150,63", "clip 150,0,300,63", "clip 0,63,150,125",
                                      "clip 150,63,300,125", "clip 0,125,150,188", "clip 150,125,300,188"));
     EXPECT_EQ(dc.Calls().back().substr(0, 9), "text 6,18");
+}
+
+TEST_F(DrawingView, DrawsTheCurveAndThenTheTableOfASlot) {
+    UseFiveBipolarChannels();
+    Add();
+    UseGrid(1, 1);
+    Open(800, 600);
+    const std::vector<std::string> calls = Draw().CallsOf({"polyline", "blend"});
+    ASSERT_EQ(calls.size(), 3u); // curve, plate and outline of the table
+    EXPECT_THAT(calls[0], StartsWith("polyline 80,540"));
+    EXPECT_THAT(calls[1], StartsWith("blend"));
+    EXPECT_THAT(dc.Texts(), testing::IsSupersetOf({"Delta", "Mean", "Peak F"}));
+    view->CmShowMeasures();
+    EXPECT_THAT(Draw().CallsOf("blend"), IsEmpty());
 }
 
 TEST_F(DrawingView, DrawsOnlyWhatMeetsTheDamage) {
@@ -123,7 +139,7 @@ TEST_F(DrawingView, LeavesATitleOutThatDoesNotFit) {
     Add();
     Open(200, 150);
     Draw();
-    EXPECT_THAT(dc.Texts(), IsEmpty());
+    EXPECT_THAT(dc.Texts(), Each(Not(StartsWith("memory"))));
 }
 
 TEST_F(DrawingView, IsLaidOutAnewWhenItsSizeChanges) {
