@@ -16,6 +16,7 @@ namespace orvanta::platform {
 class ORVANTA_API HostPlatform final : public GenericPlatform {
 public:
     /// \param gui message and progress channel; must outlive this. Told when the settings cannot be read.
+    /// \param settingsFile empty: the settings are the defaults and live in memory only
     /// \param dataFolder parent of the application folders
     explicit HostPlatform(const GenericGUI& gui, std::string settingsFile = DefaultSettingsFile(),
                           std::string dataFolder = DefaultDataFolder());

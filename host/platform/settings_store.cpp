@@ -142,7 +142,7 @@ bool SettingsStore::IsChanged() const {
 }
 
 void SettingsStore::Save() {
-    if (!IsChanged()) {
+    if (!IsChanged() || impl_->path.empty()) {
         return;
     }
     CSimpleIniA now{true, false, false};

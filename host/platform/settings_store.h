@@ -15,7 +15,7 @@ namespace orvanta::platform {
 class ORVANTA_API SettingsStore {
 public:
     /// Reads \p path; a missing file counts as empty. A file that is there but cannot be read leaves the
-    /// store empty, and GetLoadError says why.
+    /// store empty, and GetLoadError says why. Without a path the settings live in memory only.
     explicit SettingsStore(std::string path);
     ~SettingsStore();
     SettingsStore(const SettingsStore&) = delete;

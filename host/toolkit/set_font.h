@@ -15,7 +15,7 @@
 namespace owl {
 
 /// A font as Qt has it, and the extents of texts in it that were asked for. GUI thread.
-class SetFont {
+class ORVANTA_TOOLKIT_API SetFont {
 public:
     explicit SetFont(const TFont& font);
 
@@ -38,6 +38,6 @@ private:
 };
 
 /// The font, kept from one painting to the next for as long as the application runs.
-std::shared_ptr<SetFont> FontFor(const TFont& font);
+ORVANTA_TOOLKIT_API std::shared_ptr<SetFont> FontFor(const TFont& font);
 
 } // namespace owl

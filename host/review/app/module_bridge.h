@@ -3,6 +3,7 @@
 // the application itself starts without either.
 #pragma once
 
+#include "host/toolkit/geometry.h"
 #include "host/toolkit/window_handle.h"
 #include "spectra_contract/sensor.h"
 
@@ -14,10 +15,18 @@
 class EEGFileInfoType;
 class EventsManager;
 class GenericPlatform;
+class GlobalWindow;
 class QWidget;
 class SpectraMacro;
+class SpectraMgr;
+
+namespace owl {
+class TDC;
+}
 
 namespace orvanta::review {
+
+struct SpectrumPage;
 
 /// Shows a window, takes its picture and hides it.
 using TakePicture = std::function<void(QWidget&)>;
@@ -33,6 +42,12 @@ struct GalleryPage {
 struct GallerySample {
     EEGFileInfoType& recording;
     GenericPlatform& platform; ///< with some macros in its folder
+};
+
+/// One plot of the spectrum view.
+struct DrawnPlot {
+    std::string trace; ///< empty for an empty slot
+    owl::TRect slot;   ///< empty when the trace has no place
 };
 
 /// GUI thread. What is passed in is not owned and is used only during the call; a parent may be null.
@@ -51,6 +66,13 @@ public:
     virtual std::int32_t SelectMacro(HWND parent, SpectraMacro& macro, EventsManager* events,
                                      const SensorList& sensors, int mode,
                                      const GenericPlatform& platform) = 0;
+    /// Draws the spectrum view of analyses that are computed, of the size given.
+    /// \param window its settings of the view become those of the page
+    /// \param manager of \p recording's analyses
+    /// \return the plots, in the order of the view
+    virtual std::vector<DrawnPlot> DrawSpectrum(GlobalWindow& window, EEGFileInfoType& recording,
+                                                SpectraMgr& manager, const SpectrumPage& page,
+                                                const owl::TSize& size, owl::TDC& dc) = 0;
     virtual std::vector<GalleryPage> MakeGalleryPages(const GallerySample& sample) = 0;
 };
 

@@ -9,6 +9,7 @@
 #include "host/review/app/host_strings.h"
 #include "host/review/app/macro_editing.h"
 #include "host/review/app/module_library.h"
+#include "host/review/app/render/render.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/watch.h"
@@ -38,6 +39,10 @@ int Serve(const EditMacroRequest& request) {
 
 int Serve(const GalleryRequest& request) {
     return RunGallery(request);
+}
+
+int Serve(const RenderRequest& request) {
+    return RunRender(request);
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 // What the command line asks of the library with the windows, which it loads at run time. No Qt here.
 #pragma once
 
+#include "host/review/app/spectrum_page.h"
+#include "host/review/cli/analysis_run.h"
+
 #include <string>
 #include <variant>
 #include <vector>
@@ -25,7 +28,23 @@ struct GalleryRequest {
     std::vector<std::string> only; ///< names of windows; all when empty
 };
 
-using Request = std::variant<EditMacroRequest, GalleryRequest>;
+/// Draw a page of the spectrum view into a file.
+struct RenderRequest {
+    cli::AnalysisArguments analysis; ///< without results as data
+    std::string macro;               ///< of the main analysis; empty for the default settings
+    std::vector<std::string> assignments;
+    std::string secondary; ///< macro that the main analysis is compared with; may be empty
+    double pThreshold = 0.05;
+    bool tTest = true;
+    bool ratio = false;
+    SpectrumPage page;
+    int width = 1280; ///< pixels before scaling, one being 1/96 inch
+    int height = 800;
+    double scale = 1; ///< device pixels to a pixel
+    std::string out;  ///< ends in .png, .svg or .pdf
+};
+
+using Request = std::variant<EditMacroRequest, GalleryRequest, RenderRequest>;
 
 /// The library's one function. Results go to standard output. \return the exit status; failures are thrown
 /// as the commands throw them

@@ -2,6 +2,7 @@
 #include "host/review/app/module_bridge.h"
 
 #include "host/review/bridge/gallery_pages.h"
+#include "host/review/bridge/spectrum_drawing.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/api.h"
@@ -22,6 +23,12 @@ public:
         TFormMacroSpectra form(nullptr, parent, &macro, events, sensors, mode, &platform);
         form.ShowModal();
         return form.GetResult();
+    }
+
+    std::vector<DrawnPlot> DrawSpectrum(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                                        const SpectrumPage& page, const owl::TSize& size,
+                                        owl::TDC& dc) override {
+        return DrawSpectrumPage(window, recording, manager, page, size, dc);
     }
 
     std::vector<GalleryPage> MakeGalleryPages(const GallerySample& sample) override {

@@ -9,6 +9,7 @@
 #include "host/review/cli/validators.h"
 #include "host/review/cli/watch.h"
 #include "host/signal_base/recording.h"
+#include "host/spectral_data/results/comparison_of.h"
 #include "host/spectral_data/results/errors.h"
 #include "spectra_contract/spect_globals.h"
 
@@ -50,12 +51,6 @@ void AnalysisArguments::AddTo(CLI::App& command) {
             CLI::Validator(CLI::IsMember({"power", "amplitude", "coherence", "phase"}, CLI::ignore_case))
                 .description(""))
         ->type_name("NAME");
-    command.add_option("--json", json, "Write everything as JSON; - for standard output")
-        ->type_name("OUT")
-        ->check(IsNotEmpty());
-    command.add_option("--csv", csv, "Write the band measures as CSV; - for standard output")
-        ->type_name("OUT")
-        ->check(IsNotEmpty());
     command.add_option("--threads", threads, "Worker threads; 0 (default) for one per core")
         ->check(CLI::Validator(CLI::Range(0, 256)).description(""))
         ->type_name("N");
@@ -68,6 +63,15 @@ void AnalysisArguments::AddTo(CLI::App& command) {
         ->check(CLI::Validator(CLI::Range(16u, 1u << 20)).description(""))
         ->type_name("MIB");
     command.add_flag("--quiet", quiet, "No progress and no table");
+}
+
+void AnalysisArguments::AddDataTo(CLI::App& command) {
+    command.add_option("--json", json, "Write everything as JSON; - for standard output")
+        ->type_name("OUT")
+        ->check(IsNotEmpty());
+    command.add_option("--csv", csv, "Write the band measures as CSV; - for standard output")
+        ->type_name("OUT")
+        ->check(IsNotEmpty());
 }
 
 spectral::ComputeOptions AnalysisArguments::Options() const {
@@ -93,11 +97,22 @@ SpectraMacro MakeMacro(const std::string& file, const std::vector<std::string>& 
     return macro;
 }
 
-AnalysisRun::AnalysisRun(const AnalysisArguments& arguments)
+void RequireComparable(const SpectMacroResult& main, const SpectMacroResult& secondary,
+                       const std::string& names) {
+    if (!spectral::AreComparable(*main.GetAnalysis(), *secondary.GetAnalysis())) {
+        throw spectral::NothingComputable(names + ": their bins differ, so that nothing can be compared",
+                                          "give both the same fft_seconds");
+    }
+}
+
+AnalysisRun::AnalysisRun(const AnalysisArguments& arguments, const DefaultMontage& defaultMontage)
     : arguments_(arguments), recording_(signal::OpenRecording(arguments.file)),
       manager_(std::make_unique<SpectraMgr>(recording_.get(), nullptr)) {
-    if (!arguments.montage.empty()) {
-        ChooseMontage(*recording_, arguments.montage);
+    const std::string montage = !arguments.montage.empty() ? arguments.montage
+                                : defaultMontage           ? defaultMontage(*recording_)
+                                                           : std::string();
+    if (!montage.empty()) {
+        ChooseMontage(*recording_, montage);
     }
     const SPECT::Entity::Type entity = kEntities.at(arguments.entity);
     manager_->SetMeasEntity(entity);

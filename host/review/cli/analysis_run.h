@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What compute and compare have in common: arguments, the open recording, one computed analysis.
+// What the analysing commands have in common: arguments, the open recording, one computed analysis.
 #pragma once
 
 #include "host/spectral_data/compute_options.h"
@@ -7,6 +7,7 @@
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_mgr.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,17 +31,26 @@ struct AnalysisArguments {
 
     /// Adds the options that every analysing command takes.
     void AddTo(CLI::App& command);
+    /// Adds those for results as data.
+    void AddDataTo(CLI::App& command);
     spectral::ComputeOptions Options() const;
 };
 
 /// A macro of a file (the defaults when empty) with assignments applied. \throws UsageError
 SpectraMacro MakeMacro(const std::string& file, const std::vector<std::string>& assignments);
 
+/// \param names of the settings of both, for the message \throws NothingComputable unless their bins agree
+void RequireComparable(const SpectMacroResult& main, const SpectMacroResult& secondary,
+                       const std::string& names);
+
 /// An open recording with its manager of analyses.
 class AnalysisRun {
 public:
-    /// Opens the recording, chooses montage and entity. \throws RecordingError, UsageError
-    explicit AnalysisRun(const AnalysisArguments& arguments);
+    /// Names the montage of a recording when the arguments name none; empty for the one that it opens with.
+    using DefaultMontage = std::function<std::string(const EEGFileInfoType&)>;
+
+    /// Opens the recording, chooses montage and entity. \throws RecordingError, UsageError, NothingComputable
+    explicit AnalysisRun(const AnalysisArguments& arguments, const DefaultMontage& defaultMontage = {});
 
     EEGFileInfoType& Recording() const { return *recording_; }
     SpectraMgr& Manager() { return *manager_; }

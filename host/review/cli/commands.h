@@ -20,6 +20,7 @@ void AddCompare(CLI::App& app, Command& run);
 void AddMacro(CLI::App& app, Command& run);
 /// Below the macro command.
 void AddMacroEdit(CLI::App& macro, Command& run);
+void AddRender(CLI::App& app, Command& run);
 void AddGallery(CLI::App& app, Command& run);
 
 } // namespace orvanta::cli

@@ -6,7 +6,6 @@
 #include "host/review/cli/event_warnings.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
-#include "host/spectral_data/results/errors.h"
 
 #include <CLI/CLI.hpp>
 
@@ -32,11 +31,7 @@ int Compare(const CompareArguments& arguments) {
         run.Compute(mainMacro, arguments.main, options, "Computing the main analysis");
     const SpectMacroResult& secondary =
         run.Compute(secondaryMacro, arguments.secondary, options, "Computing the secondary analysis");
-    if (!spectral::AreComparable(*main.GetAnalysis(), *secondary.GetAnalysis())) {
-        throw spectral::NothingComputable(arguments.main + " and " + arguments.secondary +
-                                              ": their bins differ, so that nothing can be compared",
-                                          "give both the same fft_seconds");
-    }
+    RequireComparable(main, secondary, arguments.main + " and " + arguments.secondary);
     WarnOfSharedTime(main, secondary, run.Recording());
     const Comparison comparison{run.Recording(), run.Manager(), main, secondary};
     if (!arguments.json.empty()) {
@@ -57,6 +52,7 @@ void AddCompare(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<CompareArguments>();
     CLI::App* command = app.add_subcommand("compare", "Compare two analyses of a recording");
     arguments->AddTo(*command);
+    arguments->AddDataTo(*command);
     command->add_option("--main", arguments->main, "Settings of the main analysis")
         ->type_name("M.smx")
         ->required();

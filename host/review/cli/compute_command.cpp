@@ -82,6 +82,7 @@ void AddCompute(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<ComputeArguments>();
     CLI::App* command = app.add_subcommand("compute", "Compute the spectra of a recording");
     arguments->AddTo(*command);
+    arguments->AddDataTo(*command);
     command->add_option("--macro", arguments->macro, "Settings from a macro file")->type_name("M.smx");
     command->add_option("--set", arguments->assignments, "Change one setting, repeatable")
         ->type_name("KEY=VALUE")

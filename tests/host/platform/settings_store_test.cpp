@@ -177,4 +177,12 @@ TEST(SettingsStore, RefusesAFileOfAbsurdSize) {
     EXPECT_THAT(store.GetLoadError(), HasSubstr("too large"));
 }
 
+TEST(SettingsStore, LivesInMemoryWithoutAPath) {
+    SettingsStore store("");
+    EXPECT_EQ(store.GetLoadError(), "");
+    store.Put("Spectrum", "Mode", "1");
+    store.Save();
+    EXPECT_EQ(store.Get("Spectrum", "Mode"), "1");
+}
+
 } // namespace

@@ -52,6 +52,12 @@ public:
         Note(macro, events);
         return Answer;
     }
+    std::vector<orvanta::review::DrawnPlot>
+    DrawSpectrum(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/, SpectraMgr& /*manager*/,
+                 const orvanta::review::SpectrumPage& /*page*/, const owl::TSize& /*size*/,
+                 owl::TDC& /*dc*/) override {
+        return {};
+    }
     std::vector<orvanta::review::GalleryPage>
     MakeGalleryPages(const orvanta::review::GallerySample& /*sample*/) override {
         return {};

@@ -61,11 +61,11 @@ class Usage(CommandLineTest):
     def test_help_lists_the_commands(self):
         result = self.orvanta("--help")
         self.assertEqual(result.returncode, 0)
-        for command in ("info", "demo", "compute", "compare", "macro"):
+        for command in ("info", "demo", "compute", "compare", "render", "macro"):
             self.assertIn(command, result.stdout)
 
     def test_every_command_has_help(self):
-        for command in (["info"], ["demo"], ["compute"], ["compare"], ["macro"], ["macro", "new"]):
+        for command in (["info"], ["demo"], ["compute"], ["compare"], ["render"], ["macro"], ["macro", "new"]):
             with self.subTest(command=command):
                 self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
 

@@ -6,23 +6,33 @@ Usage: windows_end_to_end.py ORVANTA [unittest arguments].
 
 import os
 import pathlib
+import re
 import signal
 import struct
 import subprocess
 import time
 import unittest
+import xml.etree.ElementTree as xml
 
 import end_to_end
 from end_to_end import CommandLineTest
 
 HOST_LIBRARIES = ("liborvanta_platform.so", "liborvanta_signal_base.so", "liborvanta_spectral_data.so")
-WINDOW_LIBRARIES = ("liborvanta_toolkit.so", "liborvanta_review.so")
+WINDOW_LIBRARIES = ("liborvanta_toolkit.so", "liborvanta_chart_view.so", "liborvanta_review.so")
 
 
 def png_size(path):
     head = path.read_bytes()[:24]
     assert head[:8] == b"\x89PNG\r\n\x1a\n", path
     return struct.unpack(">II", head[16:24])
+
+
+def png_dots_per_inch(path):
+    data = path.read_bytes()
+    at = data.index(b"pHYs") + 4
+    across, down, unit = struct.unpack(">IIB", data[at : at + 9])
+    assert across == down and unit == 1, path
+    return across * 0.0254
 
 
 class WindowsTest(CommandLineTest):
@@ -201,6 +211,173 @@ class Gallery(WindowsTest):
         for scale in ("0", "5", "big"):
             with self.subTest(scale=scale):
                 self.assert_refused(self.orvanta("gallery", "--out", self.folder / "g", "--scale", scale), "--scale")
+
+
+class Render(WindowsTest):
+    def render(self, name, *arguments):
+        """The picture of the demo."""
+        path = self.folder / name
+        result = self.orvanta("render", self.demo, "--out", path, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertRegex(result.stdout, rf"^written {path}: \d+ plots\n$")
+        return path
+
+    def refuse(self, pattern, *arguments, out="out.png"):
+        result = self.orvanta("render", self.demo, "--out", self.folder / out, *arguments)
+        self.assert_refused(result, pattern)
+        self.assertFalse((self.folder / out).exists())
+
+    def test_a_png_has_the_size_and_resolution_asked_for(self):
+        path = self.render("a.png", "--size", "400x300", "--scale", "1.5")
+        self.assertEqual(png_size(path), (600, 450))
+        self.assertAlmostEqual(png_dots_per_inch(path), 144, delta=0.1)
+
+    def test_every_layout_and_mode_is_drawn(self):
+        contents = set()
+        for layout in ("grid", "scalp"):
+            for mode in ("mean", "csa", "timefreq"):
+                path = self.render(f"{layout}-{mode}.png", "--layout", layout, "--mode", mode)
+                self.assertEqual(png_size(path), (1280, 800))
+                contents.add(path.read_bytes())
+        self.assertGreater(len(contents), 1)
+
+    def test_every_entity_is_drawn(self):
+        for entity in ("amplitude", "power", "coherence", "phase"):
+            for layout in ("grid", "scalp"):
+                with self.subTest(entity=entity, layout=layout):
+                    self.render(f"{entity}-{layout}.png", "--layout", layout, "--entity", entity)
+
+    def test_an_svg_is_sound_and_holds_texts_and_clips(self):
+        root = xml.parse(self.render("a.svg", "--size", "700x500", "--layout", "scalp")).getroot()
+        svg = "{http://www.w3.org/2000/svg}"
+        self.assertEqual((root.tag, root.get("viewBox")), (svg + "svg", "0 0 700 500"))
+        self.assertIn("Demo (Spectrum 1)", "".join(text.text for text in root.iter(svg + "text")))
+        defined = {clip.get("id") for clip in root.iter(svg + "clipPath")}
+        used = {group.get("clip-path")[5:-1] for group in root.iter(svg + "g")}
+        self.assertEqual(used, defined)
+        self.assertEqual(len(defined), 19)
+
+    def test_a_pdf_is_one_page_with_its_fonts(self):
+        pdf = self.render("a.pdf", "--size", "960x480").read_bytes()
+        self.assertEqual(pdf[:7], b"%PDF-1.")
+        self.assertEqual(re.findall(rb"/MediaBox \[(.*)\]", pdf), [b"0 0 720.000000 360.000000"])
+        self.assertTrue(b"/FontFile2" in pdf)
+
+    def test_a_second_run_gives_the_same_picture(self):
+        for name in ("a.png", "a.svg"):
+            first = self.render(name).read_bytes()
+            self.assertEqual(self.render(name).read_bytes(), first)
+
+    def test_the_users_settings_neither_matter_nor_change(self):
+        first = self.render("a.png").read_bytes()
+        settings = self.folder / "config" / "orvanta" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        text = "[Spectrum]\nNumRows=1\nNumCols=1\nShowPoints=0\nFontHeight=40\n"
+        settings.write_text(text)
+        self.assertEqual(self.render("a.png").read_bytes(), first)
+        self.assertEqual(settings.read_text(), text)
+
+    def test_compares_two_analyses(self):
+        closed = self.macro("closed.smx", "mode=states", "states=eyes closed")
+        opened = self.macro("open.smx", "mode=states", "states=eyes open")
+        compared = self.render("a.svg", "--macro", closed, "--secondary", opened, "--p", "0.01", "--ratio")
+        self.assertIn("p-scale: 0.01", compared.read_text())
+        alone = self.render("b.svg", "--macro", closed)
+        self.assertNotIn("p-scale", alone.read_text())
+
+    def test_what_cannot_be_compared_is_told(self):
+        short = self.macro("short.smx", "fft_seconds=1")
+        result = self.orvanta("render", self.demo, "--out", self.folder / "a.png", "--secondary", short)
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stderr, r"the default settings and .*short\.smx: their bins differ")
+
+    def test_unknown_names_are_refused_with_those_there_are(self):
+        for option, names in (
+            ("--layout", "grid"),
+            ("--mode", "timefreq"),
+            ("--entity", "coherence"),
+            ("--view", "spectrum"),
+            ("--montage", "Longitudinal bipolar"),
+        ):
+            with self.subTest(option=option):
+                self.refuse(rf"nonsense.*{names}", option, "nonsense")
+
+    def test_sizes_and_scales_that_make_no_picture_are_refused(self):
+        for arguments in (
+            ["--size", "400"],
+            ["--size", "x300"],
+            ["--size", "400x300px"],
+            ["--size", "10x300"],
+            ["--size", "400x99999"],
+            ["--scale", "0.1"],
+            ["--scale", "9"],
+            ["--scale", "nan"],
+            ["--size", "4000x4000", "--scale", "8"],
+        ):
+            with self.subTest(arguments=arguments):
+                self.refuse("--size|--scale", *arguments)
+
+    def test_bad_numbers_are_refused(self):
+        for arguments in (
+            ["--rows", "0"],
+            ["--cols", "300"],
+            ["--bottom", "-1"],
+            ["--bottom", "nan"],
+            ["--top", "0"],
+            ["--bottom", "20", "--top", "10"],
+        ):
+            with self.subTest(arguments=arguments):
+                self.refuse(arguments[0], *arguments)
+
+    def test_options_of_a_comparison_need_one(self):
+        for option in (["--p", "0.01"], ["--ratio"], ["--no-ttest"]):
+            with self.subTest(option=option):
+                self.refuse("--secondary", *option)
+
+    def test_an_unknown_ending_is_refused(self):
+        self.refuse(r"out\.jpg: no kind of picture \(.*\.png, \.svg or \.pdf\)$", out="out.jpg")
+
+    def test_a_folder_that_is_not_there_is_told(self):
+        self.refuse(r"none/out\.png", out="none/out.png")
+
+    def test_an_input_is_not_replaced(self):
+        copy = self.folder / "copy.svg"
+        copy.write_bytes(self.demo.read_bytes())
+        result = self.orvanta("render", copy, "--out", copy)
+        self.assert_refused(result, r"copy\.svg: is read by this command")
+        self.assertEqual(copy.read_bytes(), self.demo.read_bytes())
+
+    def test_nothing_computable_is_told_with_status_1(self):
+        out = self.folder / "a.png"
+        for arguments in (["--montage", "Average reference"], ["--set", "fft_seconds=60", "--set", "mode=spots"]):
+            with self.subTest(arguments=arguments):
+                result = self.orvanta("render", self.demo, "--out", out, *arguments)
+                self.assertEqual(result.returncode, 1, result.stderr)
+                self.assertRegex(result.stderr, r"^orvanta: .+ \(.+\)\n$")
+                self.assertFalse(out.exists())
+
+    def test_without_the_module_it_says_so(self):
+        self.install(HOST_LIBRARIES + WINDOW_LIBRARIES)
+        self.refuse(r"Orvanta64\.so: no such file \(.+\)$")
+
+    def test_an_interrupt_leaves_nothing(self):
+        long = self.folder / "long.edf"
+        self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "240").returncode, 0)
+        before = sorted(self.folder.iterdir())
+        with subprocess.Popen(
+            [self.program, "render", long, "--mode", "csa", "--out", self.folder / "a.png"],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            text=True,
+            env=self.environment,
+        ) as running:
+            maps = pathlib.Path(f"/proc/{running.pid}/maps")
+            while "liborvanta_bridge" not in maps.read_text() and running.poll() is None:
+                time.sleep(0.01)
+            running.send_signal(signal.SIGINT)
+            output, errors = running.communicate(timeout=60)
+        self.assertEqual((running.returncode, output), (130, ""), errors)
+        self.assertEqual(sorted(self.folder.iterdir()), before)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures as files: pixels or vectors.
+#pragma once
+
+#include "host/toolkit/dc.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace orvanta::review {
+
+enum class PictureFormat { Png, Svg, Pdf };
+
+/// By the ending of a file name, whatever its case; nothing for another ending.
+std::optional<PictureFormat> FormatOf(const std::string& file);
+
+struct Picture {
+    owl::TSize size;   ///< logical pixels of 1/96 inch
+    double scale = 1;  ///< device pixels to a logical one, for PNG
+    std::string title; ///< for the file's description
+    std::function<void(owl::TDC&)> draw;
+};
+
+/// The contents of the file, on white. PNG says its resolution, so that it has the same size on paper at
+/// every scale; SVG and PDF keep texts as texts. \throws std::runtime_error when memory does not suffice
+std::string Encode(const Picture& picture, PictureFormat format);
+
+} // namespace orvanta::review
