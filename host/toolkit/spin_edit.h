@@ -8,8 +8,8 @@
 
 namespace owl {
 
-/// The spinner and its edit are two members of a form: the spinner carries its own objectName, the edit
-/// inside it the name in `editName`.
+/// The wheel turns it while it has the focus only. The spinner and its edit are two members of a form: the
+/// spinner carries its own objectName, the edit inside it the name in `editName`.
 class ORVANTA_TOOLKIT_API SpinEdit : public QSpinBox {
     Q_OBJECT
     Q_PROPERTY(QString editName READ EditName WRITE SetEditName)
@@ -21,6 +21,9 @@ public:
     void SetEditName(const QString& name);
     /// The edit inside; its textChanged follows every change, by key or by program.
     QLineEdit* Edit() const { return lineEdit(); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace owl

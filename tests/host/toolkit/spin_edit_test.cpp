@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace {
@@ -27,6 +28,27 @@ TEST(SpinEdit, TellsOfItsEditsTextWhoeverChangesIt) {
     spinner.Edit()->selectAll();
     QTest::keyClicks(spinner.Edit(), "7");
     EXPECT_EQ(texts.last(), "7");
+}
+
+TEST(SpinEdit, IsTurnedByTheWheelOnlyWithTheFocus) {
+    QWidget form;
+    owl::SpinEdit spinner(&form);
+    owl::SpinEdit other(&form);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    const auto turn = [&spinner] {
+        const QPointF at = QRectF(spinner.rect()).center();
+        QWheelEvent event(at, spinner.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&spinner, &event);
+    };
+    other.setFocus();
+    turn();
+    EXPECT_EQ(spinner.value(), 0);
+    spinner.setFocus();
+    turn();
+    EXPECT_EQ(spinner.value(), 1);
 }
 
 } // namespace
