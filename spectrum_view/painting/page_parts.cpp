@@ -40,6 +40,16 @@ int Widest(const owl::TDC& dc, const std::vector<std::string>& lines) {
     return width;
 }
 
+/// Selects the font, smaller where its lines are higher than this.
+void SelectFontOfLine(owl::TDC& dc, owl::TFont font, int lineHeight) {
+    font.height = lineHeight;
+    dc.SelectFont(font);
+    while (font.height > 1 && dc.GetTextExtent("Ag").cy > lineHeight) {
+        --font.height;
+        dc.SelectFont(font);
+    }
+}
+
 } // namespace
 
 void PaintHead(owl::TDC& dc, const HeadOutline& head, owl::TColor color) {
@@ -52,8 +62,8 @@ void PaintHead(owl::TDC& dc, const HeadOutline& head, owl::TColor color) {
 void PaintTitle(owl::TDC& dc, const owl::TRect& area, std::span<const owl::TRect> slots,
                 const std::string& title, const owl::TFont& font, owl::TColor color) {
     constexpr int kMostParts = 3;
-    dc.SelectFont(font);
     const int lineHeight = std::abs(font.height);
+    SelectFontOfLine(dc, font, lineHeight);
     const int margin = lineHeight / 2;
     const int whole = dc.GetTextExtent(title).cx;
     for (int parts = 1; parts <= kMostParts; ++parts) {

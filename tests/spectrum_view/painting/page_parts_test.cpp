@@ -40,6 +40,22 @@ TEST(PageTitle, IsLeftOutWhereItDoesNotFit) {
     EXPECT_THAT(Title("", {}), IsEmpty());
 }
 
+/// Its lines are four pixels higher than their font says.
+class TallDC final : public test::RecordingDC {
+public:
+    owl::TSize GetTextExtent(std::string_view text) const override {
+        const owl::TSize size = test::RecordingDC::GetTextExtent(text);
+        return {size.cx, size.cy + 4};
+    }
+};
+
+TEST(PageTitle, IsSmallerWhereItWouldBeCut) {
+    TallDC dc;
+    PaintTitle(dc, kArea, {}, "one", kFont, 0);
+    EXPECT_EQ(dc.CallsOf("font").back(), R"(font "Verdana" 6)");
+    EXPECT_THAT(dc.CallsOf("text"), ElementsAre(R"(text 5,90 left "one")"));
+}
+
 std::vector<std::string> Notice(const std::string& notice, const owl::TRect& area) {
     test::RecordingDC dc;
     PaintNotice(dc, area, notice, kFont);

@@ -32,7 +32,7 @@ namespace orvanta::test {
 ///     image 0,0,40,60 2x3            (the picture's own size)
 ///
 /// Every character of a text, whatever its font, is kCharacterWidth pixels wide and as high as the font.
-class RecordingDC final : public owl::TDC {
+class RecordingDC : public owl::TDC {
 public:
     static constexpr int kCharacterWidth = 6;
 
