@@ -15,6 +15,10 @@ namespace orvanta::spectrum_view {
 namespace {
 
 constexpr int kMostTicks = 12;
+/// Of the vertical axis.
+constexpr int kMostLevels = 8;
+/// Rows of text from level to level, at least.
+constexpr int kLevelPitch = 2;
 /// Between ticks without numbers, at least.
 constexpr int kTickPitch = 24;
 constexpr int kNumberGap = 6;
@@ -92,8 +96,24 @@ PlacedTexts FrequencyNumbers(const owl::TRect& slot, const FrequencyAxis& axis,
 
 } // namespace
 
+int NumbersTop(const owl::TRect& slot, int textHeight, int marksHeight) {
+    return AxisOrigin(slot).y + std::max({kTickLength + 1, marksHeight + 1, (textHeight + 1) / 2});
+}
+
+owl::TFont NumbersFont(const owl::TRect& slot, owl::TFont font, int marksHeight,
+                       const std::function<int(const owl::TFont&)>& heightOf) {
+    const auto fits = [&] {
+        const int height = heightOf(font);
+        return NumbersTop(slot, height, marksHeight) + height <= TextArea(slot).bottom;
+    };
+    while (font.height > kSmallestNumbers && !fits()) {
+        --font.height;
+    }
+    return font;
+}
+
 owl::TRect TextArea(const owl::TRect& slot) {
-    return slot.InflatedBy(-2, -2);
+    return slot.InflatedBy(-2, -1);
 }
 
 int ValueY(const owl::TRect& slot, const VerticalRange& range, double value) {
@@ -115,7 +135,8 @@ AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis
     if (layout.numbers.empty()) {
         ticks = RoundTicks(axis.bottom, axis.top, std::min(PlotArea(slot).Width() / kTickPitch, kMostTicks));
     } else {
-        layout.numbers.push_back(Placed("Hz", area.right, numbersTop, owl::TextAlign::Right, area, extent));
+        layout.numbers.push_back(
+            Placed("Hz", area.right - 2, numbersTop, owl::TextAlign::Right, area, extent));
         if (!Fits(layout.numbers, area, kNumberGap / 2, {})) {
             layout.numbers.pop_back();
         }
@@ -127,7 +148,8 @@ AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis
 }
 
 AxisLayout VerticalAxisLayout(const owl::TRect& slot, const VerticalRange& range, const TextExtent& extent) {
-    const int rows = std::min(PlotArea(slot).Height() / std::max(1, 2 * extent("0").cy), kMostTicks);
+    const int rows =
+        std::min(PlotArea(slot).Height() / std::max(1, kLevelPitch * extent("0").cy), kMostLevels);
     AxisLayout layout;
     std::vector<double> ticks = ValuesAtTicks(range, std::max(2, rows));
     for (const int power : PowersFor(range)) {

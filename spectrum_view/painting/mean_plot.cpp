@@ -27,6 +27,12 @@ bool IsPainted(const PlotInput& plot) {
            plot.frame.vertical.IsDrawable() && plot.frame.notice.empty();
 }
 
+/// The plot with its axes.
+owl::TRect PlotPixels(const owl::TRect& slot) {
+    const owl::TRect area = PlotArea(slot);
+    return {area.left, area.top, area.right + 1, area.bottom + 1};
+}
+
 void PaintShading(owl::TDC& dc, const owl::TRect& slot, const PlotCurve& curve) {
     for (const PlotBand& band : curve.bands) {
         const owl::TColor color = ShadingColor(band.color);
@@ -116,6 +122,7 @@ void PaintCurves(owl::TDC& dc, const PlotInput& plot) {
             painter.PaintSd();
         }
     }
+    dc.SetClip(plot.frame.slot);
     for (const CurvePainter& painter : painters) {
         painter.PaintCurve();
         if (plot.frame.flags.points) {
@@ -176,6 +183,26 @@ void PaintAxes(owl::TDC& dc, const owl::TRect& slot, const SlotTexts& texts,
     PaintTexts(dc, texts.vertical.numbers);
 }
 
+owl::TFont NumbersFontIn(owl::TDC& dc, const PlotInput& plot) {
+    const auto heightOf = [&dc](const owl::TFont& font) {
+        dc.SelectFont(font);
+        return dc.GetTextExtent("0").cy;
+    };
+    return NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), heightOf);
+}
+
+/// The texts of the plot in the fonts they are drawn in; the slot's is selected afterwards.
+SlotTexts MeasuredTexts(owl::TDC& dc, const PlotInput& plot, const owl::TFont& numbersFont) {
+    dc.SelectFont(plot.frame.font);
+    const auto inNumbersFont = [&](std::string_view text) {
+        dc.SelectFont(numbersFont);
+        const owl::TSize size = dc.GetTextExtent(text);
+        dc.SelectFont(plot.frame.font);
+        return size;
+    };
+    return TextsOf(plot, ExtentIn(dc), inNumbersFont);
+}
+
 /// The sign in the middle of the columns left of a legend's text.
 void PaintSign(owl::TDC& dc, LegendSign sign, const owl::TRect& entry) {
     const int y = (entry.top + entry.bottom) / 2;
@@ -189,13 +216,14 @@ void PaintSign(owl::TDC& dc, LegendSign sign, const owl::TRect& entry) {
 }
 
 void PaintLegend(owl::TDC& dc, const owl::TRect& slot, const SlotTexts& texts) {
+    Veil(dc, slot, texts.legend);
     PlacedTexts names = texts.legend;
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (texts.signs[i] != LegendSign::None) {
             names[i].rect.left += kSignWidth;
         }
     }
-    PaintOverPlot(dc, slot, names);
+    PaintTexts(dc, names);
     for (std::size_t i = 0; i < texts.legend.size(); ++i) {
         PaintSign(dc, texts.signs[i], texts.legend[i].rect);
     }
@@ -208,13 +236,19 @@ void PaintMeanPlot(owl::TDC& dc, const PlotInput& plot) {
     PaintSlotFrame(dc, plot.frame);
     if (IsPainted(plot)) {
         const PlotCurve& main = plot.curves.front();
-        const SlotTexts texts = TextsOf(plot, ExtentIn(dc));
+        const owl::TFont numbersFont = NumbersFontIn(dc, plot);
+        const SlotTexts texts = MeasuredTexts(dc, plot, numbersFont);
         const std::vector<Triangle> marks = SignificanceMarks(slot, main.axis, plot.p, plot.pThreshold);
+        // Areas end with the plot, whatever the bins.
+        dc.SetClip(PlotPixels(slot));
         PaintShading(dc, slot, main);
         PaintCurves(dc, plot);
         PaintMarks(dc, marks);
         PaintRatio(dc, plot);
+        dc.SelectFont(numbersFont);
         PaintAxes(dc, slot, texts, marks);
+        PaintOverPlot(dc, slot, texts.unity);
+        dc.SelectFont(plot.frame.font);
         PaintOverPlot(dc, slot, texts.label);
         PaintOverPlot(dc, slot, texts.caption);
         PaintLegend(dc, slot, texts);

@@ -16,6 +16,8 @@ constexpr std::array kFewCells{1, 3, 5};
 
 constexpr owl::TColor kGrey = owl::Rgb(216, 216, 216);
 constexpr std::uint8_t kOpacity = 160;
+/// Under the coloured names, of which some are as light as the box.
+constexpr owl::TColor kShadow = owl::Rgb(70, 70, 70);
 /// Nobody reads smaller figures.
 constexpr int kSmallestFont = 6;
 
@@ -87,6 +89,8 @@ void PaintRow(owl::TDC& dc, const MeasuresBoxInput& input, const MeasuresBoxGeom
     const MeasuresRow& row = input.bands[static_cast<std::size_t>(band)];
     const int y = geometry.RowTop(band);
     const auto place = static_cast<std::size_t>(band);
+    dc.SetTextColor(kShadow);
+    dc.TextOut({geometry.NameRight() + 1, y + 1}, row.name);
     dc.SetTextColor(place < kBandColors.size() ? kBandColors[place] : kBlack);
     dc.TextOut({geometry.NameRight(), y}, row.name);
     dc.SetTextColor(kBlack);

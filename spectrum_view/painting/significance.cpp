@@ -12,6 +12,7 @@ namespace orvanta::spectrum_view {
 namespace {
 
 constexpr int kTallestMark = 6;
+constexpr int kLowestMark = 2;
 /// Between the baseline and a mark.
 constexpr int kMarkGap = 2;
 
@@ -19,24 +20,21 @@ constexpr int kMarkGap = 2;
 
 int MarksHeight(const owl::TRect& slot) {
     const int margin = slot.bottom - SlotY(slot, kPlotBottom);
-    return kMarkGap + std::clamp(margin / 3, 2, kTallestMark);
-}
-
-Triangle MarkAt(const owl::TRect& slot, const owl::TPoint& apex, int half) {
-    const int bottom = apex.y + MarksHeight(slot) - kMarkGap - 1;
-    return {apex, {apex.x + half, bottom}, {apex.x - half, bottom}};
+    return kMarkGap + std::clamp(margin / 4, kLowestMark, kTallestMark);
 }
 
 std::vector<Triangle> SignificanceMarks(const owl::TRect& slot, const FrequencyAxis& axis,
                                         std::span<const double> p, double threshold) {
     // Narrower where the bins stand close, so that neighbours stay apart.
     const int pitch = CurveX(slot, axis, axis.iBottom + 1) - CurveX(slot, axis, axis.iBottom);
-    const int half = std::clamp(pitch / 2 - 1, 1, (MarksHeight(slot) - kMarkGap) / 2 + 1);
+    const int half = std::clamp((pitch - 1) / 2, 1, (MarksHeight(slot) - kMarkGap) / 2 + 1);
     const int top = AxisOrigin(slot).y + kMarkGap;
+    const int bottom = AxisOrigin(slot).y + MarksHeight(slot) - 1;
     std::vector<Triangle> marks;
     for (std::uint64_t bin = axis.iBottom; bin <= axis.iTop && bin < p.size(); ++bin) {
         if (p[bin] < threshold) {
-            marks.push_back(MarkAt(slot, {CurveX(slot, axis, bin), top}, half));
+            const int x = CurveX(slot, axis, bin);
+            marks.push_back({{{x, top}, {x + half, bottom}, {x - half, bottom}}});
         }
     }
     return marks;

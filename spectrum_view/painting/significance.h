@@ -16,16 +16,13 @@ inline constexpr double kRatioScale = 20.0;
 
 using Triangle = std::array<owl::TPoint, 3>;
 
-/// Rows between the baseline and the lower edge of the marks, at most a third of the margin below the plot.
+/// Rows between the baseline and the lower edge of the marks, about a quarter of the margin below the plot.
 int MarksHeight(const owl::TRect& slot);
 
 /// A triangle pointing up to the baseline under each shown bin with p below the threshold. What is not
 /// computable has none. The axis must be drawable.
 std::vector<Triangle> SignificanceMarks(const owl::TRect& slot, const FrequencyAxis& axis,
                                         std::span<const double> p, double threshold);
-
-/// A stroke under a mark, from the apex down its middle.
-Triangle MarkAt(const owl::TRect& slot, const owl::TPoint& apex, int half);
 
 /// Row of a ratio: top + trunc(height × (0.92 − ratio × 0.87 × kRatioScale / 100)).
 int RatioY(const owl::TRect& slot, double ratio);

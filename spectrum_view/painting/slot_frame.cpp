@@ -107,12 +107,16 @@ PlacedTexts NoticeOf(const SlotFrame& frame, const TextExtent& extent) {
     return texts;
 }
 
-void PaintOverPlot(owl::TDC& dc, const owl::TRect& slot, const PlacedTexts& texts) {
+void Veil(owl::TDC& dc, const owl::TRect& slot, const PlacedTexts& texts) {
     for (const PlacedText& text : texts) {
         if (text.rect.bottom > SlotY(slot, kPlotTop)) {
             dc.BlendRect(text.rect.InflatedBy(2, 0), kWhite, kVeil);
         }
     }
+}
+
+void PaintOverPlot(owl::TDC& dc, const owl::TRect& slot, const PlacedTexts& texts) {
+    Veil(dc, slot, texts);
     PaintTexts(dc, texts);
 }
 

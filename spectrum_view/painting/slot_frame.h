@@ -36,7 +36,10 @@ PlacedTexts LabelOf(const SlotFrame& frame, const TextExtent& extent);
 /// The notice in the middle of the slot, broken between words where it is too wide; nothing where a word is.
 PlacedTexts NoticeOf(const SlotFrame& frame, const TextExtent& extent);
 
-/// Draws texts that may lie over the plot: white shines through under them where they do.
+/// Lays a veil of white over the plot under texts that reach into it.
+void Veil(owl::TDC& dc, const owl::TRect& slot, const PlacedTexts& texts);
+
+/// Draws texts that may lie over the plot, with a veil under them.
 void PaintOverPlot(owl::TDC& dc, const owl::TRect& slot, const PlacedTexts& texts);
 
 } // namespace orvanta::spectrum_view

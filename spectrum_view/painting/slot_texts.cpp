@@ -65,19 +65,22 @@ void PlaceLegend(SlotTexts& texts, const PlotInput& plot, int left, int top, con
 
 } // namespace
 
-SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent) {
+int MarksRows(const PlotInput& plot) {
+    return plot.p.empty() ? 0 : MarksHeight(plot.frame.slot);
+}
+
+SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent, const TextExtent& numbersExtent) {
     const SlotFrame& frame = plot.frame;
     const owl::TRect area = TextArea(frame.slot);
     const int height = extent("0").cy;
     const int top = LabelTop(frame.slot, height);
     const owl::TPoint origin = AxisOrigin(frame.slot);
-    const int marks = plot.p.empty() ? 0 : MarksHeight(frame.slot);
-    const int numbersTop = origin.y + std::max({kTickLength + 1, marks + 2, (height + 1) / 2});
+    const int numbersTop = NumbersTop(frame.slot, numbersExtent("0").cy, MarksRows(plot));
 
     SlotTexts texts;
     texts.label = LabelOf(frame, extent);
-    texts.frequency = FrequencyAxisLayout(frame.slot, plot.curves.front().axis, numbersTop, extent);
-    texts.vertical = VerticalAxisLayout(frame.slot, frame.vertical, extent);
+    texts.frequency = FrequencyAxisLayout(frame.slot, plot.curves.front().axis, numbersTop, numbersExtent);
+    texts.vertical = VerticalAxisLayout(frame.slot, frame.vertical, numbersExtent);
     const bool crowded = frame.flags.labels && !frame.label.empty() && texts.label.empty();
     if (!frame.flags.axesText || crowded) {
         texts.frequency.numbers.clear();
@@ -90,12 +93,17 @@ SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent) {
         legendLeft = texts.caption.front().rect.right + kLegendGap;
     }
     PlaceLegend(texts, plot, legendLeft, top, extent);
+    if (!plot.ratio.empty()) {
+        texts.unity.push_back(Placed("1", SlotX(frame.slot, kPlotRight),
+                                     RatioY(frame.slot, 1) - numbersExtent("1").cy, owl::TextAlign::Right,
+                                     area, numbersExtent));
+    }
 
     // A number without the power of ten it is multiplied by would be wrong: they stay or go together.
     PlacedTexts vertical = texts.vertical.numbers;
     vertical.insert(vertical.end(), texts.caption.begin(), texts.caption.end());
-    KeepFitting({&texts.label, &texts.frequency.numbers, &vertical, &texts.legend}, area, kTextGap / 2,
-                {frame.box});
+    KeepFitting({&texts.label, &texts.frequency.numbers, &vertical, &texts.legend, &texts.unity}, area,
+                kTextGap / 2, {frame.box});
     if (vertical.empty()) {
         texts.vertical.numbers.clear();
         texts.caption.clear();

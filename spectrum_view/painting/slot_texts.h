@@ -16,6 +16,7 @@ struct SlotTexts {
     AxisLayout frequency;
     AxisLayout vertical;
     PlacedTexts caption; ///< over the vertical axis: its multiplier, and its unit where the label has none
+    PlacedTexts unity;   ///< "1" at the end of the line of equal spectra
     PlacedTexts legend;  ///< rectangles with room for the sign before the text
     std::vector<LegendSign> signs; ///< one per entry of the legend
 
@@ -28,6 +29,10 @@ inline constexpr int kSignWidth = 16;
 /// The texts that fit, none over another, none cut. Where room is short the legend goes first, then the
 /// numbers of the axes, then the label; the measures box stays. The axis of the first curve and the range
 /// must be drawable.
-SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent);
+/// \param extent in the font of the slot \param numbersExtent in the font of the numbers
+SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent, const TextExtent& numbersExtent);
+
+/// Rows below the baseline that significance marks take.
+int MarksRows(const PlotInput& plot);
 
 } // namespace orvanta::spectrum_view
