@@ -18,8 +18,17 @@ protected:
         Setting("Spectrum/NumRows") = rows;
         Setting("Spectrum/NumCols") = columns;
     }
-    /// Slots that were drawn, in order.
-    std::vector<std::string> Clips() const { return dc.CallsOf("clip"); }
+    /// Clips of the slots that were drawn, in order: a slot begins with its fill.
+    std::vector<std::string> Clips() const {
+        const auto& calls = dc.Calls();
+        std::vector<std::string> clips;
+        for (std::size_t i = 1; i < calls.size(); ++i) {
+            if (calls[i].starts_with("clip") && calls[i - 1].starts_with("fill")) {
+                clips.push_back(calls[i]);
+            }
+        }
+        return clips;
+    }
 };
 
 TEST_F(DrawingView, GivesTheGridItsCellsAboveAStripForTheTitle) {
