@@ -77,6 +77,16 @@ void PaintHeadBehind(owl::TDC& dc, const Page& page) {
     PaintHead(dc, Get2DHeadOutline(sensors, region), page.lineColor);
 }
 
+void PaintTitleBeside(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces) {
+    std::vector<owl::TRect> slots;
+    slots.reserve(traces.size());
+    for (const TraceEntry& trace : traces) {
+        slots.push_back(trace.rectangle);
+    }
+    PaintTitle(dc, page.area, slots, TitleOf(page.manager, page.recording, page.messages), page.font,
+               page.textColor);
+}
+
 } // namespace
 
 void PaintPage(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces, OverTimePlots& overTime,
@@ -86,13 +96,9 @@ void PaintPage(owl::TDC& dc, const Page& page, std::span<const TraceEntry> trace
             PaintHeadBehind(dc, page);
         }
         PaintPlots(dc, page, traces, overTime, damaged);
-        std::vector<owl::TRect> slots;
-        slots.reserve(traces.size());
-        for (const TraceEntry& trace : traces) {
-            slots.push_back(trace.rectangle);
+        if (page.view.showTitle) {
+            PaintTitleBeside(dc, page, traces);
         }
-        PaintTitle(dc, page.area, slots, TitleOf(page.manager, page.recording, page.messages), page.font,
-                   page.textColor);
     }
     PaintNotice(dc, page.area, PageNotice(page.manager, page.view, page.display.range, traces, page.messages),
                 page.font);

@@ -30,6 +30,7 @@ public:
     /// None while the analyses are not the ones that the traces were listed for.
     std::span<const orvanta::spectrum_view::TraceEntry> GetTraces() const;
 
+    void SetShowTitle(bool show) { state_.showTitle = show; }
     /// The epochs of the main analysis; none without it.
     void GetEventList(XTimeList& list) const;
     /// \return the mode until now; 0 when it is the same

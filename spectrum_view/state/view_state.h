@@ -20,6 +20,7 @@ struct ViewState {
     std::uint64_t firstTrace = 0; ///< shown in the first slot of the grid
     GridSize grid;
     bool commonScale = false; ///< one vertical scale for all traces
+    bool showTitle = true;    ///< below the plots; not stored
     Scales scales;
 };
 

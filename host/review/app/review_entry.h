@@ -38,8 +38,8 @@ struct RenderRequest {
     bool tTest = true;
     bool ratio = false;
     SpectrumPage page;
-    int width = 1280; ///< pixels before scaling, one being 1/96 inch
-    int height = 800;
+    int width = 1600; ///< pixels before scaling, one being 1/96 inch
+    int height = 1000;
     double scale = 1; ///< device pixels to a pixel
     std::string out;  ///< ends in .png, .svg or .pdf
 };

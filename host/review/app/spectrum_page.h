@@ -20,6 +20,7 @@ struct SpectrumPage {
     bool axesText = true;
     bool measuresBox = true;
     bool commonScale = false;
+    bool title = true;
 };
 
 } // namespace orvanta::review

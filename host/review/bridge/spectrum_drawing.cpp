@@ -31,6 +31,7 @@ void PutSettings(UserType& user, const SpectraMgr& manager, const SpectrumPage& 
 void Choose(Spectrum& view, const SpectrumPage& page) {
     view.ChangeViewMode(page.layout);
     view.ChangeDataMode(page.mode);
+    view.SetShowTitle(page.title);
     if (!page.labels) {
         view.CmShowLabel();
     }

@@ -62,7 +62,7 @@ void AnalysisArguments::AddTo(CLI::App& command) {
                     "Memory budget, MiB (default 1024); with a small one fewer threads work")
         ->check(CLI::Validator(CLI::Range(16u, 1u << 20)).description(""))
         ->type_name("MIB");
-    command.add_flag("--quiet", quiet, "No progress and no table");
+    command.add_flag("--quiet", quiet, "Print neither progress nor results");
 }
 
 void AnalysisArguments::AddDataTo(CLI::App& command) {

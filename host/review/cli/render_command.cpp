@@ -40,7 +40,7 @@ void ParseSize(const std::string& text, review::RenderRequest& request) {
     const auto height = cross ? std::from_chars(width.ptr + 1, end, request.height)
                               : std::from_chars_result{end, std::errc::invalid_argument};
     if (height.ec != std::errc() || height.ptr != end) {
-        throw CLI::ValidationError("--size", text + " is no size such as 1280x800");
+        throw CLI::ValidationError("--size", text + " is no size such as 1600x1000");
     }
     if (request.width < kSmallestWidth || request.height < kSmallestHeight || request.width > kLargestSide ||
         request.height > kLargestSide) {
@@ -105,7 +105,9 @@ void AddPage(CLI::App& command, review::RenderRequest& request) {
           std::tuple("--no-lines", &page.lines, "Hide the drop lines"),
           std::tuple("--no-labels", &page.labels, "Hide the names of the plots"),
           std::tuple("--no-axes", &page.axesText, "Hide the numbers at the axes"),
-          std::tuple("--no-measures", &page.measuresBox, "Hide the box of measures")}) {
+          std::tuple("--no-measures", &page.measuresBox,
+                     "Hide the box of measures, shown over up to 4 plots"),
+          std::tuple("--no-title", &page.title, "Hide the title, which names the patient")}) {
         command.add_flag_callback(
             name, [shown = shown] { *shown = false; }, what);
     }
@@ -132,17 +134,20 @@ void AddComparison(CLI::App& command, review::RenderRequest& request) {
 void AddRender(CLI::App& app, Command& run) {
     auto request = std::make_shared<review::RenderRequest>(NewRequest());
     CLI::App* command = app.add_subcommand("render", "Draw a view into a picture: PNG, SVG or PDF");
+    command->option_defaults()->group("Analysis");
     request->analysis.AddTo(*command);
     command->add_option("--macro", request->macro, "Settings from a macro file")->type_name("M.smx");
     command->add_option("--set", request->assignments, "Change one setting, repeatable")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     AddComparison(*command, *request);
+    command->option_defaults()->group("View");
     AddPage(*command, *request);
+    command->option_defaults()->group("Picture");
     command
         ->add_option_function<std::string>(
             "--size", [request](const std::string& text) { ParseSize(text, *request); },
-            "Pixels before scaling, 96 to an inch (default 1280x800)")
+            "Pixels before scaling, 96 to an inch (default 1600x1000)")
         ->type_name("WxH");
     command->add_option("--scale", request->scale, "Device pixels per pixel of a PNG (default 1)")
         ->check(CLI::Validator(CLI::Range(0.25, 8.0)).description(""))

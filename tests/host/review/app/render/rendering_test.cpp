@@ -119,6 +119,46 @@ TEST_F(RenderingTest, ShowsTheMontageAskedFor) {
     EXPECT_THAT(Draw(), SizeIs(19));
 }
 
+TEST_F(RenderingTest, ShowsTheTitleUnlessItIsHidden) {
+    Draw();
+    EXPECT_THAT(dc.Texts(), testing::Contains(HasSubstr("Analyzed: ")));
+    dc.Clear();
+    request.page.title = false;
+    Draw();
+    EXPECT_THAT(dc.Texts(), testing::Not(testing::Contains(HasSubstr("Analyzed: "))));
+}
+
+TEST_F(RenderingTest, HidesTheNamesOfThePlots) {
+    Draw();
+    EXPECT_THAT(dc.Texts(), testing::Contains(HasSubstr("Fp1-F7")));
+    dc.Clear();
+    request.page.labels = false;
+    Draw();
+    EXPECT_THAT(dc.Texts(), testing::Not(testing::Contains(HasSubstr("Fp1-F7"))));
+}
+
+TEST_F(RenderingTest, DrawsOneMarkForEveryBinUnlessTheyAreHidden) {
+    request.page.rows = 1;
+    request.page.columns = 1;
+    request.page.range = {0, 32};
+    Draw();
+    // Bins every half Hz up to 32 Hz; marks in a band are drawn over those of the curve.
+    EXPECT_GE(dc.CallsOf("ellipse").size(), 64U);
+    dc.Clear();
+    request.page.points = false;
+    Draw();
+    EXPECT_THAT(dc.CallsOf("ellipse"), testing::IsEmpty());
+}
+
+TEST_F(RenderingTest, ShowsTheFrequenciesAskedFor) {
+    request.page.rows = 1;
+    request.page.columns = 1;
+    request.page.range = {10, 20};
+    Draw();
+    EXPECT_THAT(dc.Texts(), testing::IsSupersetOf({"10.0", "20.0"}));
+    EXPECT_THAT(dc.Texts(), testing::Not(testing::Contains("0.0")));
+}
+
 TEST_F(RenderingTest, RefusesAGridOfAMontageWithoutPairs) {
     request.analysis.montage = "Average reference";
     EXPECT_EQ(Refusal<NothingComputable>(),
