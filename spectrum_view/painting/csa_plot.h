@@ -7,8 +7,8 @@
 
 namespace orvanta::spectrum_view {
 
-/// Rows of a compressed array are at least so many pixels apart.
-inline constexpr int kRowPitch = 2;
+/// Rows of a compressed array are at least so many pixels apart: closer, quiet rows run into one dark plane.
+inline constexpr int kRowPitch = 4;
 
 /// Paints a slot: frame, tinted bands, one curve per row, the oldest at the bottom, each hidden where one
 /// before it stands as high, then axes, times, frequencies and label as far as they fit. A row stands at the

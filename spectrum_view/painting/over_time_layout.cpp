@@ -27,6 +27,17 @@ constexpr int kBarDistance = 6;
 constexpr int kMostDecimals = 4;
 constexpr double kLongestFixed = 1e6;
 
+/// Decimals of the step; two more than its magnitude needs when it is not round.
+int DecimalsOf(double step) {
+    for (int decimals = 0; decimals <= kMostDecimals; ++decimals) {
+        const double shifted = std::abs(step) * std::pow(10.0, decimals);
+        if (shifted > 0.5 && std::abs(shifted - std::round(shifted)) < 1e-6 * shifted) {
+            return decimals;
+        }
+    }
+    return 2 + std::max(0, static_cast<int>(std::ceil(-std::log10(std::abs(step)))));
+}
+
 /// A value on an axis and its text.
 struct Number {
     double place = 0; ///< 0 at the axis' begin, 1 at its end
@@ -92,7 +103,7 @@ int Between(int from, int to, double place) {
     return from + static_cast<int>(std::lround((to - from) * place));
 }
 
-/// Ticks up an axis with numbers at one side.
+/// Ticks up an axis with numbers at one side, none above its end.
 struct NumberedAxis {
     std::vector<int> ticks;
     PlacedTexts numbers;
@@ -106,9 +117,9 @@ NumberedAxis Upright(const NumbersOf& of, int bottom, int top, int x, owl::TextA
         for (const Number& number : of(most)) {
             const int y = Between(bottom, top, number.place);
             axis.ticks.push_back(y);
-            axis.numbers.push_back(Placed(number.text, x,
-                                          std::clamp(y - height / 2, area.top, area.bottom - height), align,
-                                          area, extent));
+            axis.numbers.push_back(
+                Placed(number.text, x, std::clamp(y - height / 2, top, std::max(top, area.bottom - height)),
+                       align, area, extent));
         }
         if (!axis.ticks.empty() && Fits(axis.numbers, area, 0, {})) {
             return axis;
@@ -294,7 +305,7 @@ int RowsHeight(const owl::TRect& plot) {
 }
 
 std::string NumberText(double value, double step) {
-    const int decimals = std::max(0, static_cast<int>(std::ceil(-std::log10(std::abs(step)) - 1e-9)));
+    const int decimals = DecimalsOf(step);
     std::array<char, 400> text{};
     if (decimals > kMostDecimals || std::abs(value) >= kLongestFixed) {
         std::snprintf(text.data(), text.size(), "%.3g", value);

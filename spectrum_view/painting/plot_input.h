@@ -81,6 +81,7 @@ struct OverTimeInput {
     owl::TColor color = 0;   ///< of the trace
     double begin_s = 0;      ///< the time axis, seconds since the recording's start
     double end_s = 0;
+    double startOfDay_s = 0; ///< clock time of the recording's start, seconds since midnight; 0 when unknown
 };
 
 } // namespace orvanta::spectrum_view
