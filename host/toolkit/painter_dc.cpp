@@ -21,8 +21,12 @@ namespace {
 /// Up to this size, in logical pixels, an ellipse is a mark.
 constexpr int kLargestMark = 24;
 constexpr std::size_t kMarksKept = 64;
+/// Dots in the picture from which dotted lines are copied.
+constexpr int kDotsKept = 128;
 /// Up to this width, in device pixels, the lines of a curve are drawn one by one.
 constexpr double kWidestSeparateLine = 6;
+/// From so many corners on a polygon is filled in two steps.
+constexpr int kManyCorners = 16;
 /// So many dot lengths from dot to dot, as Qt's own dotted pen has it.
 constexpr int kDotPitch = 3;
 
@@ -39,6 +43,27 @@ Points Middles(std::span<const TPoint> points) {
         middles.append(Middle(point));
     }
     return middles;
+}
+
+/// Without the points on the way straight on: the lines are the same and fewer.
+std::vector<TPoint> Corners(std::span<const TPoint> points) {
+    std::vector<TPoint> corners;
+    corners.reserve(points.size());
+    for (const TPoint& point : points) {
+        if (corners.size() > 1) {
+            const TPoint& before = corners[corners.size() - 2];
+            const std::int64_t dx = corners.back().x - before.x;
+            const std::int64_t dy = corners.back().y - before.y;
+            const std::int64_t moreX = point.x - corners.back().x;
+            const std::int64_t moreY = point.y - corners.back().y;
+            if (dx * moreY == dy * moreX && dx * moreX + dy * moreY > 0) {
+                corners.back() = point;
+                continue;
+            }
+        }
+        corners.push_back(point);
+    }
+    return corners;
 }
 
 bool IsStraight(const TPoint& from, const TPoint& to) {
@@ -207,10 +232,45 @@ void PainterDC::FillStrip(const QRect& strip, const TPen& pen) {
     }
     const bool level = strip.width() >= strip.height();
     const int dot = std::max(1, level ? strip.height() : strip.width());
-    for (int done = 0; done < (level ? strip.width() : strip.height()); done += kDotPitch * dot) {
-        const QPoint corner = strip.topLeft() + (level ? QPoint(done, 0) : QPoint(0, done));
-        FillGrid(QRect(corner, QSize(dot, dot)) & strip, color);
+    const int length = level ? strip.width() : strip.height();
+    const int most = onGrid_ ? kDotsKept * kDotPitch * dot : kDotPitch * dot;
+    for (int done = 0; done < length; done += most) {
+        const int part = std::min(most, length - done);
+        const QRect place = level ? QRect(strip.x() + done, strip.y(), part, dot)
+                                  : QRect(strip.x(), strip.y() + done, dot, part);
+        if (onGrid_) {
+            SetSmooth(false);
+            painter_.drawImage(
+                QPointF((place.x() - origin_.x()) / scale_, (place.y() - origin_.y()) / scale_),
+                DotsOf(pen.color, dot, level), QRectF(QPointF(), QSizeF(place.size())));
+        } else {
+            FillGrid(place & QRect(place.topLeft(), QSize(dot, dot)), color);
+        }
     }
+}
+
+const QImage& PainterDC::DotsOf(TColor color, int dot, bool level) {
+    const auto known = std::find_if(dots_.rbegin(), dots_.rend(), [&](const Dots& dots) {
+        return dots.color == color && dots.dot == dot && dots.level == level;
+    });
+    if (known != dots_.rend()) {
+        std::iter_swap(known, dots_.rbegin());
+        return dots_.back().picture;
+    }
+    if (dots_.size() >= kMarksKept) {
+        dots_.clear();
+    }
+    const int length = kDotsKept * kDotPitch * dot;
+    QImage picture(level ? length : dot, level ? dot : length, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (int done = 0; done < length; done += kDotPitch * dot) {
+        painter.fillRect(level ? done : 0, level ? 0 : done, dot, dot, ToQColor(color));
+    }
+    painter.end();
+    picture.setDevicePixelRatio(scale_);
+    dots_.push_back({color, dot, level, std::move(picture)});
+    return dots_.back().picture;
 }
 
 void PainterDC::Border(const TRect& rect, const TPen& pen) {
@@ -260,9 +320,10 @@ void PainterDC::SlantedLines(std::span<const TPoint> points) {
     Take(Tools::Flat);
     QVarLengthArray<QLineF, 512> lines;
     const double past = pen_.width / 4.0;
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        const QPointF from = Middle(points[i - 1]);
-        const QPointF way = Middle(points[i]) - from;
+    const std::vector<TPoint> corners = Corners(points);
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+        const QPointF from = Middle(corners[i - 1]);
+        const QPointF way = Middle(corners[i]) - from;
         const double length = std::sqrt(QPointF::dotProduct(way, way));
         if (length > 0) {
             const QPointF more = way * (past / length);
@@ -289,15 +350,34 @@ void PainterDC::Polyline(std::span<const TPoint> points) {
     Outline(points);
 }
 
+void PainterDC::FillPolygon(std::span<const TPoint> points) {
+    const Points middles = Middles(Corners(points));
+    const auto count = static_cast<int>(middles.size());
+    Take(Tools::Area);
+    if (!onGrid_ || count < kManyCorners) {
+        SetSmooth(true);
+        painter_.drawPolygon(middles.data(), count);
+        return;
+    }
+    // Qt fills a polygon of many corners several times faster with hard edges; a hairline makes them smooth.
+    SetSmooth(false);
+    painter_.drawPolygon(middles.data(), count);
+    SetSmooth(true);
+    QPen hairline(ToQColor(brush_.color), 0);
+    hairline.setCosmetic(true);
+    painter_.setPen(hairline);
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawPolyline(middles.data(), count);
+    painter_.drawLine(middles.last(), middles.first());
+    tools_ = Tools::None;
+}
+
 void PainterDC::Polygon(std::span<const TPoint> points) {
     if (points.empty()) {
         return;
     }
     if (!brush_.hollow) {
-        SetSmooth(true);
-        Take(Tools::Area);
-        const Points middles = Middles(points);
-        painter_.drawPolygon(middles.data(), static_cast<int>(middles.size()));
+        FillPolygon(points);
     }
     std::vector<TPoint> closed(points.begin(), points.end());
     closed.push_back(points.front());
@@ -313,7 +393,8 @@ const QImage& PainterDC::MarkOf(const TSize& size) {
         return mark.size == size && mark.pen == pen_ && mark.brush == brush_;
     });
     if (known != marks_.rend()) {
-        return known->picture;
+        std::iter_swap(known, marks_.rbegin()); // the next one is mostly the same
+        return marks_.back().picture;
     }
     if (marks_.size() >= kMarksKept) {
         marks_.clear();

@@ -57,6 +57,13 @@ private:
         TBrush brush;
         QImage picture;
     };
+    /// A dotted strip, painted once and then copied piece by piece.
+    struct Dots {
+        TColor color = 0;
+        int dot = 0; ///< side of a dot, grid pixels
+        bool level = false;
+        QImage picture;
+    };
 
     void Take(Tools tools);
     void SetSmooth(bool smooth);
@@ -70,7 +77,9 @@ private:
     void StraightLine(const TPoint& from, const TPoint& to);
     void SlantedLines(std::span<const TPoint> points);
     void Outline(std::span<const TPoint> points);
+    void FillPolygon(std::span<const TPoint> points);
     const QImage& MarkOf(const TSize& size);
+    const QImage& DotsOf(TColor color, int dot, bool level);
 
     QPainter& painter_;
     double scale_ = 1; ///< grid pixels to a logical one; the grid is the device's where that can be addressed
@@ -84,6 +93,7 @@ private:
     Tools tools_ = Tools::None;
     bool smooth_ = true;
     std::vector<Mark> marks_;
+    std::vector<Dots> dots_;
 };
 
 } // namespace owl

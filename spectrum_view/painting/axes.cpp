@@ -68,17 +68,21 @@ std::optional<PlacedTexts> VerticalNumbers(const owl::TRect& slot, const Vertica
     const owl::TRect area = TextArea(slot);
     const int right = AxisOrigin(slot).x - kTickLength - 2;
     const int height = extent("0").cy;
+    const double unit = std::pow(10.0, power);
+    const auto fits = [&](double value) { return extent(OneDecimal(value / unit)).cx <= right - area.left; };
+    if (values.size() < 2 || !fits(values.front()) || !fits(values.back())) {
+        return std::nullopt;
+    }
     PlacedTexts numbers;
     for (const double value : values) {
         const int top = std::max(area.top, ValueY(slot, range, value) - height / 2);
-        PlacedText number = Placed(OneDecimal(value / std::pow(10.0, power)), right, top,
-                                   owl::TextAlign::Right, area, extent);
+        PlacedText number = Placed(OneDecimal(value / unit), right, top, owl::TextAlign::Right, area, extent);
         if (number.rect.right > right) {
             return std::nullopt;
         }
         numbers.push_back(std::move(number));
     }
-    if (numbers.size() < 2 || HasEqualNeighbours(numbers) || !Fits(numbers, area, 0, {})) {
+    if (HasEqualNeighbours(numbers) || !Fits(numbers, area, 0, {})) {
         return std::nullopt;
     }
     return numbers;
@@ -125,7 +129,10 @@ AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis
     const owl::TRect area = TextArea(slot);
     AxisLayout layout;
     std::vector<double> ticks;
-    for (int most = kMostTicks; most >= 2 && layout.numbers.empty(); --most) {
+    const bool low = numbersTop + extent("0").cy > area.bottom;
+    const int pitch = std::max(extent(OneDecimal(axis.bottom)).cx, extent(OneDecimal(axis.top)).cx);
+    const int start = low ? 0 : std::min(kMostTicks, area.Width() / (pitch + kNumberGap) + 1);
+    for (int most = start; most >= 2 && layout.numbers.empty(); --most) {
         ticks = RoundTicks(axis.bottom, axis.top, most);
         layout.numbers = FrequencyNumbers(slot, axis, ticks, numbersTop, extent);
         if (!Fits(layout.numbers, area, kNumberGap, {})) {

@@ -79,7 +79,11 @@ public:
 
     void PaintDropLines() const {
         dc_.SelectPen({curve_.color, 1, owl::PenStyle::Dotted});
-        PaintLines({curve_.axis.iBottom, curve_.axis.iTop + 1});
+        // The dots of a band's lines cover those in the trace's colour one by one: only what is outside the
+        // bands is drawn in it.
+        for (const BinRange& bins : Uncolored()) {
+            PaintLines(bins);
+        }
         for (const PlotBand& band : curve_.bands) {
             dc_.SelectPen({band.color, 1, owl::PenStyle::Dotted});
             PaintLines(ColoredBins(curve_.axis, band));
@@ -87,6 +91,24 @@ public:
     }
 
 private:
+    /// The shown bins of no band.
+    std::vector<BinRange> Uncolored() const {
+        std::vector<BinRange> colored;
+        for (const PlotBand& band : curve_.bands) {
+            colored.push_back(ColoredBins(curve_.axis, band));
+        }
+        std::sort(colored.begin(), colored.end(),
+                  [](const BinRange& a, const BinRange& b) { return a.first < b.first; });
+        std::vector<BinRange> uncolored;
+        std::uint64_t next = curve_.axis.iBottom;
+        for (const BinRange& bins : colored) {
+            uncolored.push_back({next, std::max(next, std::min(bins.first, curve_.axis.iTop + 1))});
+            next = std::max(next, bins.end);
+        }
+        uncolored.push_back({next, std::max(next, curve_.axis.iTop + 1)});
+        return uncolored;
+    }
+
     void PaintMarkers(const BinRange& bins) const {
         for (std::uint64_t bin = bins.first; bin < bins.end; ++bin) {
             if (const auto rect = MarkerRect(points_, curve_.axis, bin)) {

@@ -126,6 +126,69 @@ TEST_F(PainterDCTest, DrawsWithTheToolsSelectedLast) {
     EXPECT_EQ(Pixels(), (Rows{"rrrrrr", "######", "r..r..", "......", "......"}));
 }
 
+/// A larger white picture.
+class WidePicture : public testing::Test {
+protected:
+    WidePicture() { image.fill(Qt::white); }
+    bool IsBlack(int x, int y) const { return image.pixelColor(x, y) == Qt::black; }
+
+    QImage image{1000, 1000, QImage::Format_RGB32};
+    QPainter painter{&image};
+    owl::PainterDC dc{painter};
+};
+
+TEST_F(WidePicture, GoesOnWithItsDotsAlongALongLine) {
+    dc.SelectPen({kBlack, 1, owl::PenStyle::Dotted});
+    dc.Line({10, 5}, {999, 5});
+    dc.Line({5, 10}, {5, 999});
+    for (int i = 10; i < 1000; ++i) {
+        EXPECT_EQ(IsBlack(i, 5), (i - 10) % 3 == 0) << i;
+        EXPECT_EQ(IsBlack(5, i), (i - 10) % 3 == 0) << i;
+    }
+}
+
+TEST_F(WidePicture, DotsAreInTheColorSelectedLast) {
+    dc.SelectPen({kRed, 1, owl::PenStyle::Dotted});
+    dc.Line({10, 5}, {10, 50});
+    dc.SelectPen({kBlack, 1, owl::PenStyle::Dotted});
+    dc.Line({10, 5}, {10, 50});
+    EXPECT_TRUE(IsBlack(10, 5));
+    EXPECT_TRUE(IsBlack(10, 50));
+    EXPECT_EQ(image.pixelColor(10, 6), QColor(Qt::white));
+}
+
+TEST_F(WidePicture, FillsAPolygonOfManyCornersWithSmoothEdges) {
+    dc.SelectPen({kBlack, 1, owl::PenStyle::None});
+    dc.SelectBrush({kBlack});
+    std::vector<owl::TPoint> comb{{0, 900}};
+    for (int i = 0; i < 20; ++i) {
+        comb.push_back({20 * i, i % 2 == 0 ? 100 : 103});
+    }
+    comb.push_back({380, 900});
+    dc.Polygon(comb);
+    EXPECT_TRUE(IsBlack(190, 500));
+    EXPECT_TRUE(IsBlack(10, 110));
+    EXPECT_EQ(image.pixelColor(190, 90), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(390, 500), QColor(Qt::white));
+    int between = 0;
+    for (int x = 0; x < 380; ++x) {
+        for (int y = 98; y < 106; ++y) {
+            const int value = image.pixelColor(x, y).value();
+            between += value > 0 && value < 255 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(between, 100);
+}
+
+TEST_F(WidePicture, ACurveIsTheSameWithThePointsOnItsWay) {
+    dc.SelectPen({kBlack, 2});
+    dc.Polyline(std::vector<owl::TPoint>{{10, 10}, {50, 30}, {90, 30}});
+    const QImage few = image.copy();
+    image.fill(Qt::white);
+    dc.Polyline(std::vector<owl::TPoint>{{10, 10}, {20, 15}, {50, 30}, {60, 30}, {61, 30}, {90, 30}});
+    EXPECT_EQ(image, few);
+}
+
 TEST(PainterDC, MeasuresTextsAsTheFontDoes) {
     QImage image(10, 10, QImage::Format_RGB32);
     QPainter painter(&image);

@@ -124,12 +124,22 @@ TEST(MeanPlot, PutsPointsOneVertexBehindThenAgainInTheBandsColor) {
                "pen #0000C8 1 solid", "brush #FF8080", "ellipse 118,140,123,145", "ellipse 162,96,167,101"}));
 }
 
-TEST(MeanPlot, DropsDottedLinesToTheBaselineThenAgainInTheBandsColor) {
+TEST(MeanPlot, DropsDottedLinesToTheBaselineThoseOfABandInItsColor) {
     PlotInput plot = SmallPlot();
     plot.frame.flags.lines = true;
+    EXPECT_EQ(
+        From(Painted(plot), "pen #0000C8 1 dotted", 7),
+        (Calls{"pen #0000C8 1 dotted", "line 120,142 120,142", "line 208,120 208,142", "line 252,55 252,142",
+               "pen #FF8080 1 dotted", "line 120,142 120,142", "line 164,98 164,142"}));
+}
+
+TEST(MeanPlot, DropsEachLineOfBandsThatOverlapOnceInTheTracesColorAtMost) {
+    PlotInput plot = SmallPlot();
+    plot.frame.flags.lines = true;
+    plot.curves[0].bands = {{2, 4, 2, 4, kBandColors[1], "High"}, {1, 3, 1, 3, kBandColors[0], "Low"}};
     EXPECT_EQ(From(Painted(plot), "pen #0000C8 1 dotted", 9),
-              (Calls{"pen #0000C8 1 dotted", "line 120,142 120,142", "line 120,142 120,142",
-                     "line 164,98 164,142", "line 208,120 208,142", "line 252,55 252,142",
+              (Calls{"pen #0000C8 1 dotted", "line 120,142 120,142", "line 252,55 252,142",
+                     "pen #3D6DFF 1 dotted", "line 164,98 164,142", "line 208,120 208,142",
                      "pen #FF8080 1 dotted", "line 120,142 120,142", "line 164,98 164,142"}));
 }
 
