@@ -55,8 +55,12 @@ std::vector<OverTimeInput> Page(std::size_t rows, bool csa) {
         input.axis = {0, 32, 0.5, 0, 64};
         const double edges[] = {0.5, 4, 8, 13, 30};
         for (std::size_t band = 0; band < 4; ++band) {
-            input.bands.push_back({edges[band], edges[band + 1], static_cast<std::uint64_t>(2 * edges[band]),
-                                   static_cast<std::uint64_t>(2 * edges[band + 1]), kBandColors[band], {}});
+            input.bands.push_back({edges[band],
+                                   edges[band + 1],
+                                   static_cast<std::uint64_t>(2 * edges[band]),
+                                   static_cast<std::uint64_t>(2 * edges[band + 1]),
+                                   kBandColors[band],
+                                   {}});
         }
         input.spectra = Epochs(rows, static_cast<unsigned>(i));
         input.color = owl::Rgb(0, 0, 160);
@@ -85,7 +89,11 @@ void Redraw(benchmark::State& state, bool csa, Paint paint) {
 void CompressedArray(benchmark::State& state) {
     Redraw(state, true, PaintCompressedArray);
 }
-BENCHMARK(CompressedArray)->Args({100, 512})->Args({200, 512})->Args({100, 60})->Unit(benchmark::kMillisecond);
+BENCHMARK(CompressedArray)
+    ->Args({100, 512})
+    ->Args({200, 512})
+    ->Args({100, 60})
+    ->Unit(benchmark::kMillisecond);
 
 void TimeFrequency(benchmark::State& state) {
     Redraw(state, false, PaintTimeFrequency);
