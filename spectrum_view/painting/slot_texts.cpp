@@ -108,8 +108,9 @@ SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent, const TextExt
         texts.vertical.numbers.clear();
         texts.caption.clear();
     }
-    if (texts.legend.empty()) {
+    if (texts.legend.empty()) { // which would say of what it is the 1
         texts.signs.clear();
+        texts.unity.clear();
     }
     return texts;
 }

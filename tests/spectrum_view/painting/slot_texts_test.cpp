@@ -117,6 +117,15 @@ TEST(SlotTexts, NameTheUnitAtTheAxisWhereThereIsNoLabel) {
     EXPECT_TRUE(TextsAt(plot, 12).label.empty());
 }
 
+TEST(SlotTexts, NameTheLineOfARatioOfOneOnlyWithTheLegend) {
+    const SlotTexts large = TextsAt(test::ComparedPlot({0, 0, 600, 400}), 12);
+    EXPECT_EQ(large.legend.size(), 2u);
+    EXPECT_EQ(large.unity.size(), 1u);
+    const SlotTexts small = TextsAt(test::ComparedPlot({0, 0, 150, 100}), 12);
+    EXPECT_EQ(small.label.size(), 1u);
+    EXPECT_TRUE(small.legend.empty() && small.signs.empty() && small.unity.empty());
+}
+
 TEST(SlotTexts, WithoutAxesTextHaveTicksOnly) {
     PlotInput plot = test::RestingPlot({0, 0, 600, 400});
     plot.frame.flags.axesText = false;
