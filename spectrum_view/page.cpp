@@ -5,10 +5,12 @@
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/measures/measures_boxes.h"
+#include "spectrum_view/painting/csa_plot.h"
 #include "spectrum_view/painting/mean_plot.h"
 #include "spectrum_view/painting/measures_box.h"
 #include "spectrum_view/painting/page_parts.h"
 #include "spectrum_view/painting/slot_frame.h"
+#include "spectrum_view/painting/time_frequency_plot.h"
 #include "spectrum_view/state/status_texts.h"
 #include "spectrum_view/traces/page_notice.h"
 
@@ -48,11 +50,6 @@ void PaintSlots(owl::TDC& dc, const PlotSources& sources, std::span<const TraceE
     }
 }
 
-void PaintOverTime(owl::TDC& dc, const OverTimeInput& plot) {
-    PaintSlotFrame(dc, plot.frame);
-    dc.ClearClip();
-}
-
 void PaintPlots(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces, OverTimePlots& overTime,
                 const owl::TRect& damaged) {
     const PlotSources sources{page.manager, page.view, page.display, page.font};
@@ -62,9 +59,12 @@ void PaintPlots(owl::TDC& dc, const Page& page, std::span<const TraceEntry> trac
         PaintSlots(dc, sources, traces, MeanPlotsOf(sources, traces), damaged, format, PaintMeanPlot);
         break;
     case SPECT::Data::Mode::TimeFrequency:
+        PaintSlots(dc, sources, traces, overTime.Of(sources, page.recording, traces), damaged, format,
+                   PaintTimeFrequency);
+        break;
     case SPECT::Data::Mode::CSA:
         PaintSlots(dc, sources, traces, overTime.Of(sources, page.recording, traces), damaged, format,
-                   PaintOverTime);
+                   PaintCompressedArray);
         break;
     }
 }

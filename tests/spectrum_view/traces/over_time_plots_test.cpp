@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/traces/over_time_plots.h"
 
+#include "host/signal_base/recording.h"
 #include "spectrum_view/traces/view_coords.h"
 #include "tests/spectrum_view/traces/trace_fixture.h"
 
@@ -50,6 +51,28 @@ TEST_F(OverTime, ARowPerEpochWhereThereIsRoom) {
     EXPECT_EQ(inputs[1].frame.slot, (owl::TRect{100, 0, 200, 100}));
     EXPECT_EQ(inputs[1].frame.label, "B (µV²/Hz) ");
     EXPECT_EQ(inputs[1].color, main->GetMacro().Color);
+}
+
+TEST_F(OverTime, WithoutAStartTimeTheClockCountsFromTheStart) {
+    EXPECT_EQ(Plots()[0].startOfDay_s, 0);
+}
+
+TEST(OverTimeOfADay, TheClockShowsTheTimeOfDay) {
+    const test::GlobalsGuard guard;
+    signal::RecordingData data = test::SmallData();
+    data.start = signal::StartTime{2026, 3, 1, 22, 15, 30, 250000};
+    const std::unique_ptr<EEGFileInfoType> recording = signal::MakeRecording(std::move(data));
+    SpectraMgr manager(recording.get(), nullptr);
+    auto* main = new SpectMacroResult(test::SmallMacro(), recording.get(), nullptr);
+    main->Compute(nullptr);
+    manager.push_back(main);
+    TraceList list = *CephalicList(manager, *recording);
+    OverTimePlots plots;
+    const ViewState view;
+    const DisplaySettings display;
+    const auto inputs =
+        plots.Of({manager, view, display, {}}, *recording, std::as_const(list).Entries(manager));
+    EXPECT_EQ(inputs.at(0).startOfDay_s, 80130.25); // 22:15:30.25
 }
 
 TEST_F(OverTime, NoMoreRowsThanTheNextPowerOfTwoOfTheLongerSide) {
