@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace {
 
 using namespace orvanta::review;
@@ -148,6 +150,31 @@ TEST_F(RenderingTest, DrawsOneMarkForEveryBinUnlessTheyAreHidden) {
     request.page.points = false;
     Draw();
     EXPECT_THAT(dc.CallsOf("ellipse"), testing::IsEmpty());
+}
+
+TEST_F(RenderingTest, DrawsEveryModeDifferently) {
+    std::set<std::vector<std::string>> drawings;
+    for (const auto mode :
+         {SPECT::Data::Mode::Mean, SPECT::Data::Mode::CSA, SPECT::Data::Mode::TimeFrequency}) {
+        request.page.mode = mode;
+        request.page.title = false; // numbers the analyses
+        dc.Clear();
+        Draw();
+        EXPECT_FALSE(dc.Calls().empty());
+        drawings.insert(dc.Calls());
+    }
+    EXPECT_THAT(drawings, SizeIs(3));
+}
+
+TEST_F(RenderingTest, CountsTimesByTheClock) {
+    request.page.rows = 1;
+    request.page.columns = 1;
+    for (const auto mode : {SPECT::Data::Mode::CSA, SPECT::Data::Mode::TimeFrequency}) {
+        request.page.mode = mode;
+        dc.Clear();
+        Draw();
+        EXPECT_THAT(dc.Texts(), testing::Contains(testing::StartsWith("09:00")));
+    }
 }
 
 TEST_F(RenderingTest, ShowsTheFrequenciesAskedFor) {
