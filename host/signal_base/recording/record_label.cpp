@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <sstream>
+#include <vector>
 
 namespace orvanta::signal {
 
@@ -27,6 +29,23 @@ bool IsAnonymous(const std::string& field) {
     return true;
 }
 
+/// The patient without the placeholders among the four subfields that EDF+ puts first.
+std::string KnownOf(const std::string& patient) {
+    constexpr std::size_t kSubfields = 4; // code, sex, birth date, name
+    std::istringstream text(patient);
+    const std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+    if (words.size() < kSubfields) {
+        return patient; // not of EDF+
+    }
+    std::string known;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (i >= kSubfields || words[i] != "X") {
+            known += (known.empty() ? "" : " ") + words[i];
+        }
+    }
+    return known;
+}
+
 std::string WithoutSeparators(std::string_view text) {
     std::string label(Trim(text));
     std::replace_if(
@@ -38,10 +57,11 @@ std::string WithoutSeparators(std::string_view text) {
 } // namespace
 
 std::string RecordLabel(const RecordingData& data) {
-    for (const std::string* field : {&data.patient, &data.record}) {
-        if (!IsAnonymous(*field)) {
-            return WithoutSeparators(*field);
-        }
+    if (!IsAnonymous(data.patient)) {
+        return WithoutSeparators(KnownOf(data.patient));
+    }
+    if (!IsAnonymous(data.record)) {
+        return WithoutSeparators(data.record);
     }
     return WithoutSeparators(std::filesystem::path(data.path).stem().string());
 }

@@ -151,6 +151,21 @@ TEST(Recording, LabelIsThePatientWithoutPathSeparators) {
     EXPECT_EQ(MakeRecording(std::move(data))->GetLabel(), "12-34 F-x");
 }
 
+TEST(Recording, LabelLeavesOutWhatIsNotKnownOfThePatient) {
+    const std::pair<const char*, const char*> labels[] = {
+        {"X X X Demo", "Demo"},
+        {"MCH-0234567 F 02-MAY-1951 Haagse_Harry", "MCH-0234567 F 02-MAY-1951 Haagse_Harry"},
+        {"MCH-7 X  X X", "MCH-7"},
+        {"X M X Doe left X", "M Doe left X"}, // what follows the subfields is free text
+        {"x F x Max", "x F x Max"},           // not the placeholder, which is a capital
+        {"Malcolm X", "Malcolm X"}};          // not of EDF+, which has four subfields
+    for (const auto& [patient, label] : labels) {
+        RecordingData data = MakeData({{"C3", 100, kOneSecond}});
+        data.patient = patient;
+        EXPECT_EQ(MakeRecording(std::move(data))->GetLabel(), label);
+    }
+}
+
 TEST(Recording, LabelIsTheRecordWhenThePatientIsAnonymous) {
     RecordingData data = MakeData({{"C3", 100, kOneSecond}});
     data.patient = "X X X X";
