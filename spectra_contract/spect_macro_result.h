@@ -68,7 +68,8 @@ public:
     void GetShortInfo(std::ostream& text) const;
     /// One "Name: value" per line.
     void GetLongInfo(std::ostream& text) const;
-    /// "118 epochs, 236.0 s"; always terminated.
+    /// Number of epochs and the time that they cover, "119 epochs, 120.0 s"; always terminated. What epochs
+    /// share counts once.
     void GetProcDataString(char* buffer, std::size_t size) const;
 
     /// Transform length in samples, a power of two; needs no data.

@@ -21,7 +21,7 @@ struct StatusTexts {
 /// \param messages may be null, here and below
 StatusTexts StatusTextsOf(const SpectraMgr& manager, const PModule* messages);
 
-/// "Analyzed: 118 epochs, 236.0 s", at most 127 bytes; empty without a main analysis.
+/// "Analyzed: 119 epochs, 120.0 s", at most 127 bytes; empty without a main analysis.
 std::string TimeIntervalText(const SpectraMgr& manager, const PModule* messages);
 
 /// Recording, main analysis, processed time, and the p-scale of a comparison; empty without a computed

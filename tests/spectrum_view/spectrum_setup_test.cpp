@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/toolkit/table_window.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/temp_folder.h"
@@ -6,6 +7,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLocale>
+#include <QToolButton>
 
 namespace {
 
@@ -86,6 +88,8 @@ TEST_F(SetUpView, DisablesTheScalpViewWithoutEegSensorsForGood) {
     EXPECT_FALSE(Item(kCmHeadView).isEnabled());
     RunEnablers();
     EXPECT_FALSE(Item(kCmHeadView).isEnabled());
+    Item(kCmHeadView).trigger();
+    EXPECT_EQ(view->GetState().layout, Layout::Mode::Grid);
     view.reset();
 }
 
@@ -156,13 +160,32 @@ TEST_F(SetUpView, HasItsToolsInOrder) {
                             "Parameters and epochs of the analysis", "text", "text", "text"));
 }
 
+TEST_F(SetUpView, RunsTheCommandsOfItsTools) {
+    UseFiveBipolarChannels();
+    Add();
+    Open();
+    const auto click = [this](const char* tip) {
+        for (auto* tool : view->GetToolBar().findChildren<QToolButton*>()) {
+            if (tool->toolTip() == tip) {
+                tool->click();
+            }
+        }
+    };
+    click("Compute the spectra again");
+    EXPECT_THAT(window.platform.gui.Progresses(), ElementsAre("Computing Spectra..."));
+    click("Copy the measures to the clipboard");
+    EXPECT_EQ(services.clipboard.Texts().size(), 1u);
+    click("Rows and columns of the grid");
+    EXPECT_EQ(view->findChildren<TTableWnd*>().size(), 1);
+}
+
 TEST_F(SetUpView, SaysOnFocusWhatWasAnalyzed) {
     Add();
     Open();
     EXPECT_THAT(window.messages, IsEmpty());
     view->Dispatch({{owl::EventKind::Window, static_cast<unsigned>(owl::WindowEvent::SetFocus)},
                     owl::FocusArgs{nullptr}});
-    EXPECT_THAT(window.messages, ElementsAre("Analyzed: 9 epochs, 9.0 s"));
+    EXPECT_THAT(window.messages, ElementsAre("Analyzed: 9 epochs, 5.0 s"));
     EXPECT_EQ(window.GetActiveChild(), view.get());
 }
 

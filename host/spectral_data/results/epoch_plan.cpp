@@ -4,6 +4,9 @@
 #include "host/spectral_data/files/number_text.h"
 #include "host/spectral_data/results/errors.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace orvanta::spectral {
 
 using Interval = SpectraMacro::TimeIntervalSelectMode;
@@ -20,6 +23,17 @@ EpochPlan PlanEpochs(const SpectraMacro& macro, const EventsManager& events,
         plan.starts = GetEpochStarts(macro, recording.Time(), plan.spans, plan.geometry);
     }
     return plan;
+}
+
+std::int64_t CoveredSamples(const EpochPlan& plan) {
+    const std::int64_t window = plan.geometry.window;
+    std::int64_t covered = 0;
+    std::int64_t end = std::numeric_limits<std::int64_t>::min(); // of the epochs so far
+    for (const std::int64_t start : plan.starts) {
+        covered += start + window - std::max(start, end);
+        end = start + window;
+    }
+    return covered;
 }
 
 XTimeInterval EpochInterval(const signal::Recording& recording, const WindowGeometry& geometry,

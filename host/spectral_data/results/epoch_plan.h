@@ -20,6 +20,9 @@ struct EpochPlan {
     bool operator==(const EpochPlan&) const = default;
 };
 
+/// Samples of the recording that lie in an epoch, each counted once however many epochs share it.
+ORVANTA_API std::int64_t CoveredSamples(const EpochPlan& plan);
+
 /// Empty without EEG. \param cursor_s start of the by-duration mode, seconds from the recording's start
 ORVANTA_API EpochPlan PlanEpochs(const SpectraMacro& macro, const EventsManager& events,
                                  const signal::Recording& recording, double cursor_s);

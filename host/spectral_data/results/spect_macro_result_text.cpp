@@ -59,10 +59,10 @@ void SpectMacroResult::GetProcDataString(char* buffer, std::size_t size) const {
     if (buffer == nullptr || size == 0) {
         return;
     }
-    const std::uint64_t count = GetFFTCount();
-    const double samples = static_cast<double>(count) * impl_->Geometry().window;
-    const double seconds = impl_->Rate() > 0 ? samples / impl_->Rate() : 0;
-    const std::string text = EpochsText(count) + ", " + FixedText(seconds, 1) + " s";
+    const EpochPlan plan = impl_->Plan();
+    const double rate = impl_->Rate();
+    const double seconds = rate > 0 ? static_cast<double>(CoveredSamples(plan)) / rate : 0;
+    const std::string text = EpochsText(plan.starts.size()) + ", " + FixedText(seconds, 1) + " s";
     buffer[text.copy(buffer, size - 1)] = '\0';
 }
 

@@ -53,6 +53,17 @@ TEST(EpochPlan, ByDurationStartsAtTheCursor) {
     EXPECT_EQ(Plan(*recording, macro, 3).starts, (std::vector<std::int64_t>{24, 32}));
 }
 
+TEST(EpochPlan, CoversWhatItsEpochsShareOnce) {
+    const auto covered = [](std::vector<std::int64_t> starts) {
+        return CoveredSamples({{8, 8, 4}, {}, std::move(starts)});
+    };
+    EXPECT_EQ(covered({}), 0);
+    EXPECT_EQ(covered({3}), 8);
+    EXPECT_EQ(covered({0, 4, 8}), 16);
+    EXPECT_EQ(covered({0, 8, 16}), 24);     // side by side
+    EXPECT_EQ(covered({0, 1, 20, 30}), 25); // 0 … 8, 20 … 27, 30 … 37
+}
+
 TEST(NothingToCompute, AWindowLongerThanTheRecording) {
     SpectraMacro macro = test::SmallMacro();
     macro.SetFFTSeconds(6);

@@ -75,15 +75,15 @@ TEST_F(ResultTexts, ShortInfoKeepsThePointInEveryLocale) {
     const test::CommaNumerals comma;
     result.SetFFTSeconds(0.5);
     EXPECT_EQ(ShortInfo(), "0.5 s, 50 %, Hanning, 39 epochs");
-    EXPECT_EQ(ProcData(), "39 epochs, 19.5 s");
+    EXPECT_EQ(ProcData(), "39 epochs, 10.0 s");
 }
 
-TEST_F(ResultTexts, ProcessedDataAreEpochsAndTheirSeconds) {
-    EXPECT_EQ(ProcData(), "19 epochs, 19.0 s");
+TEST_F(ResultTexts, ProcessedDataAreEpochsAndTheTimeThatTheyCover) {
+    EXPECT_EQ(ProcData(), "19 epochs, 10.0 s");
     result.Compute(nullptr);
-    EXPECT_EQ(ProcData(), "19 epochs, 19.0 s");
+    EXPECT_EQ(ProcData(), "19 epochs, 10.0 s");
     result.SetFFTSeconds(60);
-    EXPECT_EQ(ProcData(), "19 epochs, 19.0 s"); // what was computed
+    EXPECT_EQ(ProcData(), "19 epochs, 10.0 s"); // what was computed
     result.ResetData();
     EXPECT_EQ(ProcData(), "0 epochs, 0.0 s");
 }
