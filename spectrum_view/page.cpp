@@ -100,7 +100,7 @@ void PaintPage(owl::TDC& dc, const Page& page, std::span<const TraceEntry> trace
             PaintTitleBeside(dc, page, traces);
         }
     }
-    PaintNotice(dc, page.area, PageNotice(page.manager, page.view, page.display.range, traces, page.messages),
+    PaintNotice(dc, page.area, PageNotice(page.manager, page.view, page.display, traces, page.messages),
                 page.font);
 }
 

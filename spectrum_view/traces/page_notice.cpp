@@ -5,10 +5,37 @@
 #include "spectra_contract/spectra_mgr.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvanta::spectrum_view {
 
-std::string PageNotice(const SpectraMgr& manager, const ViewState& view, const SPECT::FrequencyRange& range,
+namespace {
+
+bool HasValue(const TraceEntry& entry) {
+    std::vector<double> values;
+    if (entry.main != nullptr) {
+        entry.main->GetSpect(values);
+    }
+    return std::any_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
+}
+
+/// Why coherence or phase shows nothing; empty when it does.
+std::string CoherenceNotice(SPECT::Data::Mode mode, std::span<const TraceEntry> entries,
+                            const PModule* messages) {
+    if (mode != SPECT::Data::Mode::Mean) {
+        return owl::TextOr(messages, "Spectrum", "NotOverTime",
+                           "A single epoch has no coherence and no phase. Choose Mean.");
+    }
+    if (std::none_of(entries.begin(), entries.end(), HasValue)) {
+        return owl::TextOr(messages, "Spectrum", "NoCoherence",
+                           "Coherence and phase need two electrodes and more than one epoch.");
+    }
+    return {};
+}
+
+} // namespace
+
+std::string PageNotice(const SpectraMgr& manager, const ViewState& view, const DisplaySettings& display,
                        std::span<const TraceEntry> entries, const PModule* messages) {
     const SpectMacroResult* main = manager.GetMain();
     if (main == nullptr) {
@@ -34,9 +61,13 @@ std::string PageNotice(const SpectraMgr& manager, const ViewState& view, const S
         return owl::TextOr(messages, "Spectrum", "NoPlaces",
                            "No trace has a place on the head. Choose Grid View.");
     }
-    if (!(range.top - range.bottom > 0)) {
+    if (!(display.range.top - display.range.bottom > 0)) {
         return owl::TextOr(messages, "Spectrum", "NoRange",
                            "The range of frequencies is empty. Choose Set Scale Axis Range.");
+    }
+    const SPECT::Entity::Type entity = manager.GetMeasEntity();
+    if (entity == SPECT::Entity::Type::Coherence || entity == SPECT::Entity::Type::Phase) {
+        return CoherenceNotice(display.mode, entries, messages);
     }
     return {};
 }

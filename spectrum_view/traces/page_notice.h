@@ -13,9 +13,8 @@ namespace orvanta::spectrum_view {
 
 /// One line that says why no plot of the view shows anything, and what to do; empty when one does.
 /// \param entries with their rectangles
-/// \param range of frequencies shown
 /// \param messages may be null
-std::string PageNotice(const SpectraMgr& manager, const ViewState& view, const SPECT::FrequencyRange& range,
+std::string PageNotice(const SpectraMgr& manager, const ViewState& view, const DisplaySettings& display,
                        std::span<const TraceEntry> entries, const PModule* messages);
 
 } // namespace orvanta::spectrum_view

@@ -133,14 +133,14 @@ TEST_F(DrawingView, HasATitle) {
     const std::string name = Add()->GetName();
     Open(600, 300);
     Draw();
-    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 9.0 s");
+    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 5.0 s");
     manager.SetSecondary(Add());
     manager.SetShowTTest(true);
     Draw();
-    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 9.0 s p-scale: 0.05");
+    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 5.0 s p-scale: 0.05");
     manager.SetShowTTest(false);
     Draw();
-    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 9.0 s");
+    EXPECT_EQ(dc.Texts().back(), "memory (" + name + ") Analyzed: 9 epochs, 5.0 s");
 }
 
 TEST_F(DrawingView, LeavesATitleOutThatDoesNotFit) {
@@ -217,6 +217,32 @@ TEST_F(EmptyView, SaysThatTheRangeOfFrequenciesIsEmpty) {
     Draw();
     EXPECT_EQ(dc.Texts().back(), "The range of frequencies is empty. Choose Set Scale Axis Range.");
     EXPECT_EQ(Clips().size(), 16u);
+}
+
+TEST_F(EmptyView, SaysThatASingleEpochHasNoCoherenceAndNoPhase) {
+    UseFiveBipolarChannels();
+    Add();
+    Open(600, 300);
+    for (const unsigned entity : {2U, 3U}) {
+        view->CmSetEntity(kCmSetEntity + entity);
+        EXPECT_THAT(Draw().Texts().back(), StartsWith("memory")) << entity; // all is there
+        view->ChangeDataMode(entity == 2 ? SPECT::Data::Mode::CSA : SPECT::Data::Mode::TimeFrequency);
+        EXPECT_EQ(Draw().Texts().back(), "A single epoch has no coherence and no phase. Choose Mean.");
+    }
+    view->CmSetEntity(kCmSetEntity + 1);
+    view->ChangeDataMode(SPECT::Data::Mode::CSA);
+    EXPECT_THAT(Draw().Texts().back(), StartsWith("memory"));
+}
+
+TEST_F(EmptyView, SaysThatCoherenceNeedsMoreThanOneEpoch) {
+    UseFiveBipolarChannels();
+    Add()->GetMacro().SetFFTSeconds(5); // all of the recording
+    Open(600, 300);
+    view->CmSetEntity(kCmSetEntity + 2);
+    view->CmRecompute();
+    EXPECT_EQ(Draw().Texts().back(), "Coherence and phase need two electrodes and more than one epoch.");
+    view->CmSetEntity(kCmSetEntity + 1);
+    EXPECT_THAT(Draw().Texts().back(), StartsWith("memory"));
 }
 
 TEST_F(EmptyView, BreaksTheNoticeWhereItIsNarrowAndLeavesItOutWhereItIsTiny) {

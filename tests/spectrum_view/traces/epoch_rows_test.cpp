@@ -109,11 +109,15 @@ TEST_F(EpochRows, ASensorsRowsAreItsOwn) {
 }
 
 TEST_F(EpochRows, WhatIsNotComputableIsNoNumber) {
-    manager.SetMeasEntity(SPECT::Entity::Type::Coherence); // of a single epoch there is none
-    const SpectraOverTime spectra =
-        SpectraOf(*analysis, *analysis->GetSpectrum(Channel(0)), {{0, 5, {0, 5}}});
-    for (const float value : spectra.Row(0)) {
-        EXPECT_TRUE(std::isnan(value));
+    using SPECT::Entity::Type;
+    for (const Type entity : {Type::Coherence, Type::Phase}) { // of a single epoch there is none
+        manager.SetMeasEntity(entity);
+        const SpectraOverTime spectra =
+            SpectraOf(*analysis, *analysis->GetSpectrum(Channel(0)), {{0, 5, {0, 5}}});
+        ASSERT_EQ(spectra.Row(0).size(), 5u);
+        for (const float value : spectra.Row(0)) {
+            EXPECT_TRUE(std::isnan(value));
+        }
     }
 }
 
