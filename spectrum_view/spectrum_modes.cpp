@@ -64,7 +64,8 @@ void Spectrum::AdjustSpectraOptions() {
 }
 
 void Spectrum::CheckAndRecompute(bool quiet) {
-    if (manager_->GetMain() == nullptr) {
+    const SpectMacroResult* main = manager_->GetMain();
+    if (main == nullptr) {
         return;
     }
     XTimeList events;
@@ -72,7 +73,7 @@ void Spectrum::CheckAndRecompute(bool quiet) {
     SPECT::FrequencyRange& range = Display().range;
     range = SPECT::ClampFrequencyRange(range.bottom, range.top, LoadedRate());
     const MontageType& montage = recording_->GetTraceInfo()->GetMtg();
-    if (manager_->IsRecomputingNeeded(montage, events, range.top)) {
+    if (main->IsRecomputingNeeded(montage, events, range.top)) {
         try {
             const std::unique_ptr<GenericProgress> progress(
                 quiet ? nullptr

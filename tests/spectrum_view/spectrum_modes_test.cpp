@@ -65,16 +65,20 @@ TEST_F(Modes, TheScalpTakesTheRecordedMontageForABipolarOne) {
     EXPECT_THAT(TraceNames(), ElementsAre("Fp1", "F3", "Cz"));
 }
 
-TEST_F(Modes, CoherenceOnTheScalpTakesTheReferenceMontageAndTheMean) {
+TEST_F(Modes, CoherenceAndPhaseOnTheScalpTakeTheReferenceMontageAndTheMean) {
     Add();
     Open();
     view->ChangeViewMode(Layout::Mode::Scalp);
-    view->ChangeDataMode(Mode::CSA);
-    ASSERT_NE(Montage(), Reference());
-    view->CmSetEntity(kCmSetEntity + 2);
-    EXPECT_EQ(Montage(), Reference());
-    EXPECT_EQ(Display().mode, Mode::Mean);
-    EXPECT_EQ(Computations(), 1u);
+    for (const unsigned entity : {2U, 3U}) {
+        view->CmSetEntity(kCmSetEntity);
+        recording->GetTraceInfo()->SetMtg(AsRecorded());
+        view->ChangeDataMode(Mode::CSA);
+        const std::size_t before = Computations();
+        view->CmSetEntity(kCmSetEntity + entity);
+        EXPECT_EQ(Montage(), Reference()) << entity;
+        EXPECT_EQ(Display().mode, Mode::Mean) << entity;
+        EXPECT_EQ(Computations(), before + 1) << entity;
+    }
 }
 
 TEST_F(Modes, TheGridKeepsTheMontageForEveryEntity) {
@@ -176,6 +180,18 @@ TEST_F(Recomputing, DoesNothingWhenAllIsUpToDate) {
     Open().CheckAndRecompute(false);
     EXPECT_EQ(main->GetGeneration(), before);
     EXPECT_EQ(Computations(), 0u);
+}
+
+TEST_F(Recomputing, AsksTheMainAnalysisOnlyAndThenComputesAll) {
+    Add();
+    SpectMacroResult* secondary = Add(false);
+    manager.SetSecondary(secondary);
+    Open().CheckAndRecompute(false);
+    EXPECT_FALSE(secondary->IsComputed());
+    EXPECT_EQ(Computations(), 0u);
+    view->CmRecompute();
+    EXPECT_TRUE(secondary->IsComputed());
+    EXPECT_EQ(Computations(), 1u);
 }
 
 TEST_F(Recomputing, DoesNothingWithoutAnAnalysis) {

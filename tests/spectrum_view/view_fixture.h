@@ -42,6 +42,9 @@ protected:
     /// On the screen, with everything drawn that was to be drawn.
     Spectrum& Show(int width = 320, int height = 240) {
         Make();
+        return ShowMade(width, height);
+    }
+    Spectrum& ShowMade(int width = 320, int height = 240) {
         window.resize(width, height);
         view->Panes().resize(width, height);
         window.show();

@@ -3,6 +3,7 @@
 
 #include "host/platform/interrupts.h"
 #include "host/review/app/application.h"
+#include "host/review/app/host_strings.h"
 #include "host/review/app/module_library.h"
 #include "host/review/app/render/hidden_window.h"
 #include "host/review/app/render/page_choice.h"
@@ -11,6 +12,7 @@
 #include "host/review/cli/output.h"
 #include "host/review/cli/watch.h"
 #include "host/spectral_data/results/errors.h"
+#include "host/toolkit/message_module.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -87,6 +89,7 @@ int RunRender(const RenderRequest& request) {
     StopWhenInterrupted();
     Application application(Screen::None);
     application.SetStyle(Style::Light);
+    SupplyHostStrings(PModule::Named("Orvanta"));
     std::vector<DrawnPlot> plots;
     const std::string contents = Encode({{request.width, request.height},
                                          request.scale,
