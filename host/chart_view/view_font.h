@@ -7,7 +7,8 @@
 
 class GenericPlatform;
 
-/// Reads what StoreViewFont wrote; \p font where it is missing, in part or whole.
+/// Reads what StoreViewFont wrote; \p font where it is missing, in part or whole. The height is above 0 and
+/// at most 1000 pixels whatever is stored.
 ORVANTA_API owl::TFont StoredViewFont(const GenericPlatform& platform, const char* section,
                                       const owl::TFont& font);
 

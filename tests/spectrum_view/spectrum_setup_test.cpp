@@ -122,6 +122,20 @@ TEST_F(SetUpView, DisablesStatisticsWithoutTheirProgram) {
     EXPECT_FALSE(Item(kCmSaveAndLaunch).isEnabled());
 }
 
+TEST_F(SetUpView, LooksForTheStatisticsProgramInItsUsualPlace) {
+    Open();
+    EXPECT_EQ(window.platform.defaults["Spectrum/Tabulix"], R"(c:\quorvex\quorvex.exe)");
+}
+
+TEST_F(SetUpView, ReadsNoMoreThan259CharactersOfThePathToTheProgram) {
+    const std::string name(259 - folder.Path("").size(), 'p');
+    const std::string path = folder.Write(name, "");
+    ASSERT_EQ(path.size(), 259u);
+    window.platform.texts["Spectrum/Tabulix"] = path + "x";
+    Open();
+    EXPECT_TRUE(Item(kCmSaveAndLaunch).isEnabled());
+}
+
 TEST_F(SetUpView, EnablesStatisticsWithAProgramThatCanBeRead) {
     window.platform.texts["Spectrum/Tabulix"] = folder.Write("tabulix", "");
     Open();
@@ -137,6 +151,14 @@ TEST_F(SetUpView, ShowsEntityAndUnits) {
     EXPECT_THAT(StatusFields(), ElementsAre("Power", "Hz", "Vert : µV²/Hz"));
     view->CmSetEntity(kCmSetEntity);
     EXPECT_THAT(StatusFields(), ElementsAre("Amplitude", "Hz", "Vert : µV/√Hz"));
+}
+
+TEST_F(SetUpView, ShowsTheHorizontalUnitOfTheMessageStore) {
+    folder.Write("Orvanta.en.ini", "[Spectrum]\nHorHz=Hertz\n");
+    const PModule messages("Orvanta", nullptr, folder.Path(""));
+    Open();
+    EXPECT_THAT(StatusFields(), ElementsAre("Amplitude", "Hertz", "Vert : µV/√Hz"));
+    view.reset();
 }
 
 TEST_F(SetUpView, HasItsToolsInOrder) {

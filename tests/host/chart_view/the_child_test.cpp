@@ -219,6 +219,16 @@ TEST_F(ChildWindow, RemembersTheChosenFont) {
     EXPECT_EQ(next.GetViewFont(), font);
 }
 
+TEST_F(ChildWindow, HasAReadableFontWhateverHeightIsStored) {
+    const std::pair<double, int> heights[] = {{-14, 14}, {0, owl::TFont().height}, {1e9, 1000}, {-1e9, 1000}};
+    for (const auto& [stored, height] : heights) {
+        window.platform.user.values["View/FontHeight"] = stored;
+        View view(window);
+        view.Create();
+        EXPECT_EQ(view.GetViewFont().height, height) << stored;
+    }
+}
+
 TEST_F(ChildWindow, KeepsItsFontWhenNoneIsChosen) {
     View view(window);
     view.Create();

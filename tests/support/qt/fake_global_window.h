@@ -31,7 +31,9 @@ public:
     UserType* GetUser() const override { return &user; }
     void ReadString(const char* section, const char* key, const char* defaultValue, char* buffer,
                     int maxLength) const override {
-        const auto found = texts.find(std::string(section) + "/" + key);
+        const std::string name = std::string(section) + "/" + key;
+        defaults[name] = defaultValue;
+        const auto found = texts.find(name);
         const std::string text = found == texts.end() ? defaultValue : found->second;
         std::snprintf(buffer, static_cast<std::size_t>(maxLength) + 1, "%s", text.c_str());
     }
@@ -46,9 +48,10 @@ public:
 
     RecordingGui gui;
     mutable MapUser user;
-    std::map<std::string, std::string> texts; ///< by "section/key"
-    std::function<void(double)> onNumber;     ///< called before a number becomes text
-    mutable HWND progressParent;              ///< of the progress display made last
+    std::map<std::string, std::string> texts;            ///< by "section/key"
+    mutable std::map<std::string, std::string> defaults; ///< of the texts that were asked for
+    std::function<void(double)> onNumber;                ///< called before a number becomes text
+    mutable HWND progressParent;                         ///< of the progress display made last
 };
 
 class FakeSideBar final : public SideBarManager {
