@@ -26,6 +26,11 @@ function(orvanta_add_library name)
         orvanta_generate_again(${name} "${sources}")
         set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
             AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/resources/forms;${PROJECT_SOURCE_DIR}/resources/dialogs")
+        if(ORVANTA_BUILD_FUZZERS)
+            # Only read there, not built: the generators need not wait for the libraries below.
+            set_target_properties(${name} PROPERTIES AUTOGEN_ORIGIN_DEPENDS OFF)
+            add_dependencies(generated_sources ${name}_autogen)
+        endif()
     endif()
     target_link_libraries(${name} PUBLIC orvanta_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
 endfunction()
