@@ -79,7 +79,7 @@ const std::array<owl::TColor, kMapColors>& ColorMap() {
 
 std::size_t MapIndex(const VerticalRange& range, double value) {
     const double share = std::clamp((value - range.min) / range.Span(), 0.0, 1.0);
-    return static_cast<std::size_t>(share * (kMapColors - 1) + 0.5);
+    return static_cast<std::size_t>(std::lround(share * (kMapColors - 1)));
 }
 
 } // namespace orvanta::spectrum_view
