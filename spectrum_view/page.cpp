@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/page.h"
 
+#include "host/toolkit/form_texts.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -52,7 +53,8 @@ void PaintSlots(owl::TDC& dc, const PlotSources& sources, std::span<const TraceE
 
 void PaintPlots(owl::TDC& dc, const Page& page, std::span<const TraceEntry> traces, OverTimePlots& overTime,
                 const owl::TRect& damaged) {
-    const PlotSources sources{page.manager, page.view, page.display, page.font};
+    const PlotSources sources{page.manager, page.view, page.display, page.font,
+                              owl::TextOr(page.messages, "Spectrum", "Ratio", "Ratio")};
     const FormatNumber format = MeasureFormat(page.platform);
     switch (page.display.mode) {
     case SPECT::Data::Mode::Mean:

@@ -22,6 +22,9 @@ constexpr int kLevelPitch = 2;
 /// Between ticks without numbers, at least.
 constexpr int kTickPitch = 24;
 constexpr int kNumberGap = 6;
+constexpr int kShortTick = 2;
+/// Slots less high have short ticks.
+constexpr int kLowSlot = 220;
 /// Beyond these powers of ten nobody measures anything, and numbers stay away.
 constexpr int kFarthestPower = 30;
 
@@ -40,14 +43,21 @@ std::string Superscript(int number) {
     return text;
 }
 
-/// The powers of 1000 to try: none first, then the one of the largest number.
+/// The powers of 1000 to try: none first, then the one of the largest number and the next, whose numbers are
+/// shorter.
 std::vector<int> PowersFor(const VerticalRange& range) {
     const double largest = std::max(std::abs(range.min), std::abs(range.max));
     const int power = 3 * static_cast<int>(std::floor(std::log10(largest) / 3));
     if (!std::isfinite(largest) || std::abs(power) > kFarthestPower) {
         return {};
     }
-    return power == 0 ? std::vector{0} : std::vector{0, power};
+    return power == 0 ? std::vector{0, 3} : std::vector{0, power, power + 3};
+}
+
+/// True when one decimal says the value; ends and divisions of a range are rounded by nature.
+bool IsOneDecimal(double value) {
+    constexpr double kTolerance = 1e-6;
+    return std::abs(10 * value - std::round(10 * value)) < kTolerance * std::max(1.0, std::abs(10 * value));
 }
 
 bool HasEqualNeighbours(const PlacedTexts& numbers) {
@@ -56,33 +66,48 @@ bool HasEqualNeighbours(const PlacedTexts& numbers) {
            }) != numbers.end();
 }
 
+/// Right edge of the numbers of the vertical axis.
+int VerticalNumbersRight(const owl::TRect& slot) {
+    return AxisOrigin(slot).x - TickLengthIn(slot) * 3 / 2; // and half a tick of air
+}
+
 std::vector<double> ValuesAtTicks(const VerticalRange& range, int most) {
     return range.divisions > 0 ? DividingTicks(range.min, range.max, range.divisions)
                                : RoundTicks(range.min, range.max, most);
 }
 
+/// What becomes of an axis with a number that its margin is too narrow for.
+enum class TooWide {
+    Refuse,  ///< none of its numbers stands there
+    LeaveOut ///< this one does not
+};
+
 /// Numbers of the vertical axis at the values, in multiples of 10^power; nothing when they do not fit.
 std::optional<PlacedTexts> VerticalNumbers(const owl::TRect& slot, const VerticalRange& range,
-                                           const std::vector<double>& values, int power,
+                                           const std::vector<double>& values, int power, TooWide wide,
                                            const TextExtent& extent) {
     const owl::TRect area = TextArea(slot);
-    const int right = AxisOrigin(slot).x - kTickLength - 2;
-    const int height = extent("0").cy;
+    const int right = VerticalNumbersRight(slot);
+    const int height = DigitRowsOf(extent("0").cy).height;
     const double unit = std::pow(10.0, power);
     const auto fits = [&](double value) { return extent(OneDecimal(value / unit)).cx <= right - area.left; };
-    if (values.size() < 2 || !fits(values.front()) || !fits(values.back())) {
-        return std::nullopt;
-    }
     PlacedTexts numbers;
     for (const double value : values) {
-        const int top = std::max(area.top, ValueY(slot, range, value) - height / 2);
-        PlacedText number = Placed(OneDecimal(value / unit), right, top, owl::TextAlign::Right, area, extent);
-        if (number.rect.right > right) {
+        if (range.divisions == 0 && !IsOneDecimal(value / unit)) {
             return std::nullopt;
         }
+        if (!fits(value)) {
+            if (wide == TooWide::LeaveOut) {
+                continue;
+            }
+            return std::nullopt;
+        }
+        const int top = std::max(area.top, ValueY(slot, range, value) - height / 2);
+        PlacedText number =
+            PlacedDigits(OneDecimal(value / unit), right, top, owl::TextAlign::Right, area, extent);
         numbers.push_back(std::move(number));
     }
-    if (HasEqualNeighbours(numbers) || !Fits(numbers, area, 0, {})) {
+    if (numbers.size() < 2 || HasEqualNeighbours(numbers) || !Fits(numbers, area, 0, {})) {
         return std::nullopt;
     }
     return numbers;
@@ -92,23 +117,34 @@ PlacedTexts FrequencyNumbers(const owl::TRect& slot, const FrequencyAxis& axis,
                              const std::vector<double>& ticks, int top, const TextExtent& extent) {
     PlacedTexts numbers;
     for (const double hz : ticks) {
-        numbers.push_back(Placed(OneDecimal(hz), FrequencyX(slot, axis, hz), top, owl::TextAlign::Center,
-                                 TextArea(slot), extent));
+        if (!IsOneDecimal(hz)) {
+            return {};
+        }
+        numbers.push_back(PlacedDigits(OneDecimal(hz), FrequencyX(slot, axis, hz), top,
+                                       owl::TextAlign::Center, TextArea(slot), extent));
     }
     return numbers;
 }
 
 } // namespace
 
-int NumbersTop(const owl::TRect& slot, int textHeight, int marksHeight) {
-    return AxisOrigin(slot).y + std::max({kTickLength + 1, marksHeight + 1, (textHeight + 1) / 2});
+int TickLengthIn(const owl::TRect& slot) {
+    return slot.Height() < kLowSlot ? kShortTick : kTickLength;
+}
+
+int NumbersTop(const owl::TRect& slot, int digitsHeight, int marksHeight) {
+    return AxisOrigin(slot).y +
+           std::max({TickLengthIn(slot) + 1, marksHeight + 1, (digitsHeight + 1) / 2 + 1});
 }
 
 owl::TFont NumbersFont(const owl::TRect& slot, owl::TFont font, int marksHeight,
-                       const std::function<int(const owl::TFont&)>& heightOf) {
+                       const std::function<owl::TSize(const owl::TFont&, std::string_view)>& extentIn) {
+    const owl::TRect area = TextArea(slot);
     const auto fits = [&] {
-        const int height = heightOf(font);
-        return NumbersTop(slot, height, marksHeight) + height <= TextArea(slot).bottom;
+        const owl::TSize size = extentIn(font, "00.0");
+        const int height = DigitRowsOf(size.cy).height;
+        return NumbersTop(slot, height, marksHeight) + height <= area.bottom &&
+               size.cx <= VerticalNumbersRight(slot) - area.left;
     };
     while (font.height > kSmallestNumbers && !fits()) {
         --font.height;
@@ -129,7 +165,7 @@ AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis
     const owl::TRect area = TextArea(slot);
     AxisLayout layout;
     std::vector<double> ticks;
-    const bool low = numbersTop + extent("0").cy > area.bottom;
+    const bool low = numbersTop + DigitRowsOf(extent("0").cy).height > area.bottom;
     const int pitch = std::max(extent(OneDecimal(axis.bottom)).cx, extent(OneDecimal(axis.top)).cx);
     const int start = low ? 0 : std::min(kMostTicks, area.Width() / (pitch + kNumberGap) + 1);
     for (int most = start; most >= 2 && layout.numbers.empty(); --most) {
@@ -143,7 +179,7 @@ AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis
         ticks = RoundTicks(axis.bottom, axis.top, std::min(PlotArea(slot).Width() / kTickPitch, kMostTicks));
     } else {
         layout.numbers.push_back(
-            Placed("Hz", area.right - 2, numbersTop, owl::TextAlign::Right, area, extent));
+            PlacedDigits("Hz", area.right - 2, numbersTop, owl::TextAlign::Right, area, extent));
         if (!Fits(layout.numbers, area, kNumberGap / 2, {})) {
             layout.numbers.pop_back();
         }
@@ -159,15 +195,22 @@ AxisLayout VerticalAxisLayout(const owl::TRect& slot, const VerticalRange& range
         std::min(PlotArea(slot).Height() / std::max(1, kLevelPitch * extent("0").cy), kMostLevels);
     AxisLayout layout;
     std::vector<double> ticks = ValuesAtTicks(range, std::max(2, rows));
-    for (const int power : PowersFor(range)) {
+    const auto number = [&](int power, TooWide wide) {
         for (int most = std::max(2, rows); most >= 2 && layout.numbers.empty(); --most) {
             const std::vector<double> values = ValuesAtTicks(range, most);
-            if (auto numbers = VerticalNumbers(slot, range, values, power, extent)) {
+            if (auto numbers = VerticalNumbers(slot, range, values, power, wide, extent)) {
                 layout.numbers = std::move(*numbers);
                 layout.multiplier = power == 0 ? "" : "×10" + Superscript(power);
                 ticks = values;
             }
         }
+    };
+    const std::vector<int> powers = PowersFor(range);
+    for (const int power : powers) {
+        number(power, TooWide::Refuse);
+    }
+    if (!powers.empty()) {
+        number(0, TooWide::LeaveOut);
     }
     for (const double value : ticks) {
         layout.ticks.push_back(ValueY(slot, range, value));

@@ -14,6 +14,8 @@
 namespace orvanta::spectrum_view {
 
 inline constexpr int kTickLength = 4;
+/// Pixels of a tick: shorter in a low slot, whose margin is needed for the numbers.
+int TickLengthIn(const owl::TRect& slot);
 /// Numbers are not made smaller than this, pixels.
 inline constexpr int kSmallestNumbers = 9;
 
@@ -26,24 +28,26 @@ struct AxisLayout {
     bool operator==(const AxisLayout&) const = default;
 };
 
-/// The frequency axis: as many round numbers as fit side by side with their upper edge at row \p numbersTop,
-/// "Hz" behind them when it fits, too. The axis must be drawable.
+/// The frequency axis: as many round numbers as fit side by side with their digits' upper edge at row \p
+/// numbersTop, "Hz" behind them when it fits, too. The axis must be drawable.
 AxisLayout FrequencyAxisLayout(const owl::TRect& slot, const FrequencyAxis& axis, int numbersTop,
                                const TextExtent& extent);
 
 /// The vertical axis: round numbers, or the range's divisions, as many as fit one over the other between the
 /// slot's edge and the axis. Numbers that one decimal cannot tell apart or that are too long for the margin
-/// are shown as multiples of a power of 1000. The range must be drawable.
+/// are shown as multiples of a power of 1000; failing that, the ones too long are left out. The range must be
+/// drawable.
 AxisLayout VerticalAxisLayout(const owl::TRect& slot, const VerticalRange& range, const TextExtent& extent);
 
 /// Upper edge of the numbers below the plot, under ticks and marks and clear of the vertical axis' lowest
-/// one. \param marksHeight rows below the baseline that significance marks take
-int NumbersTop(const owl::TRect& slot, int textHeight, int marksHeight);
+/// one. \param digitsHeight rows of digits (DigitRowsOf)
+/// \param marksHeight rows below the baseline that significance marks take
+int NumbersTop(const owl::TRect& slot, int digitsHeight, int marksHeight);
 
-/// The font, made smaller as far as the margin below the plot asks for it.
-/// \param heightOf height of a line in a font
+/// The font, made smaller as far as the margins below the plot and, for numbers like "10.0", at its left ask
+/// for it. \param extentIn extent of a text in a font
 owl::TFont NumbersFont(const owl::TRect& slot, owl::TFont font, int marksHeight,
-                       const std::function<int(const owl::TFont&)>& heightOf);
+                       const std::function<owl::TSize(const owl::TFont&, std::string_view)>& extentIn);
 
 /// Row of a value on the axis.
 int ValueY(const owl::TRect& slot, const VerticalRange& range, double value);

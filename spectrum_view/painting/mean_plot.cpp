@@ -189,16 +189,17 @@ bool IsUnderMark(int x, const std::vector<Triangle>& marks) {
 void PaintAxes(owl::TDC& dc, const owl::TRect& slot, const SlotTexts& texts,
                const std::vector<Triangle>& marks) {
     const owl::TRect area = PlotArea(slot);
+    const int tick = TickLengthIn(slot);
     dc.SelectPen({kAxisGrey, 1, owl::PenStyle::Solid});
     dc.Line({area.left, area.bottom}, {area.right, area.bottom});
     dc.Line({area.left, area.top}, {area.left, area.bottom});
     for (const int x : texts.frequency.ticks) {
         if (!IsUnderMark(x, marks)) {
-            dc.Line({x, area.bottom + 1}, {x, area.bottom + kTickLength});
+            dc.Line({x, area.bottom + 1}, {x, area.bottom + tick});
         }
     }
     for (const int y : texts.vertical.ticks) {
-        dc.Line({area.left - kTickLength, y}, {area.left - 1, y});
+        dc.Line({area.left - tick, y}, {area.left - 1, y});
     }
     dc.SetTextColor(kTextGrey);
     PaintTexts(dc, texts.frequency.numbers);
@@ -206,11 +207,11 @@ void PaintAxes(owl::TDC& dc, const owl::TRect& slot, const SlotTexts& texts,
 }
 
 owl::TFont NumbersFontIn(owl::TDC& dc, const PlotInput& plot) {
-    const auto heightOf = [&dc](const owl::TFont& font) {
+    const auto extentIn = [&dc](const owl::TFont& font, std::string_view text) {
         dc.SelectFont(font);
-        return dc.GetTextExtent("0").cy;
+        return dc.GetTextExtent(text);
     };
-    return NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), heightOf);
+    return NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), extentIn);
 }
 
 /// The texts of the plot in the fonts they are drawn in; the slot's is selected afterwards.

@@ -55,7 +55,7 @@ struct PlotInput {
     std::vector<double> p;
     double pThreshold = 0.05; ///< bins with p below it are marked
     std::vector<double> ratio;
-    std::string ratioName = "Ratio"; ///< in the legend
+    std::string ratioName; ///< in the legend
 };
 
 /// Spectra of consecutive stretches of the recording, oldest first.

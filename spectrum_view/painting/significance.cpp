@@ -20,7 +20,7 @@ constexpr int kMarkGap = 2;
 
 int MarksHeight(const owl::TRect& slot) {
     const int margin = slot.bottom - SlotY(slot, kPlotBottom);
-    return kMarkGap + std::clamp(margin / 4, kLowestMark, kTallestMark);
+    return kMarkGap + std::clamp((margin - kMarkGap) / 4, kLowestMark, kTallestMark);
 }
 
 std::vector<Triangle> SignificanceMarks(const owl::TRect& slot, const FrequencyAxis& axis,

@@ -75,7 +75,7 @@ SlotTexts TextsOf(const PlotInput& plot, const TextExtent& extent, const TextExt
     const int height = extent("0").cy;
     const int top = LabelTop(frame.slot, height);
     const owl::TPoint origin = AxisOrigin(frame.slot);
-    const int numbersTop = NumbersTop(frame.slot, numbersExtent("0").cy, MarksRows(plot));
+    const int numbersTop = NumbersTop(frame.slot, DigitRowsOf(numbersExtent("0").cy).height, MarksRows(plot));
 
     SlotTexts texts;
     texts.label = LabelOf(frame, extent);

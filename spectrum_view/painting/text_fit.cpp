@@ -32,6 +32,22 @@ PlacedText Placed(std::string text, int x, int top, owl::TextAlign align, const 
     return {{left, top, left + size.cx, top + size.cy}, std::move(text)};
 }
 
+DigitRows DigitRowsOf(int lineHeight) {
+    const int above = lineHeight / 10;
+    // Whole pixels: the descender of a small font is rounded up to two.
+    const int below = std::max(lineHeight / 6, std::min(2, lineHeight / 5));
+    return {above, lineHeight - above - below};
+}
+
+PlacedText PlacedDigits(std::string text, int x, int top, owl::TextAlign align, const owl::TRect& area,
+                        const TextExtent& extent) {
+    PlacedText placed = Placed(std::move(text), x, top, align, area, extent);
+    const DigitRows rows = DigitRowsOf(placed.rect.Height());
+    placed.rect.bottom = top + rows.height;
+    placed.above = rows.above;
+    return placed;
+}
+
 bool Fits(const PlacedTexts& texts, const owl::TRect& area, int gap, std::span<const owl::TRect> taken) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const owl::TRect& rect = texts[i].rect;
@@ -59,7 +75,7 @@ void KeepFitting(const std::vector<PlacedTexts*>& groups, const owl::TRect& area
 
 void PaintTexts(owl::TDC& dc, const PlacedTexts& texts) {
     for (const PlacedText& text : texts) {
-        dc.TextOut({text.rect.left, text.rect.top}, text.text);
+        dc.TextOut({text.rect.left, text.rect.top - text.above}, text.text);
     }
 }
 

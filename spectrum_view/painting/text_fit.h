@@ -20,6 +20,7 @@ using TextExtent = std::function<owl::TSize(std::string_view)>;
 struct PlacedText {
     owl::TRect rect;
     std::string text;
+    int above = 0; ///< empty rows of the line over the rectangle
 
     bool operator==(const PlacedText&) const = default;
 };
@@ -29,6 +30,20 @@ using PlacedTexts = std::vector<PlacedText>;
 /// would leave it.
 PlacedText Placed(std::string text, int x, int top, owl::TextAlign align, const owl::TRect& area,
                   const TextExtent& extent);
+
+/// The rows of a line that digits and capitals cover, less than the line, which has room for accents above
+/// and descenders below.
+struct DigitRows {
+    int above = 0;  ///< rows without a pixel over the digits
+    int height = 0; ///< rows from there to the last one with a pixel
+};
+
+/// Of the common faces: a descender takes a sixth of the line or more below, an accent a tenth.
+DigitRows DigitRowsOf(int lineHeight);
+
+/// As Placed, for a text of digits and capitals only: the top of the digits is at \p top.
+PlacedText PlacedDigits(std::string text, int x, int top, owl::TextAlign align, const owl::TRect& area,
+                        const TextExtent& extent);
 
 /// True when every text lies in \p area, \p gap columns are free between each two side by side, and none
 /// covers one of \p taken.

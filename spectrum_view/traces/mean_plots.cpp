@@ -154,6 +154,7 @@ std::vector<PlotInput> MeanPlotsOf(const PlotSources& sources, std::span<const T
         PlotInput plot;
         plot.frame = std::move(frames[i]);
         plot.normalisation = sources.display.normalisation;
+        plot.ratioName = sources.ratioName;
         plot.pThreshold = sources.manager.GetPThreshold();
         if (entries[i].main != nullptr) {
             plot.curves.push_back(CurveOf(sources, ofMain, *entries[i].main));

@@ -20,6 +20,7 @@ struct PlotSources {
     const ViewState& view;
     const DisplaySettings& display;
     owl::TFont font;
+    std::string ratioName = "Ratio"; ///< of the ratio in the legends
 };
 
 /// Colours of the curves: those of the settings; a secondary analysis in the colour of the main one is drawn

@@ -246,8 +246,8 @@ TEST(MeanPlot, LeavesOutTheTicksUnderMarks) {
     PlotInput plot = SmallPlot();
     plot.p = {1, 1, 0.01, 1, 1}; // at 208
     const Calls lines = Painted(plot, {"line"});
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "line 208,143 208,146"), 0);
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "line 120,143 120,146"), 1);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "line 208,143 208,144"), 0);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "line 120,143 120,144"), 1);
 }
 
 } // namespace

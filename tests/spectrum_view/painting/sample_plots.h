@@ -50,6 +50,7 @@ inline spectrum_view::PlotInput RestingPlot(const owl::TRect& slot, const std::s
 /// With a second spectrum of slower alpha, its significance and ratio.
 inline spectrum_view::PlotInput ComparedPlot(const owl::TRect& slot, const std::string& name = "O1") {
     spectrum_view::PlotInput plot = RestingPlot(slot, name);
+    plot.ratioName = "Ratio";
     plot.curves.push_back(RestingCurve(9, owl::Rgb(213, 94, 0)));
     for (std::uint64_t bin = 0; bin <= kRestingAxis.iTop; ++bin) {
         const double ratio = plot.curves[0].values[bin] / plot.curves[1].values[bin];

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/painting/slot_texts.h"
 
+#include "host/toolkit/painter_dc.h"
 #include "tests/spectrum_view/painting/sample_plots.h"
 
+#include <QImage>
+#include <QPainter>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -24,9 +27,26 @@ TextExtent Extent(int height) {
 
 SlotTexts TextsAt(PlotInput plot, int fontHeight) {
     plot.frame.font.height = fontHeight;
-    const auto heightOf = [](const owl::TFont& font) { return Extent(font.height)("0").cy; };
-    const owl::TFont numbers = NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), heightOf);
+    const auto extentIn = [](const owl::TFont& font, std::string_view text) {
+        return Extent(font.height)(text);
+    };
+    const owl::TFont numbers = NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), extentIn);
     return TextsOf(plot, Extent(fontHeight), Extent(numbers.height));
+}
+
+/// In the font of the screen.
+SlotTexts TextsOnScreen(const PlotInput& plot) {
+    QImage image(1, 1, QImage::Format_RGB32);
+    QPainter painter(&image);
+    owl::PainterDC dc(painter);
+    const auto extentIn = [&dc](const owl::TFont& font, std::string_view text) {
+        dc.SelectFont(font);
+        return dc.GetTextExtent(text);
+    };
+    const owl::TFont numbers = NumbersFont(plot.frame.slot, plot.frame.font, MarksRows(plot), extentIn);
+    return TextsOf(
+        plot, [&](std::string_view text) { return extentIn(plot.frame.font, text); },
+        [&](std::string_view text) { return extentIn(numbers, text); });
 }
 
 std::vector<owl::TRect> AllRects(const SlotTexts& texts) {
@@ -153,6 +173,48 @@ TEST(AxisNumbers, TooLongForTheMarginAreMultiplesOfAPowerOfThousand) {
     EXPECT_EQ(TextsAt(plot, 12).vertical.multiplier, "");
 }
 
+TEST(AxisNumbers, StandAtBothAxesOfASmallSlot) {
+    for (const owl::TRect& slot :
+         {owl::TRect{0, 0, 250, 155}, owl::TRect{0, 0, 256, 192}, owl::TRect{0, 0, 260, 200}}) {
+        for (const double max : {0.02, 0.7, 1.0, 22.0, 90.0, 130.0, 987.0, 4500.0}) {
+            PlotInput plot = test::RestingPlot(slot);
+            plot.frame.vertical.max = max;
+            const SlotTexts texts = TextsOnScreen(plot);
+            EXPECT_GE(texts.frequency.numbers.size(), 3u) << slot.Width() << "x" << slot.Height();
+            plot.p.assign(65, 0.01);
+            EXPECT_GE(TextsOnScreen(plot).frequency.numbers.size(), 3u) << "marked " << slot.Height();
+            EXPECT_GE(texts.vertical.numbers.size(), 2u)
+                << slot.Width() << "x" << slot.Height() << " max " << max;
+        }
+    }
+}
+
+TEST(AxisNumbers, OfOneAxisStayWhereTheOtherOneHasNoRoom) {
+    const SlotTexts low = TextsAt(test::RestingPlot({0, 0, 500, 110}), 12);
+    EXPECT_TRUE(low.frequency.numbers.empty());
+    EXPECT_FALSE(low.vertical.numbers.empty());
+    const SlotTexts narrow = TextsAt(test::RestingPlot({0, 0, 150, 300}), 12);
+    EXPECT_FALSE(narrow.frequency.numbers.empty());
+    EXPECT_TRUE(narrow.vertical.numbers.empty());
+}
+
+TEST(AxisNumbers, SayTheirValuesExactly) {
+    for (const double max : {0.07, 0.6, 7.0, 70.0, 600.0, 7000.0}) {
+        for (int height = 60; height <= 400; height += 10) {
+            PlotInput plot = test::RestingPlot({0, 0, 400, height});
+            plot.frame.vertical.max = max;
+            const AxisLayout axis = TextsAt(plot, 12).vertical;
+            const double unit = axis.multiplier.empty() ? 1 : axis.multiplier == "×10³" ? 1e3 : 1e-3;
+            for (const PlacedText& number : axis.numbers) {
+                const double share = std::stod(number.text) * unit / max;
+                const int y = ValueY(plot.frame.slot, plot.frame.vertical, share * max);
+                EXPECT_TRUE(std::find(axis.ticks.begin(), axis.ticks.end(), y) != axis.ticks.end())
+                    << number.text << axis.multiplier << " of " << max;
+            }
+        }
+    }
+}
+
 TEST(AxisNumbers, OfValuesThatAreAllZeroStayAway) {
     PlotInput plot = test::RestingPlot({0, 0, 600, 400});
     plot.frame.vertical = {0, std::numeric_limits<double>::min(), 0};
@@ -167,12 +229,14 @@ TEST(AxisNumbers, StandUnderTheSignificanceMarks) {
 }
 
 TEST(AxisNumbers, GetSmallerWhereTheMarginBelowIsLow) {
-    const auto heightOf = [](const owl::TFont& font) { return font.height; };
+    const auto square = [](const owl::TFont& font, std::string_view text) {
+        return owl::TSize{font.height / 2 * static_cast<int>(text.size()), font.height};
+    };
     const owl::TFont font{"Verdana", 14, false, false};
-    EXPECT_EQ(NumbersFont({0, 0, 500, 400}, font, 0, heightOf).height, 14);
-    EXPECT_EQ(NumbersFont({0, 0, 400, 200}, font, 0, heightOf).height, 10); // 200 − 184 − 5 − 1
-    EXPECT_EQ(NumbersFont({0, 0, 400, 100}, font, 0, heightOf).height, kSmallestNumbers);
-    EXPECT_EQ(NumbersFont({0, 0, 400, 100}, {"Verdana", 8, false, false}, 0, heightOf).height, 8);
+    EXPECT_EQ(NumbersFont({0, 0, 500, 400}, font, 0, square).height, 14);
+    EXPECT_EQ(NumbersFont({0, 0, 400, 200}, font, 0, square).height, 12); // 9 rows of digits from 190 on
+    EXPECT_EQ(NumbersFont({0, 0, 400, 100}, font, 0, square).height, kSmallestNumbers);
+    EXPECT_EQ(NumbersFont({0, 0, 400, 100}, {"Verdana", 8, false, false}, 0, square).height, 8);
 }
 
 } // namespace

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/painting/text_fit.h"
 
+#include "host/toolkit/painter_dc.h"
+
+#include <QImage>
+#include <QPainter>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -11,6 +17,34 @@ constexpr owl::TRect kArea{0, 0, 100, 50};
 
 owl::TSize TenByTwelve(std::string_view text) {
     return {10 * static_cast<int>(text.size()), 12};
+}
+
+/// Rows of a line with a pixel more dark than light of digits and capitals, tenths of a pixel; the pale rim
+/// of round digits does not count.
+struct InkedRows {
+    int line = 0; ///< height of the line, pixels
+    int first = 0;
+    int end = 0;
+};
+
+InkedRows InkOf(const std::string& face, int fontHeight, int scale) {
+    QImage image(200 * scale, 80 * scale, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    image.setDevicePixelRatio(scale);
+    QPainter painter(&image);
+    owl::PainterDC dc(painter);
+    dc.SelectFont({face, fontHeight, false, false});
+    dc.TextOut({0, 0}, "-0.123456789Hz");
+    InkedRows rows{dc.GetTextExtent("0").cy, 10000, 0};
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) < 128) {
+                rows.first = std::min(rows.first, 10 * y / scale);
+                rows.end = std::max(rows.end, (10 * (y + 1) + scale - 1) / scale);
+            }
+        }
+    }
+    return rows;
 }
 
 PlacedText At(int left, int top, int right, int bottom) {
@@ -28,6 +62,26 @@ TEST(PlacedText, StandsAtItsSideMovedIntoTheArea) {
               (owl::TRect{80, 5, 100, 17}));
     EXPECT_EQ(Placed("ab", 3, 5, owl::TextAlign::Center, kArea, TenByTwelve).rect,
               (owl::TRect{0, 5, 20, 17}));
+}
+
+TEST(PlacedText, OfDigitsCoversTheirRowsAndIsDrawnInItsLine) {
+    const PlacedText placed = PlacedDigits("10", 40, 7, owl::TextAlign::Left, kArea, TenByTwelve);
+    EXPECT_EQ(placed.rect, (owl::TRect{40, 7, 60, 16}));
+    EXPECT_EQ(placed.above, 1);
+}
+
+TEST(DigitRows, HoldEveryPixelOfDigitsAndCapitals) {
+    for (const char* face : {"Verdana", "DejaVu Sans", "Liberation Sans"}) {
+        for (const int scale : {1, 2, 3}) {
+            for (int height = 9; height <= 60; ++height) {
+                const InkedRows ink = InkOf(face, height, scale);
+                const DigitRows rows = DigitRowsOf(ink.line);
+                ASSERT_LT(ink.first, ink.end);
+                EXPECT_GE(ink.first, 10 * rows.above) << face << " " << height << " x" << scale;
+                EXPECT_LE(ink.end, 10 * (rows.above + rows.height)) << face << " " << height << " x" << scale;
+            }
+        }
+    }
 }
 
 TEST(TextFit, KeepsAGapBetweenTextsSideBySide) {

@@ -23,7 +23,7 @@ protected:
     }
     std::vector<PlotInput> Plots(std::uint64_t firstTrace = 0, const GridSize& grid = {1, 2}) {
         list = BipolarList(manager, *recording, firstTrace, grid);
-        return MeanPlotsOf({manager, view, display, font}, std::as_const(list).Entries(manager));
+        return MeanPlotsOf({manager, view, display, font, "Quotient"}, std::as_const(list).Entries(manager));
     }
     std::vector<double> Mean(std::size_t channel) const {
         std::vector<double> values;
@@ -144,6 +144,10 @@ TEST_F(MeanPlots, TestAndRatioComePerBin) {
     EXPECT_EQ(plot.p[2], manager.GetP(Channel(0))[2]);
     EXPECT_EQ(plot.ratio,
               std::vector<double>(manager.GetRatio(Channel(0)), manager.GetRatio(Channel(0)) + 5));
+}
+
+TEST_F(MeanPlots, TheRatioHasTheNameItIsGiven) {
+    EXPECT_EQ(Plots()[0].ratioName, "Quotient");
 }
 
 TEST_F(MeanPlots, ASecondaryOfAnotherResolutionIsDrawnOnItsOwnBins) {
