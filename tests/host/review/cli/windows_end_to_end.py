@@ -47,6 +47,22 @@ class WindowsTest(CommandLineTest):
         self.environment.update(XDG_CONFIG_HOME=str(self.folder / "config"), XDG_DATA_HOME=str(self.folder / "data"))
         self.program = end_to_end.ORVANTA
 
+    def assert_interrupted_silently(self, *arguments) -> None:
+        """Ctrl-C, once the libraries with windows are loaded, ends the command with 130 and no output."""
+        with subprocess.Popen(
+            [self.program, *arguments],
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            text=True,
+            env=self.environment,
+        ) as running:
+            maps = pathlib.Path(f"/proc/{running.pid}/maps")
+            while "liborvanta_bridge" not in maps.read_text() and running.poll() is None:
+                time.sleep(0.01)
+            running.send_signal(signal.SIGINT)
+            output, errors = running.communicate(timeout=60)
+        self.assertEqual((running.returncode, output), (130, ""), errors)
+
     def orvanta(self, *arguments):
         return subprocess.run(
             [self.program, *map(str, arguments)], capture_output=True, text=True, timeout=120, env=self.environment
@@ -135,20 +151,8 @@ class MacroEdit(WindowsTest):
         macro = self.macro("m.smx")
         before = macro.read_bytes()
         for arguments in ([macro], []):
-            with self.subTest(arguments=arguments), subprocess.Popen(
-                [self.program, "macro", "edit", *arguments],
-                stdout=subprocess.PIPE,
-                stderr=subprocess.PIPE,
-                text=True,
-                env=self.environment,
-            ) as running:
-                maps = pathlib.Path(f"/proc/{running.pid}/maps")
-                while "liborvanta_bridge" not in maps.read_text() and running.poll() is None:
-                    time.sleep(0.01)
-                running.send_signal(signal.SIGINT)
-                output, errors = running.communicate(timeout=60)
-                self.assertEqual(running.returncode, 130, errors)
-                self.assertEqual(output, "")
+            with self.subTest(arguments=arguments):
+                self.assert_interrupted_silently("macro", "edit", *arguments)
                 self.assertEqual(macro.read_bytes(), before)
 
     def test_light_and_dark_exclude_each_other(self):
@@ -364,19 +368,7 @@ class Render(WindowsTest):
         long = self.folder / "long.edf"
         self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "240").returncode, 0)
         before = sorted(self.folder.iterdir())
-        with subprocess.Popen(
-            [self.program, "render", long, "--mode", "csa", "--out", self.folder / "a.png"],
-            stdout=subprocess.PIPE,
-            stderr=subprocess.PIPE,
-            text=True,
-            env=self.environment,
-        ) as running:
-            maps = pathlib.Path(f"/proc/{running.pid}/maps")
-            while "liborvanta_bridge" not in maps.read_text() and running.poll() is None:
-                time.sleep(0.01)
-            running.send_signal(signal.SIGINT)
-            output, errors = running.communicate(timeout=60)
-        self.assertEqual((running.returncode, output), (130, ""), errors)
+        self.assert_interrupted_silently("render", long, "--mode", "csa", "--out", self.folder / "a.png")
         self.assertEqual(sorted(self.folder.iterdir()), before)
 
 
