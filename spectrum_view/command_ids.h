@@ -36,8 +36,11 @@ inline constexpr unsigned kCmShowMeasures = 14499;
 inline constexpr unsigned kCmShowAxesText = 14500;
 inline constexpr unsigned kCmShowLabels = 14501;
 inline constexpr unsigned kCmNormalizeNone = 14506;
+inline constexpr unsigned kCmNormalizeDb = 14507;
 inline constexpr unsigned kCmNormalizeByF = 14508;
 inline constexpr unsigned kCmNormalizeBySqrtF = 14509;
+inline constexpr unsigned kCmNormalizeByLog10F = 14510;
+inline constexpr unsigned kCmNormalizeByLnF = 14511;
 
 inline constexpr unsigned kMontageSelector = 14537; ///< a control of the tool bar
 inline constexpr unsigned kGridPicked = 14539;      ///< answer of the picker for the size of the grid

@@ -15,7 +15,13 @@ class QComboBox;
 class QLabel;
 class TTableWnd;
 class SpectraMgr;
+class TFormListener;
+class TSideBarFormBase;
 class XTimeList;
+
+namespace owl {
+class TCommandEnabler;
+}
 
 /// Shows one plot per trace of the main analysis, and of the secondary one for comparison, in a grid or on
 /// the scalp. Neither the recording nor the manager is owned; both must outlive the view. GUI thread.
@@ -49,6 +55,29 @@ public:
     void CmHeadView() { ChangeViewMode(Layout::Mode::Scalp); }
     void CmGridView() { ChangeViewMode(Layout::Mode::Grid); }
     void CmRecompute();
+    /// Asks for the settings of a new analysis. Nothing while it already asks.
+    void CmNewSpectrum();
+    /// Edits the settings of the main analysis; makes one when there is none.
+    void CmEditOptions();
+    /// Moves the trace cursor to the next selection of the main analysis.
+    void CmNextSelection();
+    void CmPreviousTrace();
+    void CmNextTrace();
+    void CmWide();
+    void CmNarrow();
+    void CmSetMaxAxis();
+    void CmSetBands();
+    void CmSpectraInfo();
+    void CmSelectFont();
+    void CmNormalizeNone() { Normalize(SPECT::Normalisation::None); }
+    void CmNormalizeByF() { Normalize(SPECT::Normalisation::ByF); }
+    void CmNormalizeBySqrtF() { Normalize(SPECT::Normalisation::BySqrtF); }
+    void CmNormalizeByLnF() { Normalize(SPECT::Normalisation::ByLnF); }
+    void CmNormalizeByLog10F() { Normalize(SPECT::Normalisation::ByLog10F); }
+    void CmNormalizeDb() { Normalize(SPECT::Normalisation::Db); }
+    void CmSaveSpectra();
+    /// Saves, and starts the statistics program on the file.
+    void CmSaveSpectraAndLaunchStat();
     void CmCopy2ClpBrd();
     void CmMeasures();
     /// Opens the picker for the size of the grid at the mouse.
@@ -62,6 +91,34 @@ public:
     void CmShowLabel() { Toggle(&orvanta::spectrum_view::DisplaySettings::showLabels); }
     void CmShowAxesText() { Toggle(&orvanta::spectrum_view::DisplaySettings::showAxesText); }
     void CmShowMeasures() { Toggle(&orvanta::spectrum_view::DisplaySettings::showMeasuresBox); }
+
+    // What the commands' menu items and buttons look like.
+    void CeCommonScale(owl::TCommandEnabler& item);
+    void CeNextTrace(owl::TCommandEnabler& item);
+    void CePreviousTrace(owl::TCommandEnabler& item);
+    void CeNextSelection(owl::TCommandEnabler& item);
+    void CeWide(owl::TCommandEnabler& item);
+    void CeNarrow(owl::TCommandEnabler& item);
+    void CeFullOpt(owl::TCommandEnabler& item);
+    void CeMean(owl::TCommandEnabler& item);
+    void CeTimeFreq(owl::TCommandEnabler& item);
+    void CeCSA(owl::TCommandEnabler& item);
+    void CeGridView(owl::TCommandEnabler& item);
+    void CeHeadView(owl::TCommandEnabler& item);
+    void CeTable(owl::TCommandEnabler& item);
+    void CeShowPoints(owl::TCommandEnabler& item);
+    void CeShowLines(owl::TCommandEnabler& item);
+    void CeShowSD(owl::TCommandEnabler& item);
+    void CeShowMeasures(owl::TCommandEnabler& item);
+    void CeShowAxesText(owl::TCommandEnabler& item);
+    void CeShowLabel(owl::TCommandEnabler& item);
+    void CeNormalizeNone(owl::TCommandEnabler& item);
+    void CeNormalizeDb(owl::TCommandEnabler& item);
+    void CeNormalizeByF(owl::TCommandEnabler& item);
+    void CeNormalizeBySqrtF(owl::TCommandEnabler& item);
+    void CeNormalizeByLog10F(owl::TCommandEnabler& item);
+    void CeNormalizeByLnF(owl::TCommandEnabler& item);
+    void CeSetEntity(owl::TCommandEnabler& item);
 
     /// Stores the settings.
     void Destroy(int retVal = 0) override;
@@ -77,17 +134,29 @@ protected:
 
     void EvSize(unsigned sizeType, const owl::TSize& size);
     void EvSetFocus(HWND lost);
+    void EvKillFocus(HWND gets);
+    void EvKeyDown(unsigned key, unsigned repeat, unsigned flags);
+    void EvLButtonDblClk(unsigned modKeys, const owl::TPoint& point);
+    void EvMouseWheel(unsigned modKeys, int delta, const owl::TPoint& point);
     /// The user chose the montage of this index.
     LPARAM EvCbMontage(WPARAM index, LPARAM);
     /// The user picked a grid. The first trace stays.
     LPARAM EvTable(WPARAM picked, LPARAM);
 
 private:
+    /// Puts the side bar with its panels beside the view.
+    void CreateSideBar();
+    /// Lets every panel fill itself anew.
+    void NotifyPanels();
+    /// What the key saves while Ctrl and Shift are held: spectra under many settings, one file each.
+    void SaveBatch(unsigned key);
+
     void SetCephalicList();
     void SetBipolarList();
     void SetViewCoords();
 
     void Toggle(bool orvanta::spectrum_view::DisplaySettings::*flag);
+    void Normalize(SPECT::Normalisation normalisation);
     void CheckEntityItems();
     void FillMontages();
     double LoadedRate() const;
@@ -100,5 +169,7 @@ private:
     orvanta::spectrum_view::OverTimePlots overTime_;
     QComboBox* montages_ = nullptr; ///< owned by the tool bar, as the texts
     QPointer<TTableWnd> picker_;
+    QPointer<TSideBarFormBase> sideBar_; ///< and its panels; null before the first focus
+    QPointer<TFormListener> spectraPanel_, regressionPanel_;
     std::array<QLabel*, 3> status_{}; ///< entity, horizontal and vertical unit; null before set-up
 };
