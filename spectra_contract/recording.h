@@ -109,6 +109,10 @@ public:
     /// Set when the montage changed and the change is to be told.
     ManagedFlag& GetMontageFlag() const;
 
+    /// As long as the answer lives, samples that were read stay in memory, up to 256 MiB, so that several
+    /// computations one after the other read the file once.
+    [[nodiscard]] std::shared_ptr<const void> KeepSamples() const;
+
     /// The recording as opened: signals, timeline, repairs, sample source. Shared and immutable.
     const std::shared_ptr<const orvanta::signal::Recording>& GetRecording() const;
 

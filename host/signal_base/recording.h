@@ -7,6 +7,7 @@
 #include "spectra_contract/api.h"
 #include "spectra_contract/recording.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,10 @@ struct SensorSamples {
     double gain = 1;
     double offset = 0;
 };
+
+/// Bytes of samples that are kept in memory, at most. Twenty minutes of 32 channels of 16 bits at 512 Hz need
+/// 40 MB.
+constexpr std::uint64_t kKeptBytes = std::uint64_t{256} << 20;
 
 /// What stays the same while a recording is open. Shared and immutable; safe from every thread.
 class ORVANTA_API Recording {
@@ -34,6 +39,10 @@ public:
     const RecordingData& Data() const;
     /// The samples, all EEG sensors at Rate(); signal indices are those of Data().signals.
     const BlockSource& Source() const;
+    /// As long as the answer, or another one given meanwhile, lives, samples that were read stay in memory
+    /// and are not read again, so that computations one after the other read the file once. What does not fit
+    /// \p limit bytes is read each time. A change of the file is noticed only where it is read.
+    [[nodiscard]] std::shared_ptr<const void> KeepSamples(std::uint64_t limit = kKeptBytes) const;
     /// Rate in Hz at which EEG is analysed; 0 without EEG sensors.
     double Rate() const;
     /// Timeline at Rate(), or at the highest rate of any signal when there is no EEG.

@@ -55,6 +55,10 @@ ManagedFlag& EEGFileInfoType::GetMontageFlag() const {
     return impl_->montageFlag;
 }
 
+std::shared_ptr<const void> EEGFileInfoType::KeepSamples() const {
+    return impl_->recording->KeepSamples();
+}
+
 const std::shared_ptr<const orvanta::signal::Recording>& EEGFileInfoType::GetRecording() const {
     return impl_->recording;
 }

@@ -3,6 +3,7 @@
 
 #include "host/signal_base/limited_list.h"
 #include "host/signal_base/number_words.h"
+#include "host/signal_base/recording/kept_source.h"
 #include "host/signal_base/recording/resampled_source.h"
 #include "host/signal_base/recording_error.h"
 #include "host/signal_base/sensors/classify.h"
@@ -90,7 +91,7 @@ Timeline LayOutTime(const RecordingData& data, const BlockSource& source, const 
 struct Recording::Impl {
     RecordingData data;
     SensorVector sensors;
-    std::shared_ptr<const BlockSource> source;
+    std::unique_ptr<const KeptSource> source;
     double rate = 0;
     Timeline time;
 };
@@ -105,7 +106,7 @@ Recording::Recording(RecordingData data) : impl_(std::make_unique<Impl>()) {
     impl_->sensors = MakeSensors(found, found.repairs);
     const SensorType* fastest =
         Fastest(impl_->sensors, [](const SensorType& sensor) { return sensor.IsEeg(); });
-    impl_->source = AtOneRate(found, impl_->sensors, fastest);
+    impl_->source = std::make_unique<KeptSource>(AtOneRate(found, impl_->sensors, fastest));
     impl_->rate = fastest == nullptr ? 0 : fastest->GetRateHz();
     ReportResampling(impl_->sensors, impl_->rate, found.repairs);
     if (fastest == nullptr) {
@@ -124,6 +125,10 @@ const RecordingData& Recording::Data() const {
 
 const BlockSource& Recording::Source() const {
     return *impl_->source;
+}
+
+std::shared_ptr<const void> Recording::KeepSamples(std::uint64_t limit) const {
+    return impl_->source->Keep(limit);
 }
 
 double Recording::Rate() const {
