@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/services.h"
 
+#include "host/toolkit/module_file.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -95,6 +97,9 @@ const Services*& Replacement() {
 } // namespace
 
 FileAccess::~FileAccess() = default;
+std::string FileAccess::ProgramFile() const {
+    return ModuleFileName(nullptr);
+}
 ProcessLauncher::~ProcessLauncher() = default;
 Clipboard::~Clipboard() = default;
 KeyState::~KeyState() = default;

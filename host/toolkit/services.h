@@ -27,6 +27,8 @@ public:
     /// Names, without folder, of the files in \p folder that end with \p ending, in alphabetical order, case
     /// ignored; empty for a folder that cannot be read.
     virtual std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending) const = 0;
+    /// Full path of the running program; empty when the system does not know.
+    virtual std::string ProgramFile() const;
 };
 
 class ORVANTA_TOOLKIT_API ProcessLauncher {

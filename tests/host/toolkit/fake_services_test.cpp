@@ -41,6 +41,14 @@ TEST(FakeServices, FailForThePathsOfTheTestOnly) {
     EXPECT_THAT(fakes.files.Removed(), ElementsAre(good));
 }
 
+TEST(FakeServices, RunTheProgramOfTheTest) {
+    const std::string real = CurrentServices().files->ProgramFile();
+    FakeServices fakes;
+    EXPECT_EQ(CurrentServices().files->ProgramFile(), real);
+    fakes.files.RunFrom("/opt/orvanta");
+    EXPECT_EQ(CurrentServices().files->ProgramFile(), "/opt/orvanta");
+}
+
 TEST(FakeServices, WriteDownLaunchesAndClipboardTexts) {
     FakeServices fakes;
     EXPECT_TRUE(CurrentServices().processes->Launch("\"tool\" file", "folder"));

@@ -50,6 +50,11 @@ TEST(SystemFiles, TellThatAProgramFileOfTheSystemIsNotWritable) {
     EXPECT_NE(Files().Access("/proc/self/exe/x", FileAccess::kWritable), 0);
 }
 
+TEST(SystemFiles, KnowTheRunningProgram) {
+    EXPECT_EQ(std::filesystem::path(Files().ProgramFile()).filename(), "toolkit_tests");
+    EXPECT_TRUE(std::filesystem::is_regular_file(Files().ProgramFile()));
+}
+
 TEST(SystemFiles, MakeFoldersWithThoseAbove) {
     const TempFolder folder;
     const std::string deep = folder.Path("one/two/three");

@@ -19,6 +19,8 @@ public:
 
     /// From now on everything done with this file or folder fails with this errno value.
     void Fail(const std::string& path, int error) { errors_[path] = error; }
+    /// From now on this is the running program.
+    void RunFrom(const std::string& program) { program_ = program; }
     /// The files that were removed, in their order.
     const std::vector<std::string>& Removed() const { return removed_; }
 
@@ -26,12 +28,14 @@ public:
     int MakeFolders(const std::string& folder) const override;
     int Remove(const std::string& file) const override;
     std::vector<std::string> FilesIn(const std::string& folder, const std::string& ending) const override;
+    std::string ProgramFile() const override { return program_; }
 
 private:
     int ErrorOf(const std::string& path) const;
 
     const owl::FileAccess& behind_;
     std::map<std::string, int> errors_;
+    std::string program_ = behind_.ProgramFile();
     mutable std::vector<std::string> removed_;
 };
 
