@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/form_listener.h"
 
-TFormListener::TFormListener(HWND parent) : QWidget(parent.Widget()) {}
+TChangeListener::~TChangeListener() = default;
+
+TFormListener::TFormListener(HWND parent) : TChangeListener(parent.Widget()) {}
 
 TFormListener::~TFormListener() = default;

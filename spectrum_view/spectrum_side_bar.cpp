@@ -1,7 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What stands beside the view.
-#include "side_bar/form_listener.h"
+#include "side_bar/side_bar_form.h"
 #include "spectrum_view/spectrum.h"
+
+#include <QSplitter>
+
+#include <algorithm>
+
+namespace {
+
+/// Puts the side bar before the view, as wide as it wants to be but no wider than the view. \param panes of
+/// the view alone
+void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
+    const int room = std::max(1, view.width());
+    const auto ratio = static_cast<float>(sideBar.sizeHint().width()) / static_cast<float>(room);
+    const int width = static_cast<int>(std::min(ratio, 0.5F) * static_cast<float>(room));
+    panes.insertWidget(panes.indexOf(&view), &sideBar);
+    panes.setStretchFactor(panes.indexOf(&sideBar), 0);
+    panes.setStretchFactor(panes.indexOf(&view), 1);
+    panes.setSizes({width, room - width});
+}
+
+} // namespace
+
+void Spectrum::CreateSideBar() {
+    Panes().setUpdatesEnabled(false);
+    sideBar_ = new TSideBarFormBase(GetHandle());
+    DockBefore(Panes(), *sideBar_, *this);
+    sideBar_->show();
+    sideBar_->SetActivePage(0);
+    Panes().setUpdatesEnabled(true);
+}
 
 void Spectrum::NotifyPanels() {
     for (TFormListener* panel : {spectraPanel_.data(), regressionPanel_.data()}) {
