@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QItemSelection>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -40,6 +41,17 @@ Control* Usable(QWidget& form, const char* name) {
     return control;
 }
 
+/// A key of any keyboard; the test library knows only those of ASCII.
+void PressKeyOf(QChar character, QWidget& control) {
+    if (character == '\n') {
+        QTest::keyClick(&control, Qt::Key_Return);
+    } else if (character.unicode() < 0x80) {
+        QTest::keyClick(&control, character.toLatin1());
+    } else {
+        QTest::sendKeyEvent(QTest::Click, &control, Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+}
+
 QString CaptionAt(const QAbstractItemView& list, int row) {
     return list.model()->index(row, 0).data().toString();
 }
@@ -64,12 +76,19 @@ void FormUser::DoubleClicksRow(const char* list, int row) const {
 }
 
 void FormUser::Types(const char* edit, const QString& text) const {
-    if (auto* control = Usable<QLineEdit>(form_, edit)) {
-        control->selectAll();
+    if (auto* control = Usable<QWidget>(form_, edit)) {
+        if (const auto* box = qobject_cast<const QComboBox*>(control)) {
+            control = box->lineEdit();
+            ASSERT_NE(control, nullptr) << edit << " takes no text";
+        }
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
         if (text.isEmpty()) {
             QTest::keyClick(control, Qt::Key_Delete);
         } else {
-            QTest::keyClicks(control, text);
+            for (const QChar character : text) {
+                PressKeyOf(character, *control);
+            }
         }
     }
 }
@@ -114,6 +133,11 @@ void FormUser::PressesEscape() const {
 bool FormUser::IsEnabled(const char* control) const {
     const auto* found = Find<QWidget>(form_, control);
     return found != nullptr && found->isEnabled();
+}
+
+bool FormUser::IsVisible(const char* control) const {
+    const auto* found = Find<QWidget>(form_, control);
+    return found != nullptr && found->isVisible();
 }
 
 bool FormUser::IsChecked(const char* button) const {

@@ -17,7 +17,7 @@ public:
 
     void Clicks(const char* button) const;
     void DoubleClicksRow(const char* list, int row) const;
-    /// Sets the text of an edit, key by key.
+    /// Sets the text of an edit, memo or combo box, key by key.
     void Types(const char* edit, const QString& text) const;
     void SetsNumber(const char* spinner, int value) const;
     /// Selects these rows of a list and no others.
@@ -26,6 +26,7 @@ public:
     void PressesEscape() const;
 
     bool IsEnabled(const char* control) const;
+    bool IsVisible(const char* control) const;
     bool IsChecked(const char* button) const;
     /// Text of a label, button, group, edit, memo or combo box, without the marks of mnemonics.
     QString TextOf(const char* control) const;
