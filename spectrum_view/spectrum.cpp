@@ -2,19 +2,17 @@
 #include "spectrum_view/spectrum.h"
 
 #include "host/toolkit/form_texts.h"
-#include "host/toolkit/services.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/command_ids.h"
 #include "spectrum_view/menu_texts.h"
+#include "spectrum_view/saving/statistics_launch.h"
 #include "spectrum_view/state/status_texts.h"
 #include "spectrum_view/state/stored_state.h"
 
 #include <QComboBox>
 #include <QLabel>
-
-#include <array>
 
 using namespace orvanta::spectrum_view;
 
@@ -26,14 +24,6 @@ bool HasEegSensors(const EEGFileInfoType& recording) {
     SensorList sensors;
     recording.GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily, Sensor::Class::Eeg);
     return !sensors.empty();
-}
-
-/// True when the statistics program of the settings can be read.
-bool HasStatisticsProgram(const GenericPlatform& platform) {
-    constexpr int kMostCharacters = 259;
-    std::array<char, kMostCharacters + 1> program{};
-    platform.ReadString(kSection, "Tabulix", R"(c:\quorvex\quorvex.exe)", program.data(), kMostCharacters);
-    return owl::CurrentServices().files->Access(program.data(), owl::FileAccess::kReadable) == 0;
 }
 
 } // namespace
@@ -53,6 +43,8 @@ constinit const owl::TResponseTable Spectrum::__entries = {
     owl::Command<&Spectrum::CmShowAxesText>(kCmShowAxesText),
     owl::Command<&Spectrum::CmShowMeasures>(kCmShowMeasures),
     owl::Command<&Spectrum::CmSetEntity>(kCmSetEntity, kCmLastEntity),
+    owl::Command<&Spectrum::CmSaveSpectra>(kCmSaveSpectra),
+    owl::Command<&Spectrum::CmSaveSpectraAndLaunchStat>(kCmSaveAndLaunch),
     owl::Command<&Spectrum::CmCopy2ClpBrd>(kCmCopyMeasures),
     owl::Command<&Spectrum::CmMeasures>(kCmMeasures),
     owl::Command<&Spectrum::CmSpectraTable>(kCmSpectraTable),

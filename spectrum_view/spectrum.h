@@ -75,6 +75,10 @@ public:
     void CmNormalizeByLnF() { Normalize(SPECT::Normalisation::ByLnF); }
     void CmNormalizeByLog10F() { Normalize(SPECT::Normalisation::ByLog10F); }
     void CmNormalizeDb() { Normalize(SPECT::Normalisation::Db); }
+    /// Lets the user choose a file and comment on the main analysis, and saves it.
+    /// \return the chosen path, whether or not the file could be written; empty when nothing was chosen;
+    /// "SPECTRADATA UNAVAILABLE ERROR" when the analysis was gone by then
+    virtual std::string SaveSpectraFile();
     void CmSaveSpectra();
     /// Saves, and starts the statistics program on the file.
     void CmSaveSpectraAndLaunchStat();

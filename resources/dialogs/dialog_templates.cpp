@@ -4,6 +4,7 @@
 #include "host/toolkit/dialog.h"
 
 #include "ui_1628.h"
+#include "ui_1629.h"
 
 namespace orvanta::resources {
 
@@ -19,6 +20,7 @@ constexpr struct {
     owl::DialogTemplate build;
 } kDialogs[] = {
     {1628, Build<Ui::MeasuresDialog>},
+    {1629, Build<Ui::CommentsDialog>},
 };
 
 } // namespace

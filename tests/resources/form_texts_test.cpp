@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "ui_1628.h"
+#include "ui_1629.h"
 #include "ui_macro_selection.h"
 #include "ui_spectrum_macro.h"
 
@@ -138,6 +139,10 @@ TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
 
 TEST(GermanForms, MeasuresDialogSpeaksGermanThroughout) {
     ExpectGerman(Ui::MeasuresDialog(), "DIALOG_1628", 3);
+}
+
+TEST(GermanForms, CommentsDialogSpeaksGermanThroughout) {
+    ExpectGerman(Ui::CommentsDialog(), "DIALOG_1629", 8);
 }
 
 TEST(GermanForms, AreSpokenInGerman) {

@@ -23,11 +23,13 @@ std::string Title(const char* key, const char* builtIn) {
 } // namespace
 
 void Gui::ShowError(const std::string& text) const {
+    qInfo("%s", text.c_str()); // what went wrong is in the log, too, when the box is gone
     owl::CurrentModalGateway().ShowMessage(ActiveWindow(), text, Title("error", "Error"),
                                            owl::kMbOk | owl::kMbIconStop);
 }
 
 void Gui::ShowWarning(const std::string& text) const {
+    qInfo("%s", text.c_str());
     owl::CurrentModalGateway().ShowMessage(ActiveWindow(), text, Title("warning", "Warning"),
                                            owl::kMbOk | owl::kMbIconExclamation);
 }

@@ -10,6 +10,8 @@
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_mgr.h"
+#include "spectra_contract/spectra_types.h"
+#include "spectrum_view/dialogs/comments_dialog.h"
 #include "spectrum_view/dialogs/measures_dialog.h"
 
 #include <QApplication>
@@ -65,6 +67,16 @@ void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
     take(dialog);
 }
 
+void ShowComments(const GallerySample& /*sample*/, const TakePicture& take) {
+    SpectralComments comments;
+    SpectralCommentsDlg dialog(nullptr, &comments);
+    dialog.SetDlgItemText(105, "Vigilance");
+    dialog.SetDlgItemText(106, "Eyes closed");
+    dialog.SetDlgItemText(111, "VIG-2");
+    dialog.SetDlgItemText(101, "Second recording of the day. Drowsy from minute 12 on.");
+    take(dialog);
+}
+
 /// A bar with every kind of gadget.
 void ShowGadgetBar(const GallerySample& /*sample*/, const TakePicture& take) {
     owl::TEventHandler handler;
@@ -105,9 +117,13 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
     const auto page = [&sample](const char* name, void (*show)(const GallerySample&, const TakePicture&)) {
         return GalleryPage{name, [sample, show](const TakePicture& take) { show(sample, take); }};
     };
-    return {page("macro-selection", ShowMacroSelection), page("settings-states", ShowStateSettings),
-            page("settings-spots", ShowSpotSettings),    page("measures", ShowMeasures),
-            page("gadget-bar", ShowGadgetBar),           page("grid-picker", ShowGridPicker)};
+    return {page("macro-selection", ShowMacroSelection),
+            page("settings-states", ShowStateSettings),
+            page("settings-spots", ShowSpotSettings),
+            page("measures", ShowMeasures),
+            page("comments", ShowComments),
+            page("gadget-bar", ShowGadgetBar),
+            page("grid-picker", ShowGridPicker)};
 }
 
 } // namespace orvanta::review
