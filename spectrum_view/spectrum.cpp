@@ -11,7 +11,6 @@
 #include "spectrum_view/state/status_texts.h"
 #include "spectrum_view/state/stored_state.h"
 
-#include <QComboBox>
 #include <QLabel>
 
 using namespace orvanta::spectrum_view;
@@ -34,24 +33,67 @@ constinit const owl::TResponseTable Spectrum::__entries = {
     owl::Command<&Spectrum::CmCSA>(kCmCsa),
     owl::Command<&Spectrum::CmHeadView>(kCmHeadView),
     owl::Command<&Spectrum::CmGridView>(kCmGridView),
+    owl::Command<&Spectrum::CmMeasures>(kCmMeasures),
     owl::Command<&Spectrum::CmRecompute>(kCmRecompute),
+    owl::Command<&Spectrum::CmEditOptions>(kCmEditOptions),
     owl::Command<&Spectrum::CmSetCommon>(kCmSetCommon),
+    owl::Command<&Spectrum::CmCopy2ClpBrd>(kCmCopyMeasures),
+    owl::Command<&Spectrum::CmPreviousTrace>(kCmPreviousTrace),
+    owl::Command<&Spectrum::CmNextTrace>(kCmNextTrace),
+    owl::Command<&Spectrum::CmNextSelection>(kCmNextSelection),
+    owl::Command<&Spectrum::CmSaveSpectra>(kCmSaveSpectra),
+    owl::Command<&Spectrum::CmSaveSpectraAndLaunchStat>(kCmSaveAndLaunch),
+    owl::Command<&Spectrum::CmWide>(kCmWide),
+    owl::Command<&Spectrum::CmNarrow>(kCmNarrow),
+    owl::Command<&Spectrum::CmSpectraTable>(kCmSpectraTable),
+    owl::Command<&Spectrum::CmSelectFont>(kCmSelectFont),
     owl::Command<&Spectrum::CmShowPoints>(kCmShowPoints),
     owl::Command<&Spectrum::CmShowLines>(kCmShowLines),
     owl::Command<&Spectrum::CmShowSD>(kCmShowSd),
     owl::Command<&Spectrum::CmShowLabel>(kCmShowLabels),
     owl::Command<&Spectrum::CmShowAxesText>(kCmShowAxesText),
     owl::Command<&Spectrum::CmShowMeasures>(kCmShowMeasures),
+    owl::Command<&Spectrum::CmNormalizeNone>(kCmNormalizeNone),
+    owl::Command<&Spectrum::CmNormalizeByF>(kCmNormalizeByF),
+    owl::Command<&Spectrum::CmNormalizeBySqrtF>(kCmNormalizeBySqrtF),
+    owl::Command<&Spectrum::CmNormalizeByLnF>(kCmNormalizeByLnF),
+    owl::Command<&Spectrum::CmNormalizeByLog10F>(kCmNormalizeByLog10F),
+    owl::Command<&Spectrum::CmNormalizeDb>(kCmNormalizeDb),
     owl::Command<&Spectrum::CmSetEntity>(kCmSetEntity, kCmLastEntity),
-    owl::Command<&Spectrum::CmSaveSpectra>(kCmSaveSpectra),
-    owl::Command<&Spectrum::CmSaveSpectraAndLaunchStat>(kCmSaveAndLaunch),
-    owl::Command<&Spectrum::CmCopy2ClpBrd>(kCmCopyMeasures),
-    owl::Command<&Spectrum::CmMeasures>(kCmMeasures),
-    owl::Command<&Spectrum::CmSpectraTable>(kCmSpectraTable),
-    owl::Message<&Spectrum::EvCbMontage>(kMontageSelector),
-    owl::Message<&Spectrum::EvTable>(kGridPicked),
+    owl::CommandEnabler<&Spectrum::CeCommonScale>(kCmSetCommon),
+    owl::CommandEnabler<&Spectrum::CeNextTrace>(kCmNextTrace),
+    owl::CommandEnabler<&Spectrum::CePreviousTrace>(kCmPreviousTrace),
+    owl::CommandEnabler<&Spectrum::CeNextSelection>(kCmNextSelection),
+    owl::CommandEnabler<&Spectrum::CeWide>(kCmWide),
+    owl::CommandEnabler<&Spectrum::CeNarrow>(kCmNarrow),
+    owl::CommandEnabler<&Spectrum::CeFullOpt>(kCmEditOptions),
+    owl::CommandEnabler<&Spectrum::CeMean>(kCmMean),
+    owl::CommandEnabler<&Spectrum::CeTimeFreq>(kCmTimeFreq),
+    owl::CommandEnabler<&Spectrum::CeCSA>(kCmCsa),
+    owl::CommandEnabler<&Spectrum::CeGridView>(kCmGridView),
+    owl::CommandEnabler<&Spectrum::CeHeadView>(kCmHeadView),
+    owl::CommandEnabler<&Spectrum::CeTable>(kCmSpectraTable),
+    owl::CommandEnabler<&Spectrum::CeShowPoints>(kCmShowPoints),
+    owl::CommandEnabler<&Spectrum::CeShowLines>(kCmShowLines),
+    owl::CommandEnabler<&Spectrum::CeShowSD>(kCmShowSd),
+    owl::CommandEnabler<&Spectrum::CeShowMeasures>(kCmShowMeasures),
+    owl::CommandEnabler<&Spectrum::CeShowAxesText>(kCmShowAxesText),
+    owl::CommandEnabler<&Spectrum::CeShowLabel>(kCmShowLabels),
+    owl::CommandEnabler<&Spectrum::CeNormalizeNone>(kCmNormalizeNone),
+    owl::CommandEnabler<&Spectrum::CeNormalizeDb>(kCmNormalizeDb),
+    owl::CommandEnabler<&Spectrum::CeNormalizeByF>(kCmNormalizeByF),
+    owl::CommandEnabler<&Spectrum::CeNormalizeBySqrtF>(kCmNormalizeBySqrtF),
+    owl::CommandEnabler<&Spectrum::CeNormalizeByLog10F>(kCmNormalizeByLog10F),
+    owl::CommandEnabler<&Spectrum::CeNormalizeByLnF>(kCmNormalizeByLnF),
+    owl::CommandEnabler<&Spectrum::CeSetEntity>(kCmSetEntity, kCmLastEntity),
     owl::On<owl::WindowEvent::Size, &Spectrum::EvSize>(),
     owl::On<owl::WindowEvent::SetFocus, &Spectrum::EvSetFocus>(),
+    owl::On<owl::WindowEvent::KillFocus, &Spectrum::EvKillFocus>(),
+    owl::On<owl::WindowEvent::KeyDown, &Spectrum::EvKeyDown>(),
+    owl::On<owl::WindowEvent::LButtonDblClk, &Spectrum::EvLButtonDblClk>(),
+    owl::On<owl::WindowEvent::MouseWheel, &Spectrum::EvMouseWheel>(),
+    owl::Message<&Spectrum::EvCbMontage>(kMontageSelector),
+    owl::Message<&Spectrum::EvTable>(kGridPicked),
 };
 
 const owl::TResponseEntry* Spectrum::Find(const owl::TEventKey& key) const {
@@ -137,32 +179,6 @@ void Spectrum::UpdateStatusBar() {
     }
 }
 
-void Spectrum::FillMontages() {
-    if (montages_ == nullptr) {
-        return;
-    }
-    montages_->clear();
-    const MontageList& list = *recording_->GetMontageList();
-    for (const auto& montage : list) {
-        montages_->addItem(QString::fromStdString(montage->GetName()));
-    }
-    const std::size_t current = list.GetCurrentIndex();
-    montages_->setCurrentIndex(current < list.Size() ? static_cast<int>(current) : 0);
-}
-
-LPARAM Spectrum::EvCbMontage(WPARAM index, LPARAM /*unused*/) {
-    recording_->ChangeMntg(index, true);
-    state_.firstTrace = 0;
-    CmRecompute();
-    return 0;
-}
-
 void Spectrum::DrawStatusBar() const {
     SetMessageBar(TimeIntervalText(*manager_, GetMessages()));
-}
-
-void Spectrum::EvSetFocus(HWND lost) {
-    TheChild::EvSetFocus(lost);
-    DrawStatusBar();
-    FillMontages();
 }

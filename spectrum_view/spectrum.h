@@ -9,6 +9,8 @@
 #include "spectrum_view/traces/trace_list.h"
 
 #include <array>
+#include <cstdint>
+#include <vector>
 
 class EEGFileInfoType;
 class QComboBox;
@@ -37,6 +39,9 @@ public:
     std::span<const orvanta::spectrum_view::TraceEntry> GetTraces() const;
 
     void SetShowTitle(bool show) { state_.showTitle = show; }
+    /// A panel that the application's side bar has too while the view has the focus. Not owned; null for
+    /// none.
+    void SetExtraPanel(QWidget* panel) { extraPanel_ = panel; }
     /// The epochs of the main analysis; none without it.
     void GetEventList(XTimeList& list) const;
     /// \return the mode until now; 0 when it is the same
@@ -159,6 +164,14 @@ private:
     void SetBipolarList();
     void SetViewCoords();
 
+    /// What the application's side bar has while the view has the focus.
+    std::vector<QWidget*> Panels() const;
+
+    /// The grid starts with this trace.
+    void ShowFrom(std::uint64_t trace);
+    /// Axis ranges of the measured entity.
+    SPECT::Scale& CurrentScale();
+    void ShowZoomed();
     void Toggle(bool orvanta::spectrum_view::DisplaySettings::*flag);
     void Normalize(SPECT::Normalisation normalisation);
     void CheckEntityItems();
@@ -168,6 +181,7 @@ private:
     EEGFileInfoType* recording_;
     SpectraMgr* manager_;
     bool flag_;
+    bool asking_ = false; ///< for the settings of a new analysis
     orvanta::spectrum_view::ViewState state_;
     orvanta::spectrum_view::TraceList traces_;
     orvanta::spectrum_view::OverTimePlots overTime_;
@@ -175,5 +189,6 @@ private:
     QPointer<TTableWnd> picker_;
     QPointer<TSideBarFormBase> sideBar_; ///< and its panels; null before the first focus
     QPointer<TFormListener> spectraPanel_, regressionPanel_;
+    QPointer<QWidget> extraPanel_;
     std::array<QLabel*, 3> status_{}; ///< entity, horizontal and vertical unit; null before set-up
 };

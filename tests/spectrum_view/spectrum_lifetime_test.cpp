@@ -204,14 +204,43 @@ protected:
 };
 
 TEST_F(DrawnAgain, AfterEveryCommandThatChangesWhatIsShown) {
-    for (const unsigned id : {kCmCsa, kCmTimeFreq, kCmMean, kCmHeadView, kCmGridView, kCmRecompute,
-                              kCmSetCommon, kCmSetEntity + 1, kCmSetEntity + 2, kCmShowPoints, kCmShowLines,
-                              kCmShowSd, kCmShowLabels, kCmShowAxesText, kCmShowMeasures}) {
+    for (const unsigned id : {kCmCsa,
+                              kCmTimeFreq,
+                              kCmMean,
+                              kCmHeadView,
+                              kCmGridView,
+                              kCmRecompute,
+                              kCmSetCommon,
+                              kCmSetEntity + 1,
+                              kCmSetEntity + 2,
+                              kCmShowPoints,
+                              kCmShowLines,
+                              kCmShowSd,
+                              kCmShowLabels,
+                              kCmShowAxesText,
+                              kCmShowMeasures,
+                              kCmNarrow,
+                              kCmWide,
+                              kCmNormalizeNone,
+                              kCmNormalizeByF,
+                              kCmNormalizeBySqrtF,
+                              kCmNormalizeByLnF,
+                              kCmNormalizeByLog10F,
+                              kCmNormalizeDb,
+                              kCmNextSelection}) {
         EXPECT_EQ(DrawsAfter([&] { view->RunCommand(id); }), 1) << id;
     }
     EXPECT_EQ(DrawsAfter([this] { view->SendMessage(kGridPicked, 2U << 16U | 3U); }), 1);
     EXPECT_EQ(DrawsAfter([this] { view->SendMessage(kMontageSelector, 1); }), 1);
     EXPECT_EQ(DrawsAfter([this] { view->Panes().resize(400, 300); }), 1);
+}
+
+TEST_F(DrawnAgain, ForEveryPageOfTheGrid) {
+    view->SendMessage(kGridPicked, 2U << 16U | 2U);
+    for (const unsigned id : {kCmNextTrace, kCmPreviousTrace}) {
+        EXPECT_EQ(DrawsAfter([&] { view->RunCommand(id); }), 1) << id;
+        EXPECT_EQ(DrawsAfter([&] { view->RunCommand(id); }), 0) << id; // the last, the first page
+    }
 }
 
 TEST_F(DrawnAgain, NotForTheSameModeNorForMeasuresThatAreCopiedOrChosen) {

@@ -57,6 +57,7 @@ TEST_F(MeasuresOfView, PickedGridIsLaidOutAndTheFirstTraceStays) {
 }
 
 TEST_F(MeasuresOfView, PickerIsOneAtATime) {
+    Add();
     Show();
     view->CmSpectraTable();
     const QPointer<TTableWnd> first(view->findChild<TTableWnd*>());

@@ -225,20 +225,4 @@ TEST_F(SetUpView, CutsALongTextOfTheMessageBar) {
     view.reset();
 }
 
-TEST_F(SetUpView, OffersTheMontagesOnFocusAndUsesTheChosenOne) {
-    Add();
-    Open();
-    view->Dispatch({{owl::EventKind::Window, static_cast<unsigned>(owl::WindowEvent::SetFocus)},
-                    owl::FocusArgs{nullptr}});
-    const auto* montages = view->GetToolBar().findChild<QComboBox*>();
-    const MontageList& list = *recording->GetMontageList();
-    ASSERT_EQ(montages->count(), static_cast<int>(list.Size()));
-    EXPECT_EQ(montages->itemText(1).toStdString(), list.Get(1)->GetName());
-    EXPECT_EQ(montages->currentIndex(), static_cast<int>(list.GetCurrentIndex()));
-    view->SendMessage(kMontageSelector, 1);
-    EXPECT_EQ(list.GetCurrentIndex(), 1u);
-    EXPECT_EQ(recording->GetTraceInfo()->GetMtg(), *list.Get(1));
-    EXPECT_THAT(window.platform.gui.Progresses(), ElementsAre("Computing Spectra..."));
-}
-
 } // namespace

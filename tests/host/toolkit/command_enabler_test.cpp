@@ -3,10 +3,9 @@
 
 #include "host/toolkit/idle_enablers.h"
 #include "host/toolkit/response_table.h"
+#include "tests/support/qt/idle.h"
 
 #include <QAction>
-#include <QEventLoop>
-#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -66,13 +65,6 @@ Item After(unsigned id, bool state, const Item& before) {
     return {action.isEnabled(), action.isChecked(), action.text()};
 }
 
-/// Lets the event loop run out of work and wait.
-void WaitUntilIdle() {
-    QEventLoop loop;
-    QTimer::singleShot(1, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 TEST(CommandEnabler, RemembersOnlyWhatWasSaid) {
     owl::TCommandEnabler enabler(14426);
     EXPECT_EQ(enabler.GetId(), 14426U);
@@ -122,10 +114,10 @@ TEST(IdleEnablers, RunWhenNothingIsLeftToDo) {
     owl::IdleEnablers idle(view);
     idle.Add(kEnablesOnly, button);
     EXPECT_EQ(view.runs, 0);
-    WaitUntilIdle();
+    orvanta::test::WaitUntilIdle();
     EXPECT_FALSE(button.isEnabled());
     view.state = true;
-    WaitUntilIdle();
+    orvanta::test::WaitUntilIdle();
     EXPECT_TRUE(button.isEnabled());
 }
 
@@ -136,7 +128,7 @@ TEST(IdleEnablers, ForgetAButtonThatIsGone) {
         QToolButton button;
         idle.Add(kEnablesOnly, button);
     }
-    WaitUntilIdle();
+    orvanta::test::WaitUntilIdle();
     EXPECT_EQ(view.runs, 0);
 }
 
