@@ -98,6 +98,7 @@ void Spectrum::CmNewSpectrum() {
     }
     if (alive && IsCreated()) {
         Invalidate();
+        NotifyPanels();
         SetFocus();
     }
 }
@@ -115,6 +116,7 @@ void Spectrum::CmEditOptions() {
                             kEdit);
     if (form.ShowModal() == owl::kIdOk) {
         CmRecompute();
+        NotifyPanels();
     }
     SetFocus();
 }

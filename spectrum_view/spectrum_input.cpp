@@ -3,6 +3,7 @@
 #include "host/chart_view/side_bar_manager.h"
 #include "host/toolkit/services.h"
 #include "side_bar/form_listener.h"
+#include "side_bar/side_bar_form.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/spectrum.h"
@@ -80,6 +81,7 @@ LPARAM Spectrum::EvCbMontage(WPARAM index, LPARAM /*unused*/) {
     recording_->ChangeMntg(selected >= 0 ? static_cast<std::size_t>(selected) : index, true);
     state_.firstTrace = 0;
     CmRecompute();
+    NotifyPanels();
     return 0;
 }
 
@@ -122,6 +124,9 @@ void Spectrum::EvSetFocus(HWND lost) {
         SetFocus();
     }
     FillMontages();
+    if (sideBar_ == nullptr) {
+        CreateSideBar();
+    }
 }
 
 void Spectrum::EvKillFocus(HWND gets) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Keys, wheel and mouse as they come from Qt, the montage box, and the focus.
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/side_bar_form.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
@@ -307,6 +308,18 @@ TEST_F(Focus, TellsTheSideBarOfTheApplication) {
     EXPECT_EQ(window.sideBar.calls,
               (std::vector<std::string>{"add true false", "update", "remove", "update"}));
     view->SetExtraPanel(nullptr);
+}
+
+TEST_F(Focus, MakesTheSideBarWhenItComesFirst) {
+    Add();
+    Open();
+    EXPECT_EQ(view->Panes().count(), 1);
+    GiveFocus();
+    ASSERT_EQ(view->Panes().count(), 2);
+    EXPECT_NE(dynamic_cast<TSideBarFormBase*>(view->Panes().widget(0)), nullptr);
+    TakeFocus();
+    GiveFocus();
+    EXPECT_EQ(view->Panes().count(), 2);
 }
 
 TEST_F(Focus, AsksForAnAnalysisUntilThereIsOne) {

@@ -50,7 +50,15 @@ protected:
         window.show();
         view->Panes().show();
         RunQueue();
+        HideSideBar(); // which comes with the focus
+        RunQueue();
         return *view;
+    }
+    /// Leaves the view all of its splitter.
+    void HideSideBar() {
+        for (int i = 0; i < view->Panes().count(); ++i) {
+            view->Panes().widget(i)->setVisible(view->Panes().widget(i) == view.get());
+        }
     }
     static void RunQueue() {
         QApplication::processEvents();
