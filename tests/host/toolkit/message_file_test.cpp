@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Message files as they come from editors and translators.
 #include "host/toolkit/message_module.h"
+#include "tests/support/qt/kept_log.h"
 #include "tests/support/temp_folder.h"
 
 #include <QLocale>
@@ -11,25 +12,6 @@
 namespace {
 
 using namespace std::string_literals;
-
-std::string lastWarning;
-
-/// Keeps Qt's warnings instead of letting them fail the test.
-class KeptWarnings {
-public:
-    KeptWarnings() {
-        lastWarning.clear();
-        previous_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-            lastWarning = text.toStdString();
-        });
-    }
-    ~KeptWarnings() { qInstallMessageHandler(previous_); }
-    KeptWarnings(const KeptWarnings&) = delete;
-    KeptWarnings& operator=(const KeptWarnings&) = delete;
-
-private:
-    QtMessageHandler previous_;
-};
 
 class MessageFile : public testing::Test {
 protected:
@@ -65,23 +47,23 @@ TEST_F(MessageFile, KeepsWhatStandsInQuotes) {
 
 TEST_F(MessageFile, ThatIsBrokenGivesItsOtherTextsAndAWarningWithItsName) {
     const PModule module = ModuleWith("[M\na=\"eins\"\n[N]\nb=\"zwei\"\n");
-    const KeptWarnings warnings;
+    const orvanta::test::KeptLog log;
     EXPECT_EQ(module.GetMsg2("N", "b"), "zwei");
-    EXPECT_NE(lastWarning.find(folder_.Path("messages/Orvanta.de.ini")), std::string::npos) << lastWarning;
+    EXPECT_NE(log.Last().find(folder_.Path("messages/Orvanta.de.ini")), std::string::npos) << log.Last();
 }
 
 TEST_F(MessageFile, ThatIsAFolderGivesNoTexts) {
     folder_.Write("messages/Orvanta.de.ini/file", "");
     folder_.Write("messages/Orvanta.en.ini", "[M]\na=\"one\"\n");
     const PModule module("Orvanta", nullptr, folder_.Path("messages"));
-    const KeptWarnings warnings;
+    const orvanta::test::KeptLog log;
     EXPECT_EQ(module.GetMsg2("M", "a"), "one");
 }
 
 TEST_F(MessageFile, OfBytesThatAreNoTextHarmsNothing) {
     const std::string bytes = "[M]\na=\"\xFF\xFE\"\n[\0\x01\n=\n;\n"s;
     const PModule module = ModuleWith(bytes + std::string(100000, '['));
-    const KeptWarnings warnings;
+    const orvanta::test::KeptLog log;
     EXPECT_EQ(module.GetMsg2("M", "b"), "");
 }
 

@@ -3,8 +3,10 @@
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTreeWidget>
@@ -72,6 +74,9 @@ protected:
         };
         add("button", button_);
         add("edit", new QLineEdit);
+        add("memo", new QPlainTextEdit);
+        add("box", box_);
+        box_->setEditable(true);
         add("spinner", new QSpinBox);
         add("list", list_);
         list_->addTopLevelItem(new QTreeWidgetItem(QStringList{"alpha"}));
@@ -80,13 +85,14 @@ protected:
 
     QWidget form_;
     QPushButton* button_ = new QPushButton("&Save");
+    QComboBox* box_ = new QComboBox;
     QTreeWidget* list_ = new QTreeWidget;
     FormUser user_{form_};
 };
 
 TEST_F(FormUserTest, FailsOnAControlThatIsNotThere) {
     EXPECT_NONFATAL_FAILURE(user_.Clicks("absent"), "no control absent");
-    EXPECT_NONFATAL_FAILURE(user_.Types("button", "x"), "no control button");
+    EXPECT_NONFATAL_FAILURE(user_.Types("absent", "x"), "no control absent");
     EXPECT_NONFATAL_FAILURE(user_.TextOf("absent"), "no control absent");
 }
 
@@ -105,9 +111,22 @@ TEST_F(FormUserTest, FailsOnAControlThatTheUserCannotUse) {
 }
 
 TEST_F(FormUserTest, FailsOnWhatAControlDoesNotTake) {
+    EXPECT_NONFATAL_FAILURE(user_.Types("button", "x"), "button takes no text");
     EXPECT_NONFATAL_FAILURE(user_.SetsNumber("spinner", 1000), "spinner does not take the number");
     EXPECT_NONFATAL_FAILURE(user_.SelectsRows("list", {"alpha", "beta"}), "no row beta in list");
     EXPECT_EQ(user_.SelectedRowsOf("list"), QStringList("alpha"));
+}
+
+TEST_F(FormUserTest, TypesOverWhatWasThere) {
+    for (const char* control : {"edit", "memo", "box"}) {
+        user_.Types(control, "earlier");
+        user_.Types(control, "Größe, µV");
+        EXPECT_EQ(user_.TextOf(control), "Größe, µV");
+        user_.Types(control, "");
+        EXPECT_EQ(user_.TextOf(control), "");
+    }
+    user_.Types("memo", "two\nlines");
+    EXPECT_EQ(user_.TextOf("memo"), "two\nlines");
 }
 
 TEST_F(FormUserTest, ReadsTextsWithoutMnemonics) {

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QItemSelection>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -76,20 +77,25 @@ void FormUser::DoubleClicksRow(const char* list, int row) const {
 }
 
 void FormUser::Types(const char* edit, const QString& text) const {
-    if (auto* control = Usable<QWidget>(form_, edit)) {
-        if (const auto* box = qobject_cast<const QComboBox*>(control)) {
-            control = box->lineEdit();
-            ASSERT_NE(control, nullptr) << edit << " takes no text";
-        }
-        control->setFocus();
-        QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
-        if (text.isEmpty()) {
-            QTest::keyClick(control, Qt::Key_Delete);
-        } else {
-            for (const QChar character : text) {
-                PressKeyOf(character, *control);
-            }
-        }
+    auto* control = Usable<QWidget>(form_, edit);
+    if (control == nullptr) {
+        return;
+    }
+    if (const auto* box = qobject_cast<const QComboBox*>(control)) {
+        control = box->lineEdit();
+    }
+    if (qobject_cast<const QLineEdit*>(control) == nullptr &&
+        qobject_cast<const QPlainTextEdit*>(control) == nullptr) {
+        ADD_FAILURE() << edit << " takes no text";
+        return;
+    }
+    control->setFocus();
+    QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty()) {
+        QTest::keyClick(control, Qt::Key_Delete);
+    }
+    for (const QChar character : text) {
+        PressKeyOf(character, *control);
     }
 }
 

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/qt/kept_log.h"
+
+#include <QString>
+
+namespace orvanta::test {
+
+namespace {
+
+std::vector<std::string> lines;
+QtMessageHandler earlier = nullptr;
+
+void Keep(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+    lines.push_back(text.toStdString());
+}
+
+} // namespace
+
+KeptLog::KeptLog() {
+    lines.clear();
+    earlier = qInstallMessageHandler(Keep);
+}
+
+KeptLog::~KeptLog() {
+    qInstallMessageHandler(earlier);
+}
+
+const std::vector<std::string>& KeptLog::Lines() const {
+    return lines;
+}
+
+} // namespace orvanta::test
