@@ -94,11 +94,11 @@ CommentsHistory LoadHistory(const std::string& file) {
     return HistoryOf(document);
 }
 
-void SaveHistory(const std::string& file, const CommentsHistory& shown, const CommentsHistory& loaded) {
-    constexpr int kPatienceMs = 2000; // a save takes some milliseconds
+void SaveHistory(const std::string& file, const CommentsHistory& shown, const CommentsHistory& loaded,
+                 std::chrono::milliseconds patience) {
     const QString name = QString::fromStdString(file);
     QLockFile lock(name + ".lock");
-    if (!lock.tryLock(kPatienceMs)) {
+    if (!lock.tryLock(static_cast<int>(patience.count()))) {
         qInfo("%s: the protocol names are not saved: the file cannot be locked", file.c_str());
         return;
     }

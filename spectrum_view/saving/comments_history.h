@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,7 +42,9 @@ CommentsHistory LoadHistory(const std::string& file);
 
 /// Replaces the file as a whole by what is shown. Names are never removed by a user, so those that another
 /// program added since \p loaded was read stay; programs that save at once do so one after the other. A
-/// failure leaves the file as it was and is logged.
-void SaveHistory(const std::string& file, const CommentsHistory& shown, const CommentsHistory& loaded);
+/// failure leaves the file as it was and is logged; so does another program that saves for longer than
+/// \p patience, a few hundred saves.
+void SaveHistory(const std::string& file, const CommentsHistory& shown, const CommentsHistory& loaded,
+                 std::chrono::milliseconds patience = std::chrono::seconds(5));
 
 } // namespace orvanta::spectrum_view

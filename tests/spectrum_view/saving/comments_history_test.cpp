@@ -2,6 +2,7 @@
 #include "spectrum_view/saving/comments_history.h"
 
 #include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/kept_log.h"
 #include "tests/support/temp_folder.h"
 
 #include <QLockFile>
@@ -10,8 +11,10 @@
 
 #include <barrier>
 #include <filesystem>
-#include <fstream>
 #include <thread>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -141,7 +144,7 @@ TEST_F(CommentsHistoryOnDisk, LosesNoNameOfProgramsThatSaveOneAfterTheOther) {
 
 TEST_F(CommentsHistoryOnDisk, LosesNoNameOfProgramsThatSaveAtOnce) {
     constexpr int kPrograms = 4;
-    constexpr int kSaves = 10;
+    constexpr int kSaves = 5;
     std::barrier start(kPrograms);
     std::vector<std::thread> programs;
     for (int program = 0; program < kPrograms; ++program) {
@@ -168,15 +171,33 @@ TEST_F(CommentsHistoryOnDisk, IsLeftAloneWhileAnotherHoldsIt) {
     Save("Mine");
     QLockFile other(QString::fromStdString(file + ".lock"));
     ASSERT_TRUE(other.tryLock());
-    Save("Late");
+    const test::KeptLog log;
+    SaveHistory(file, First({}, "Late"), {}, std::chrono::milliseconds(50));
+    EXPECT_EQ(LoadHistory(file), First({"Mine"}, "Mine"));
+    EXPECT_EQ(log.Last(), file + ": the protocol names are not saved: the file cannot be locked");
+}
+
+TEST_F(CommentsHistoryOnDisk, IsNotHeldByAProgramThatDied) {
+    const pid_t other = ::fork();
+    if (other == 0) {
+        ::_exit(QLockFile(QString::fromStdString(file + ".lock")).tryLock() ? 0 : 1); // never unlocked
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(other, &status, 0), other);
+    ASSERT_EQ(status, 0);
+    Save("Mine");
     EXPECT_EQ(LoadHistory(file), First({"Mine"}, "Mine"));
 }
 
 TEST_F(CommentsHistoryOnDisk, IsLostWhereNothingCanBeWritten) {
-    SaveHistory(folder.Path("missing/spectra.xml"), First({}, "Sleep"), {});
-    SaveHistory("/proc/spectra.xml", First({}, "Sleep"), {});
     std::filesystem::create_directory(file); // a folder of that name
-    Save("Sleep");
+    const test::KeptLog log;
+    for (const std::string& place :
+         {folder.Path("missing/spectra.xml"), std::string("/proc/spectra.xml"), file}) {
+        SaveHistory(place, First({}, "Sleep"), {});
+        EXPECT_THAT(log.Last(), testing::StartsWith(place + ": the protocol names are not saved: "));
+    }
+    EXPECT_THAT(log.Lines(), testing::SizeIs(3));
     EXPECT_TRUE(std::filesystem::is_directory(file));
     EXPECT_THAT(Files(), ElementsAre("spectra.xml"));
 }

@@ -3,6 +3,7 @@
 
 #include "tests/support/qt/fake_global_window.h"
 #include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/kept_log.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,9 @@ TEST_F(SavingFolder, KeepsWhatItHolds) {
 TEST_F(SavingFolder, ThatCannotBeMadeIsStillTheFolder) {
     Set(place.Path("spectra"));
     services.files.Fail(place.Path("spectra/"), EROFS);
+    const test::KeptLog log;
     EXPECT_EQ(PrepareSaveFolder(platform), place.Path("spectra/"));
+    EXPECT_EQ(log.Last(), place.Path("spectra/") + ": cannot be made: Read-only file system");
     EXPECT_FALSE(std::filesystem::exists(place.Path("spectra")));
 }
 

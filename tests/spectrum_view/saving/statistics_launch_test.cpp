@@ -3,6 +3,7 @@
 
 #include "tests/support/qt/fake_global_window.h"
 #include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/kept_log.h"
 #include "tests/support/temp_folder.h"
 
 #include <QTest>
@@ -73,8 +74,10 @@ TEST_F(StatisticsLaunch, StaysSilentWhenTheProgramDoesNotStart) {
     test::FakeServices services;
     services.processes.Succeed(false);
     Use(program);
+    const test::KeptLog log;
     Launch();
     EXPECT_EQ(services.processes.Launched().size(), 1u);
+    EXPECT_THAT(log.Lines(), ElementsAre(program + ": could not be started on " + file));
     EXPECT_THAT(platform.gui.Errors(), IsEmpty());
     EXPECT_THAT(platform.gui.Warnings(), IsEmpty());
 }
@@ -117,8 +120,9 @@ TEST_F(RealStatistics, GetThePathWithEverythingTheShellWouldUse) {
 
 TEST_F(RealStatistics, ThatAreNoProgramAreNotStarted) {
     Use(program); // not executable
+    const test::KeptLog log;
     Launch();
-    EXPECT_THAT(platform.gui.Errors(), IsEmpty());
+    EXPECT_THAT(log.Lines(), ElementsAre(program + ": could not be started on " + file));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/gui.h"
 
+#include "tests/support/qt/kept_log.h"
 #include "tests/support/qt/scripted_user.h"
 
 #include <QTest>
@@ -20,6 +21,15 @@ TEST(Gui, ShowsAnErrorInAMessageBoxWithStopIcon) {
     Gui().ShowError("night.edf: damaged");
     EXPECT_THAT(user.Messages(),
                 ElementsAre(ScriptedUser::Message{nullptr, "night.edf: damaged", "Error", 16}));
+}
+
+TEST(Gui, LogsWhatItsBoxesTell) {
+    ScriptedUser user;
+    user.AnswersMessage(owl::kIdOk).AnswersMessage(owl::kIdOk);
+    const orvanta::test::KeptLog log;
+    Gui().ShowError("night.edf: 100 % damaged");
+    Gui().ShowWarning("No events");
+    EXPECT_THAT(log.Lines(), ElementsAre("night.edf: 100 % damaged", "No events"));
 }
 
 TEST(Gui, ShowsAWarningInAMessageBoxWithExclamationIcon) {
