@@ -69,7 +69,7 @@ struct Corner {
     float x, y;
     float depth; ///< larger is nearer
     float light, shine;
-    float value; ///< on a scale from 0 to 255
+    float value; ///< on a scale from 0.5 to 255.5, so that its whole part is the number of a colour
     float cover; ///< above 0 where values are shown
 };
 
@@ -100,7 +100,7 @@ std::vector<Corner> CornersOf(const HeadScene& scene, int size, bool inside) {
         corner.shine = inside ? 0.0F : static_cast<float>(kShine * std::pow(facing, kSharpness));
         const bool known = i < scene.values.size() && i < scene.covers.size();
         const double share = span > 0 && known ? (scene.values[i] - scene.low) / span : 0.5;
-        corner.value = static_cast<float>(std::clamp(share, 0.0, 1.0) * (kPaletteColors - 1));
+        corner.value = static_cast<float>(std::clamp(share, 0.0, 1.0) * (kPaletteColors - 1) + 0.5);
         corner.cover = known ? scene.covers[i] : 0.0F;
     }
     return corners;
@@ -156,10 +156,9 @@ private:
                                        static_cast<std::size_t>(x);
                 if (depth > depths_[at]) {
                     depths_[at] = depth;
-                    const owl::TColor color =
-                        mixed(&Corner::cover) > 0
-                            ? colors_[static_cast<std::size_t>(mixed(&Corner::value) + 0.5F)]
-                            : kSkin;
+                    const owl::TColor color = mixed(&Corner::cover) > 0
+                                                  ? colors_[static_cast<std::size_t>(mixed(&Corner::value))]
+                                                  : kSkin;
                     pixels_[at] = Lit(color, mixed(&Corner::light), mixed(&Corner::shine));
                 }
             }
