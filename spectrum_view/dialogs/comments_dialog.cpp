@@ -56,10 +56,11 @@ void SpectralCommentsDlg::LimitTexts() {
     auto* limit = findChild<QLabel*>("limit");
     auto* comment = Item<QPlainTextEdit>(kComment);
     if (limit != nullptr && comment != nullptr) {
-        limit->hide();
-        OnTextChange(kComment, [limit, comment] {
+        const auto tell = [limit, comment] {
             limit->setVisible(comment->toPlainText().size() > kMostCharacters);
-        });
+        };
+        tell();
+        OnTextChange(kComment, tell);
     }
 }
 
