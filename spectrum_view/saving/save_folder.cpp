@@ -21,7 +21,7 @@ std::string SaveFolder(const GenericPlatform& platform) {
 }
 
 std::string PrepareSaveFolder(const GenericPlatform& platform) {
-    const std::string folder = SaveFolder(platform);
+    std::string folder = SaveFolder(platform);
     const int error = folder.empty() ? 0 : owl::CurrentServices().files->MakeFolders(folder);
     if (error != 0) {
         qInfo("%s: cannot be made: %s", folder.c_str(), std::generic_category().message(error).c_str());
