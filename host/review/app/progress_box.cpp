@@ -11,6 +11,7 @@
 #include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
+#include <QWindow>
 
 #include <algorithm>
 #include <limits>
@@ -34,8 +35,8 @@ QString CancelText() {
 
 } // namespace
 
-ProgressBox::ProgressBox(const std::string& text, QWidget* parent)
-    : window_(QString(), CancelText(), 0, kSteps, parent), started_(Now()), served_(started_) {
+ProgressBox::ProgressBox(const std::string& text, QWidget* over)
+    : window_(QString(), CancelText(), 0, kSteps), over_(over), started_(Now()), served_(started_) {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -51,6 +52,16 @@ ProgressBox::ProgressBox(const std::string& text, QWidget* parent)
     SetText(text);
 }
 
+void ProgressBox::Show() {
+    if (over_) {
+        window_.winId(); // makes the window of the screen
+        window_.windowHandle()->setTransientParent(over_->window()->windowHandle());
+        window_.adjustSize();
+        window_.move(over_->window()->frameGeometry().center() - window_.rect().center());
+    }
+    window_.show();
+}
+
 void ProgressBox::SetText(const std::string& text) {
     window_.setLabelText(QString::fromStdString(text));
 }
@@ -60,7 +71,7 @@ void ProgressBox::SetPosition(double fraction) {
     window_.setValue(static_cast<int>(share * kSteps));
     const std::int64_t now = Now();
     if (!window_.isVisible() && !window_.wasCanceled() && now - started_ >= kShownAfter) {
-        window_.show();
+        Show();
     }
     if (now - served_ >= kServedEvery) {
         served_ = now;

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -95,6 +96,48 @@ TEST_F(Progress, IsCancelledByEscape) {
     WorkLasts(box, 300);
     QTest::keyClick(&box.Window(), Qt::Key_Escape);
     EXPECT_TRUE(box.IsCancelled());
+}
+
+TEST_F(Progress, StandsOverItsWindow) {
+    QWidget below;
+    below.setGeometry(150, 100, 500, 300);
+    below.show();
+    ProgressBox box("x", &below);
+    WorkLasts(box, 300);
+    EXPECT_EQ(box.Window().windowHandle()->transientParent(), below.windowHandle());
+    const QPoint apart = box.Window().frameGeometry().center() - below.frameGeometry().center();
+    EXPECT_LE(apart.manhattanLength(), 40); // frames of the window manager
+}
+
+TEST_F(Progress, GoesOnWhenItsWindowIsDeletedMeanwhile) {
+    auto below = std::make_unique<QWidget>();
+    below->show();
+    ProgressBox box("x", below.get());
+    WorkLasts(box, 300);
+    QTimer::singleShot(0, qApp, [&below] { below.reset(); });
+    WorkLasts(box, 100, 0.6);
+    ASSERT_EQ(below, nullptr);
+    EXPECT_TRUE(box.Window().isVisible());
+    WorkLasts(box, 100, 0.75);
+    EXPECT_EQ(box.Window().value(), 750);
+    EXPECT_FALSE(box.IsCancelled());
+}
+
+TEST_F(Progress, DoesWithoutAWindowThatWentBeforeItCameUp) {
+    auto below = std::make_unique<QWidget>();
+    ProgressBox box("x", below.get());
+    below.reset();
+    WorkLasts(box, 300);
+    EXPECT_TRUE(box.Window().isVisible());
+}
+
+TEST_F(Progress, GrowsWithALongerText) {
+    ProgressBox box("Saving spectra: 1 of 60: a", nullptr);
+    WorkLasts(box, 300);
+    box.SetText("Saving spectra: 2 of 60: Eyes closed_Anna Meyer_Rectangular_1_50_0001234_rec.edf.xml");
+    WorkLasts(box, 300);
+    EXPECT_GE(box.Window().findChild<QLabel*>()->width(),
+              box.Window().findChild<QLabel*>()->sizeHint().width());
 }
 
 TEST_F(Progress, LetsOtherWindowsLiveWhileTheWorkIsYoung) {
