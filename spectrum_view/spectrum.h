@@ -25,6 +25,11 @@ namespace owl {
 class TCommandEnabler;
 }
 
+namespace orvanta::spectrum_view {
+struct BatchRun;
+struct BatchStep;
+} // namespace orvanta::spectrum_view
+
 /// Shows one plot per trace of the main analysis, and of the secondary one for comparison, in a grid or on
 /// the scalp. Neither the recording nor the manager is owned; both must outlive the view. GUI thread.
 class ORVANTA_API Spectrum : public TheChild {
@@ -159,6 +164,9 @@ private:
     void NotifyPanels();
     /// What the key saves while Ctrl and Shift are held: spectra under many settings, one file each.
     void SaveBatch(unsigned key);
+    /// Ends early, as the batch, when the user cancels or the view goes.
+    void TakeSteps(const std::vector<orvanta::spectrum_view::BatchStep>& steps, const std::string& folder);
+    void SaveBatchFile(const std::string& folder);
 
     void SetCephalicList();
     void SetBipolarList();
@@ -185,7 +193,8 @@ private:
     orvanta::spectrum_view::ViewState state_;
     orvanta::spectrum_view::TraceList traces_;
     orvanta::spectrum_view::OverTimePlots overTime_;
-    QComboBox* montages_ = nullptr; ///< owned by the tool bar, as the texts
+    QComboBox* montages_ = nullptr;                     ///< owned by the tool bar, as the texts
+    orvanta::spectrum_view::BatchRun* batch_ = nullptr; ///< while files are being saved; of SaveBatch
     QPointer<TTableWnd> picker_;
     QPointer<TSideBarFormBase> sideBar_; ///< and its panels; null before the first focus
     QPointer<TFormListener> spectraPanel_, regressionPanel_;

@@ -34,6 +34,7 @@ void Spectrum::EvKeyDown(unsigned key, unsigned repeat, unsigned flags) {
     }
     const owl::KeyState& keys = *owl::CurrentServices().keys;
     if (keys.IsDown(owl::kVkControl) && keys.IsDown(owl::kVkShift)) {
+        SaveBatch(key);
         return;
     }
     if (key == kVkDown) {

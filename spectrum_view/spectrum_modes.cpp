@@ -4,6 +4,7 @@
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/command_ids.h"
+#include "spectrum_view/saving/batch_run.h"
 #include "spectrum_view/spectrum.h"
 #include "spectrum_view/state/montage_choice.h"
 
@@ -35,7 +36,11 @@ int Spectrum::ChangeViewMode(Layout::Mode mode) {
         return 0;
     }
     state_.layout = mode;
+    const QPointer<Spectrum> alive(this);
     AdjustSpectraOptions();
+    if (!alive) {
+        return static_cast<int>(earlier);
+    }
     UpdateStatusBar();
     state_.firstTrace = 0;
     if (mode == Layout::Mode::Scalp) {
@@ -73,25 +78,37 @@ void Spectrum::CheckAndRecompute(bool quiet) {
     SPECT::FrequencyRange& range = Display().range;
     range = SPECT::ClampFrequencyRange(range.bottom, range.top, LoadedRate());
     const MontageType& montage = recording_->GetTraceInfo()->GetMtg();
+    const QPointer<Spectrum> alive(this);
     if (main->IsRecomputingNeeded(montage, events, range.top)) {
+        // A batch has one display for all of its files.
+        const bool own = !quiet && batch_ == nullptr;
         try {
             const std::unique_ptr<GenericProgress> progress(
-                quiet ? nullptr
-                      : GW().GetPlatform()->CreateProgress("Computing Spectra...", MSWindow(GetHandle())));
-            manager_->ReComputeFFT(recording_, range.top, events, progress.get());
+                own ? GW().GetPlatform()->CreateProgress("Computing Spectra...", MSWindow(GetHandle()))
+                    : nullptr);
+            manager_->ReComputeFFT(recording_, range.top, events,
+                                   batch_ != nullptr ? batch_->progress.Computation() : progress.get());
         } catch (const std::exception& failure) {
             qInfo("%s", failure.what()); // the view shows what there is
+            if (alive && batch_ != nullptr && !main->IsComputed()) {
+                batch_->failures.NotComputed(failure.what());
+            }
         }
     }
-    SetFocus();
+    if (alive) { // it may go while the progress is shown
+        SetFocus();
+    }
 }
 
 void Spectrum::CmRecompute() {
     if (SpectMacroResult* main = manager_->GetMain()) {
         main->ResetData();
     }
+    const QPointer<Spectrum> alive(this);
     CheckAndRecompute(GW().IsQuiet());
-    Invalidate();
+    if (alive) {
+        Invalidate();
+    }
 }
 
 void Spectrum::CmSetCommon() {
@@ -107,7 +124,11 @@ void Spectrum::CmSetEntity(unsigned id) {
         return;
     }
     manager_->SetMeasEntity(entity);
+    const QPointer<Spectrum> alive(this);
     AdjustSpectraOptions();
+    if (!alive) {
+        return;
+    }
     if (entity == SPECT::Entity::Type::Coherence || entity == SPECT::Entity::Type::Phase) {
         ChangeDataMode(SPECT::Data::Mode::Mean);
         CmSetCommon();

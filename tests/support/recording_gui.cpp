@@ -3,27 +3,35 @@
 
 namespace orvanta::test {
 
-namespace {
-
-class SilentProgress final : public GenericProgress {
+class RecordingGui::Progress final : public GenericProgress {
 public:
-    explicit SilentProgress(const bool& cancelled) : cancelled_(cancelled) {}
-    void SetText(const std::string& /*text*/) override {}
-    void SetPosition(double /*fraction*/) override {}
-    bool IsCancelled() const override { return cancelled_; }
+    explicit Progress(const RecordingGui& gui) : gui_(gui) {}
+    void SetText(const std::string& text) override {
+        gui_.texts_.push_back(text);
+        if (gui_.OnText) {
+            gui_.OnText(text);
+        }
+    }
+    void SetPosition(double fraction) override {
+        gui_.positions_.push_back(fraction);
+        if (gui_.OnPosition) {
+            gui_.OnPosition();
+        }
+    }
+    bool IsCancelled() const override { return gui_.Cancelled; }
 
 private:
-    const bool& cancelled_;
+    const RecordingGui& gui_;
 };
-
-} // namespace
 
 std::unique_ptr<GenericProgress> RecordingGui::CreateProgress(const std::string& text) const {
     progresses_.push_back(text);
     if (OnProgress) {
         OnProgress();
     }
-    return std::make_unique<SilentProgress>(Cancelled);
+    auto progress = std::make_unique<Progress>(*this);
+    progress->SetText(text);
+    return progress;
 }
 
 } // namespace orvanta::test
