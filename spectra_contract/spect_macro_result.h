@@ -3,6 +3,7 @@
 #pragma once
 
 #include "spectra_contract/montage.h"
+#include "spectra_contract/sensor.h"
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectrum.h"
 #include "spectra_contract/time.h"
@@ -123,6 +124,8 @@ public:
     /// Mean spectra of all EEG sensors in recording order; empty before computing. Other signals have other
     /// rates and units, and no spectra.
     const SensorMap& GetSensorMap() const;
+    /// The EEG sensors in recording order, of the computed data; before computing, the recording's.
+    SensorList GetSensors() const;
     /// Changes with every reset and computation.
     std::uint64_t GetGeneration() const;
 

@@ -25,10 +25,14 @@ public:
     /// Makes the recording's events the ones against which macros are checked when they are loaded; with
     /// several managers those of the one made last that still lives. The bands are those of SPECT::Globals,
     /// which the host fills with Globals::LoadInfo when it starts; the p threshold starts at 0.05 each time.
+    /// \param gui not owned; may be null
     SpectraMgr(EEGFileInfoType* recording, const GenericGUI* gui);
     ~SpectraMgr();
     SpectraMgr(const SpectraMgr&) = delete;
     SpectraMgr& operator=(const SpectraMgr&) = delete;
+
+    /// Where work on these analyses tells of progress and failures; null for nowhere.
+    const GenericGUI* GetGUI() const;
 
     iterator begin();
     iterator end();

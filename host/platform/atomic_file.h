@@ -26,6 +26,8 @@ struct FileOperations {
 
     /// The system's own.
     ORVANTA_API static const FileOperations& System();
+    /// Those, without waiting until the data are on the disk: for what can be computed again.
+    ORVANTA_API static const FileOperations& WithoutSync();
 };
 
 /// A save in pieces: written to a temporary file beside \p path, which takes the place of \p path only when

@@ -44,4 +44,14 @@ const FileOperations& FileOperations::System() {
     return system;
 }
 
+const FileOperations& FileOperations::WithoutSync() {
+    static const FileOperations operations = [] {
+        FileOperations unsynced = System();
+        unsynced.sync = [](int) { return 0; };
+        unsynced.sync_folder = [](const char*) { return 0; };
+        return unsynced;
+    }();
+    return operations;
+}
+
 } // namespace orvanta::platform

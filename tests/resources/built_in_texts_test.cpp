@@ -28,6 +28,7 @@ struct Call {
 constexpr Call kCalls[] = {
     {R"(MacroText\()", "MACRO"},
     {R"(FormText\()", "TFormSpectrumMacro"},
+    {R"(ExportText\()", "TSpectraExportForm"},
     {R"(Title\()", "HOST"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };

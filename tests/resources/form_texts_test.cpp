@@ -16,6 +16,7 @@
 
 #include "ui_1628.h"
 #include "ui_1629.h"
+#include "ui_export_form.h"
 #include "ui_macro_selection.h"
 #include "ui_spectrum_macro.h"
 
@@ -135,6 +136,10 @@ TEST(GermanForms, SpectrumMacroSpeaksGermanThroughout) {
 
 TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
     ExpectGerman(Ui::TFormMacroSpectra(), "TFormMacroSpectra");
+}
+
+TEST(GermanForms, ExportFormSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TSpectraExportForm(), "TSpectraExportForm");
 }
 
 TEST(GermanForms, MeasuresDialogSpeaksGermanThroughout) {

@@ -47,11 +47,7 @@ void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<st
 
 void WriteOutput(const std::string& target, std::string_view text) {
     if (target != "-") {
-        // What is written here can be computed again, so it need not be waited for until it is on the disk.
-        platform::FileOperations operations = platform::FileOperations::System();
-        operations.sync = [](int) { return 0; };
-        operations.sync_folder = [](const char*) { return 0; };
-        platform::WriteFileAtomically(target, text, operations);
+        platform::WriteFileAtomically(target, text, platform::FileOperations::WithoutSync());
         return;
     }
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {

@@ -10,7 +10,7 @@ namespace orvanta::spectral {
 
 namespace {
 
-/// Most that is computed ahead when the epochs of one row are asked for one after the other.
+/// Most that is computed ahead when the epochs are asked for one after the other.
 constexpr std::uint64_t kRunBytes = std::uint64_t{4} << 20;
 
 } // namespace
@@ -36,7 +36,7 @@ std::span<const float> EpochSpectra::Power(std::uint64_t epoch, std::uint32_t ro
     if (sameEpoch) {
         Fill(epoch, 1, 0, rows_);
     } else if (sameRow && block_.rows == 1) {
-        Fill(epoch, EpochsPerRun(epoch), row, 1);
+        Fill(epoch, EpochsPerRun(epoch, 1), row, 1);
     } else {
         Fill(epoch, 1, row, 1);
     }
@@ -48,10 +48,25 @@ void EpochSpectra::ForEach(std::uint32_t row,
     for (std::uint64_t epoch = 0; epoch < request_.epochs.size(); ++epoch) {
         if (!IsStored() && !block_.Holds(epoch, row)) {
             Check(epoch, row);
-            Fill(epoch, EpochsPerRun(epoch), row, 1);
+            Fill(epoch, EpochsPerRun(epoch, 1), row, 1);
         }
         visit(Power(epoch, row));
     }
+}
+
+bool EpochSpectra::ForEachBlock(
+    std::uint32_t rows, const std::function<bool(std::uint64_t first, std::uint64_t last)>& visit) const {
+    for (std::uint64_t first = 0, last = 0; first < request_.epochs.size(); first = last) {
+        last = first + EpochsPerRun(first, rows);
+        if (!IsStored() && rows > 0) {
+            Check(first, rows - 1);
+            Fill(first, last - first, 0, rows);
+        }
+        if (!visit(first, last)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void EpochSpectra::Check(std::uint64_t epoch, std::uint32_t row) const {
@@ -78,8 +93,8 @@ void EpochSpectra::Fill(std::uint64_t epoch, std::uint64_t epochs, std::uint32_t
     block_ = std::move(block);
 }
 
-std::uint64_t EpochSpectra::EpochsPerRun(std::uint64_t first) const {
-    const std::uint64_t fit = kRunBytes / (request_.bins * sizeof(float));
+std::uint64_t EpochSpectra::EpochsPerRun(std::uint64_t first, std::uint32_t rows) const {
+    const std::uint64_t fit = kRunBytes / (std::uint64_t{request_.bins} * std::max(rows, 1U) * sizeof(float));
     return std::clamp<std::uint64_t>(fit, 1, request_.epochs.size() - first);
 }
 

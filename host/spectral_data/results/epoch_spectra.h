@@ -27,6 +27,11 @@ public:
     std::span<const float> Power(std::uint64_t epoch, std::uint32_t row) const;
     /// All epochs of one row in order. \throws std::out_of_range, RecordingError
     void ForEach(std::uint32_t row, const std::function<void(std::span<const float>)>& visit) const;
+    /// All epochs in order, block by block: while \p visit runs, Power computes nothing for the epochs
+    /// [first, last) that it is given and the rows below \p rows. Ends early when it answers false.
+    /// \return whether all were visited \throws std::out_of_range, RecordingError
+    bool ForEachBlock(std::uint32_t rows,
+                      const std::function<bool(std::uint64_t first, std::uint64_t last)>& visit) const;
 
 private:
     /// A block of epochs × rows computed again.
@@ -43,7 +48,7 @@ private:
     void Check(std::uint64_t epoch, std::uint32_t row) const;
     std::span<const float> InBlock(std::uint64_t epoch, std::uint32_t row) const;
     void Fill(std::uint64_t epoch, std::uint64_t epochs, std::uint32_t row, std::uint32_t rows) const;
-    std::uint64_t EpochsPerRun(std::uint64_t first) const;
+    std::uint64_t EpochsPerRun(std::uint64_t first, std::uint32_t rows) const;
 
     std::shared_ptr<const signal::Recording> recording_;
     EngineRequest request_;

@@ -358,6 +358,16 @@ const SpectMacroResult::SensorMap& SpectMacroResult::GetSensorMap() const {
     return impl_->sensors;
 }
 
+SensorList SpectMacroResult::GetSensors() const {
+    SensorList sensors;
+    if (impl_->analysis) {
+        sensors.assign(impl_->analysis->Sensors().begin(), impl_->analysis->Sensors().end());
+    } else if (impl_->recording != nullptr) {
+        impl_->recording->GetTraceInfo()->GetSensorsList(sensors, Sensor::Class::Eeg);
+    }
+    return sensors;
+}
+
 std::uint64_t SpectMacroResult::GetGeneration() const {
     return impl_->generation;
 }

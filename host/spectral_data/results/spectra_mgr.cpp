@@ -26,8 +26,8 @@ constexpr double kDefaultThreshold = 0.05;
 } // namespace
 
 struct SpectraMgr::Impl {
-    explicit Impl(EEGFileInfoType* file)
-        : recording(file), events(file == nullptr ? nullptr : file->GetEventsManager()) {}
+    Impl(EEGFileInfoType* file, const GenericGUI* messages)
+        : recording(file), gui(messages), events(file == nullptr ? nullptr : file->GetEventsManager()) {}
 
     bool Owns(const SpectMacroResult* analysis) const {
         return std::find(analyses.begin(), analyses.end(), analysis) != analyses.end();
@@ -36,6 +36,7 @@ struct SpectraMgr::Impl {
     const TraceComparison* Compare(const Trace* trace) const;
 
     EEGFileInfoType* recording;
+    const GenericGUI* gui;
     orvanta::spectral::MacroEventContext events;
     std::vector<SpectMacroResult*> analyses;
     SpectMacroResult* main = nullptr;
@@ -93,13 +94,17 @@ const TraceComparison* SpectraMgr::Impl::Compare(const Trace* trace) const {
     return &known->second;
 }
 
-SpectraMgr::SpectraMgr(EEGFileInfoType* recording, const GenericGUI*)
-    : impl_(std::make_unique<Impl>(recording)) {}
+SpectraMgr::SpectraMgr(EEGFileInfoType* recording, const GenericGUI* gui)
+    : impl_(std::make_unique<Impl>(recording, gui)) {}
 
 SpectraMgr::~SpectraMgr() {
     for (const SpectMacroResult* analysis : impl_->analyses) {
         delete analysis;
     }
+}
+
+const GenericGUI* SpectraMgr::GetGUI() const {
+    return impl_->gui;
 }
 
 SpectraMgr::iterator SpectraMgr::begin() {

@@ -48,19 +48,7 @@ public:
     std::uint32_t Bins() const override { return static_cast<std::uint32_t>(power_.size()); }
     double Resolution() const override { return resolution_; }
     double MeanAt(Type entity, std::uint64_t bin) const override {
-        if (bin >= power_.size()) {
-            return kNaN;
-        }
-        switch (entity) {
-        case Type::Power:
-            return power_[bin];
-        case Type::Amplitude:
-            return std::sqrt(static_cast<double>(power_[bin]));
-        case Type::Coherence:
-        case Type::Phase:
-            break;
-        }
-        return kNaN;
+        return bin < power_.size() ? EpochValue(entity, power_[bin]) : kNaN;
     }
     double SdAt(Type, std::uint64_t) const override { return kNaN; }
     Spread AbsSpread(Type, double, double) const override { return {kNaN, kNaN}; }
@@ -75,6 +63,19 @@ private:
 std::shared_ptr<const SpectrumSingle::Impl> MeanSpectrum(std::shared_ptr<const Analysis> analysis,
                                                          TraceRow trace) {
     return std::make_shared<OverEpochs>(std::move(analysis), trace);
+}
+
+double EpochValue(Type entity, float power) {
+    switch (entity) {
+    case Type::Power:
+        return power;
+    case Type::Amplitude:
+        return std::sqrt(static_cast<double>(power));
+    case Type::Coherence:
+    case Type::Phase:
+        break;
+    }
+    return kNaN;
 }
 
 std::shared_ptr<const SpectrumSingle::Impl> EpochSpectrum(std::span<const float> power, double resolution) {

@@ -34,6 +34,8 @@ namespace orvanta::spectral {
 /// The spectrum of a trace over all epochs.
 std::shared_ptr<const SpectrumSingle::Impl> MeanSpectrum(std::shared_ptr<const Analysis> analysis,
                                                          TraceRow trace);
+/// A value of a single epoch in the entity's unit, from its power in µV²/Hz; NaN for coherence and phase.
+double EpochValue(SPECT::Entity::Type entity, float power);
 /// The spectrum of a single epoch.
 std::shared_ptr<const SpectrumSingle::Impl> EpochSpectrum(std::span<const float> power, double resolution);
 
