@@ -6,6 +6,7 @@
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/services.h"
+#include "side_bar/description.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "side_bar/texts.h"
 #include "spectra_contract/platform.h"
@@ -14,7 +15,6 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
-#include <QTextCursor>
 
 #include <algorithm>
 #include <cstdio>
@@ -164,20 +164,7 @@ std::string TFormMacroSpectra::SelectedPath() const {
 void TFormMacroSpectra::Describe() {
     std::ostringstream text;
     macro_->GetLongDescrStr(text);
-    ui_->Memo1->clear();
-    QTextCursor cursor(ui_->Memo1->document());
-    QTextCharFormat names;
-    names.setFontWeight(QFont::DemiBold);
-    for (const QString& line : QString::fromStdString(text.str()).split('\n')) {
-        const qsizetype value = line.indexOf(": ") + 1; // 0 where there is no name
-        if (!cursor.atStart()) {
-            cursor.insertBlock();
-        }
-        cursor.insertText(line.first(value), names);
-        cursor.insertText(line.sliced(value), QTextCharFormat());
-    }
-    ui_->Memo1->moveCursor(QTextCursor::Start);
-    ui_->Memo1->setCurrentCharFormat(QTextCharFormat()); // of the text that replaces this one
+    orvanta::side_bar::ShowDescription(*ui_->Memo1, text.str());
 }
 
 void TFormMacroSpectra::ListBoxMacroClick() {

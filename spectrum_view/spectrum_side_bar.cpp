@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What stands beside the view.
 #include "side_bar/side_bar_form.h"
+#include "side_bar/spectra_panel.h"
 #include "spectrum_view/spectrum.h"
 
 #include <QSplitter>
@@ -26,8 +27,12 @@ void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
 void Spectrum::CreateSideBar() {
     Panes().setUpdatesEnabled(false);
     sideBar_ = new TSideBarFormBase(GetHandle());
-    DockBefore(Panes(), *sideBar_, *this);
     sideBar_->show();
+    if (spectraPanel_ == nullptr) {
+        spectraPanel_ = new TFormListenerSpectra1(GetHandle(), GW().GetPlatform(), recording_, manager_);
+        sideBar_->AddPage(spectraPanel_);
+    }
+    DockBefore(Panes(), *sideBar_, *this);
     sideBar_->SetActivePage(0);
     Panes().setUpdatesEnabled(true);
 }

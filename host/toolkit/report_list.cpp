@@ -6,6 +6,8 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 namespace owl {
 
 namespace {
@@ -56,6 +58,16 @@ void ReportList::SetColumns(std::span<const Column> columns) {
     setHeaderLabels(titles);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         setColumnWidth(static_cast<int>(i), columns[i].width);
+    }
+}
+
+void ReportList::StretchCaptions() {
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    headerItem()->setTextAlignment(0, Qt::AlignLeft | Qt::AlignVCenter);
+    for (int column = 1; column < columnCount(); ++column) {
+        headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        setColumnWidth(column, std::max(columnWidth(column), header()->sectionSizeHint(column)));
     }
 }
 

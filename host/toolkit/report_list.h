@@ -23,6 +23,9 @@ public:
     explicit ReportList(QWidget* parent = nullptr);
 
     void SetColumns(std::span<const Column> columns);
+    /// Gives the captions the room that the other columns leave; these keep their widths, or take those of
+    /// their titles where these are wider.
+    void StretchCaptions();
     /// Keeps the rows ordered by caption, case ignored.
     void SortByCaption();
     void SetMultiSelect(bool multiple);

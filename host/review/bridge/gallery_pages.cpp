@@ -5,6 +5,7 @@
 #include "host/toolkit/table_window.h"
 #include "host/toolkit/window.h"
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/spectra_panel.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
@@ -59,6 +60,30 @@ void ShowStateSettings(const GallerySample& sample, const TakePicture& take) {
 
 void ShowSpotSettings(const GallerySample& sample, const TakePicture& take) {
     ShowSettings(sample, take, "Around tones", kModeEdit);
+}
+
+/// The macros' analyses, computed; the first is the main one, the second the secondary.
+void AddAnalyses(const GallerySample& sample, SpectraMgr& manager,
+                 std::initializer_list<const char*> macros) {
+    for (const char* name : macros) {
+        SpectraMacro macro;
+        macro.Load(sample.platform.GetAppFolder("MACRO") + name + ".smx");
+        auto* analysis = new SpectMacroResult(macro, &sample.recording, sample.platform.GetGUI());
+        manager.push_back(analysis);
+        analysis->Compute(nullptr);
+    }
+    manager.SetMain(*manager.begin());
+    manager.SetSecondary(*(manager.begin() + 1));
+}
+
+/// As it stands beside a view on a small screen.
+void ShowSpectraPanel(const GallerySample& sample, const TakePicture& take) {
+    constexpr QSize kSize(300, 620);
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddAnalyses(sample, manager, {"Eyes closed", "Eyes open", "Around tones", "Whole recording"});
+    TFormListenerSpectra1 panel(nullptr, &sample.platform, &sample.recording, &manager);
+    panel.resize(kSize);
+    take(panel);
 }
 
 void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
@@ -122,6 +147,7 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("settings-spots", ShowSpotSettings),
             page("measures", ShowMeasures),
             page("comments", ShowComments),
+            page("spectra-panel", ShowSpectraPanel),
             page("gadget-bar", ShowGadgetBar),
             page("grid-picker", ShowGridPicker)};
 }
