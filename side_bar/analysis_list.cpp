@@ -25,6 +25,14 @@ SpectMacroResult* AnalysisOf(const owl::ReportList& list, const SpectraMgr* mana
     return found == manager->end() ? nullptr : *found;
 }
 
+/// Keeps the cell apart from a selection of a colour like its own.
+void FrameInside(QPainter& painter, const QStyleOptionViewItem& option) {
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::Base));
+    painter.drawRect(option.rect.adjusted(0, 0, -2, -2));
+    painter.restore();
+}
+
 /// Fills a cell with the colour of the row's analysis, from the edge of its column to that of the row,
 /// selected or not: the colour is what the cell tells.
 class ColorPainter final : public QStyledItemDelegate {
@@ -37,6 +45,9 @@ public:
         QStyledItemDelegate::paint(painter, option, index);
         if (const SpectMacroResult* analysis = AnalysisOf(list_, manager_, list_.itemFromIndex(index))) {
             painter->fillRect(option.rect, owl::ToQColor(analysis->GetMacro().Color));
+            if (option.state.testFlag(QStyle::State_Selected)) {
+                FrameInside(*painter, option);
+            }
         }
     }
 

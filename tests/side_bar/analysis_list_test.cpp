@@ -67,7 +67,7 @@ TEST_F(ListOfAnalyses, FillsTheColourColumnUpToTheRightEndOfTheRow) {
     const QRect cell = widget.visualItemRect(row).translated(widget.viewport()->pos());
     const int left = widget.viewport()->x() + widget.columnViewportPosition(2);
     const int right = widget.viewport()->geometry().right() - 3;
-    for (const int x : {left, left + 10, right}) {
+    for (const int x : {left + 2, left + 10, right - 2}) {
         EXPECT_EQ(picture.pixelColor(x, cell.center().y()), QColor(0xD0, 0x80, 0x20)) << x;
     }
     EXPECT_NE(picture.pixelColor(left - 3, cell.center().y()), QColor(0xD0, 0x80, 0x20));

@@ -300,13 +300,15 @@ TEST_F(Focus, TellsTheListenersOfTheMontage) {
 TEST_F(Focus, TellsTheSideBarOfTheApplication) {
     Add();
     Open();
+    GiveFocus(); // makes the panel of spectra
+    TakeFocus();
     window.sideBar.calls.clear();
     QWidget extra;
     view->SetExtraPanel(&extra);
     GiveFocus();
     TakeFocus();
-    EXPECT_EQ(window.sideBar.calls,
-              (std::vector<std::string>{"add true false", "update", "remove", "update"}));
+    EXPECT_EQ(window.sideBar.calls, (std::vector<std::string>{"add true false", "add true false", "update",
+                                                              "remove", "remove", "update"}));
     view->SetExtraPanel(nullptr);
 }
 
