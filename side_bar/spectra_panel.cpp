@@ -75,6 +75,7 @@ void TFormListenerSpectra1::ConnectHandlers() {
     };
     onClick(ui_->BtnSpectraNew, &Panel::BtnSpectraNewClick);
     onClick(ui_->BtnEraseSpectra, &Panel::BtnEraseSpectraClick);
+    onClick(ui_->BtnExport, &Panel::BtnExportClick);
     onClick(ui_->BtnEdit, &Panel::BtnEditClick);
     onClick(ui_->BtnErpProcess, &Panel::BtnErpProcessClick);
     connect(ui_->cbStat, &QCheckBox::toggled, this, [this] { cbStatClick(); });

@@ -5,6 +5,7 @@
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/wait_cursor.h"
 #include "side_bar/analysis_list.h"
+#include "side_bar/export_form.h"
 #include "side_bar/spectra_panel.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "side_bar/texts.h"
@@ -103,6 +104,11 @@ void TFormListenerSpectra1::BtnEraseSpectraClick() {
     delete analysis;
     FillListSpectra();
     ShowInView();
+}
+
+void TFormListenerSpectra1::BtnExportClick() {
+    TSpectraExportForm form(GetHandle(), manager_);
+    form.ShowModal();
 }
 
 void TFormListenerSpectra1::BtnEditClick() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user does with the panel.
+#include "side_bar/export_form.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "tests/side_bar/panel_fixture.h"
@@ -113,6 +114,16 @@ TEST_F(PanelWithTwo, ListsNoNewSpectrumWhenTheUserCancels) {
     user.Meets<TFormMacroSpectra>([](TFormMacroSpectra& form) { form.BtnCancelClick(); });
     User().Clicks("BtnSpectraNew");
     EXPECT_EQ(User().RowsOf("lvMainList").size(), 2);
+}
+
+TEST_F(PanelWithTwo, ShowsTheFormThatExports) {
+    user.Meets<TSpectraExportForm>([this](TSpectraExportForm& form) {
+        EXPECT_EQ(form.parent(), panel);
+        EXPECT_EQ(test::FormUser(form).RowsOf("lvSpectra").size(), 2);
+        form.reject();
+    });
+    User().Clicks("BtnExport");
+    EXPECT_EQ(user.DialogsShown(), 1);
 }
 
 TEST_F(PanelWithTwo, EditsTheMainOneAndComputesItUnderAWaitCursor) {
