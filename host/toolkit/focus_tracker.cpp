@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/focus_tracker.h"
 
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/window.h"
 
 #include <QApplication>
@@ -47,7 +48,9 @@ std::vector<QPointer<TWindow>> Without(const std::vector<TWindow*>& windows,
 void Tell(const QPointer<TWindow>& window, WindowEvent event, HWND other) {
     // A handler told before may have ended this window.
     if (window && window->IsCreated()) {
-        window->Dispatch({{EventKind::Window, static_cast<unsigned>(event)}, FocusArgs{other}});
+        RunGuarded([&] {
+            window->Dispatch({{EventKind::Window, static_cast<unsigned>(event)}, FocusArgs{other}});
+        });
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/gadget_bar.h"
 
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/event_handler.h"
 #include "host/toolkit/icon.h"
 #include "host/toolkit/idle_enablers.h"
@@ -67,7 +68,8 @@ void GadgetBar::Equip(QToolButton& button, unsigned command, const std::string& 
     Describe(button, tip);
     button.setIconSize(iconSize());
     button.setAutoRaise(true);
-    connect(&button, &QToolButton::clicked, this, [this, command] { handler_.RunCommand(command); });
+    connect(&button, &QToolButton::clicked, this,
+            [this, command] { RunGuarded([&] { handler_.RunCommand(command); }); });
     enablers_->Add(command, button);
     addWidget(&button);
 }
@@ -99,7 +101,9 @@ void GadgetBar::AddControl(QWidget& control) {
 }
 
 void GadgetBar::Send(unsigned message, int value) {
-    handler_.Dispatch({{EventKind::Message, message}, MessageArgs{static_cast<WPARAM>(value), 0}});
+    RunGuarded([&] {
+        handler_.Dispatch({{EventKind::Message, message}, MessageArgs{static_cast<WPARAM>(value), 0}});
+    });
 }
 
 QComboBox* GadgetBar::AddComboBox(unsigned message, const std::string& tip) {

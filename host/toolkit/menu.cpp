@@ -2,6 +2,7 @@
 #include "host/toolkit/menu.h"
 
 #include "host/toolkit/command_enabler.h"
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/event_handler.h"
 #include "host/toolkit/qt_painting.h"
 
@@ -92,7 +93,7 @@ void TMenu::Run(QAction& item, bool checked) {
         item.setChecked(!checked); // Qt's own mark of the click
     }
     if (handler_ != nullptr) {
-        handler_->RunCommand(IdOf(item));
+        RunGuarded([&] { handler_->RunCommand(IdOf(item)); });
     }
 }
 

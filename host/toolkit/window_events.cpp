@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Qt's events as the window's.
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/key_translation.h"
 #include "host/toolkit/window.h"
 
@@ -89,7 +90,7 @@ void TWindow::Answer(WindowEvent kind, const Args& args, QEvent& event) {
     if (IsCreated()) {
         const QPointer<TWindow> alive(this);
         bool* const outer = std::exchange(passOn_, &passOn);
-        Dispatch({{EventKind::Window, static_cast<unsigned>(kind)}, args});
+        RunGuarded([&] { Dispatch({{EventKind::Window, static_cast<unsigned>(kind)}, args}); });
         if (alive) {
             passOn_ = outer;
         }

@@ -33,7 +33,8 @@ constexpr Call kCalls[] = {
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
 
-constexpr const char* kRooms[] = {"side_bar", "module", "spectrum_view", "spectral_maps", "host/review"};
+constexpr const char* kRooms[] = {"side_bar",      "module",      "spectrum_view",
+                                  "spectral_maps", "host/review", "host/toolkit"};
 
 QString Unescaped(QString literals) {
     // Neighbouring literals are one text.

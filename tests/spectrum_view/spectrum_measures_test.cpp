@@ -33,6 +33,20 @@ TEST_F(MeasuresOfView, AreAnEmptyTextWithoutAnAnalysis) {
     EXPECT_THAT(services.clipboard.Texts(), ElementsAre(""));
 }
 
+TEST_F(MeasuresOfView, ThatCannotBeWrittenLeaveTheCommandOnTheScalpAndEndInABox) {
+    Add();
+    Open().CmHeadView();
+    Draw();
+    window.platform.onNumber = [](double) { throw std::runtime_error("no number"); };
+    EXPECT_THROW(view->CmCopy2ClpBrd(), std::runtime_error);
+    test::ScriptedUser user;
+    user.AnswersMessage(owl::kIdOk);
+    Item(kCmCopyMeasures).trigger();
+    ASSERT_EQ(user.Messages().size(), 1u);
+    EXPECT_EQ(user.Messages()[0].text, "This could not be finished:\nno number");
+    EXPECT_TRUE(services.clipboard.Texts().empty());
+}
+
 TEST_F(MeasuresOfView, AreChosenInADialogThatGivesTheFocusBack) {
     Add();
     Show();
