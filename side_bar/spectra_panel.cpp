@@ -63,6 +63,8 @@ void TFormListenerSpectra1::SetUpControls() {
         PrepareList(*list);
         list->viewport()->installEventFilter(this);
     }
+    ui_->cbThreshold->addItems({"0.10", "0.05", "0.01", "0.005", "0.001"}); // the same in every language
+    ui_->cbThreshold->setCurrentIndex(1);
     // As wide as the controls need, also where they do not fit into the height.
     ui_->scroller->setMinimumWidth(ui_->groups->minimumSizeHint().width() +
                                    ui_->scroller->verticalScrollBar()->sizeHint().width());
