@@ -3,8 +3,11 @@
 
 #include "host/toolkit/dialog.h"
 
+#include "ui_1625.h"
+#include "ui_1627.h"
 #include "ui_1628.h"
 #include "ui_1629.h"
+#include "ui_1631.h"
 
 namespace orvanta::resources {
 
@@ -19,8 +22,8 @@ constexpr struct {
     unsigned number;
     owl::DialogTemplate build;
 } kDialogs[] = {
-    {1628, Build<Ui::MeasuresDialog>},
-    {1629, Build<Ui::CommentsDialog>},
+    {1625, Build<Ui::BandDialog>},     {1627, Build<Ui::InfoDialog>},  {1628, Build<Ui::MeasuresDialog>},
+    {1629, Build<Ui::CommentsDialog>}, {1631, Build<Ui::ScaleDialog>},
 };
 
 } // namespace

@@ -14,7 +14,9 @@ class TWindow;
 
 /// Dialog 1625. OK sets name, lower and upper frequency (Hz) of every band for which 0 <= lower <= upper;
 /// another row keeps all three. So does the total band, and only when it is set are the shared settings
-/// stored. Numbers are shown with the user's decimal sign and read with ".". GUI thread.
+/// stored. Numbers are shown with the decimal sign of the C locale and read with "."; a text that is no
+/// number counts as 0. Rows that are not stored or read otherwise than they look are marked while the user
+/// types. GUI thread.
 class ORVANTA_API SpectrumBandDlg final : public PDialog {
 public:
     static constexpr unsigned kNumber = 1625;
@@ -31,6 +33,13 @@ protected:
     void SetupWindow() override;
 
 private:
+    // Rows 0 to 7 are the bands, row 8 the total band.
+    void NameForScreenReaders();
+    void KeepNamesStorable();
+    void MarkRowOf(int row);
+    void ShowFirstRemark();
+    QString CaptionOf(int row) const;
+
     GenericPlatform* platform_;
     SpectraMgr* manager_;
 };

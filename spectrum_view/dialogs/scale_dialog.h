@@ -13,8 +13,9 @@ class TWindow;
 }
 
 /// Dialog 1631. OK takes the amplitudes as they are typed. A frequency minimum that is negative or above the
-/// maximum becomes 0; then a maximum above the limit becomes the limit. Numbers are shown and read with the
-/// user's decimal sign, with one decimal. GUI thread.
+/// maximum becomes 0; then a maximum above the limit becomes the limit. Numbers are shown with one decimal,
+/// and shown and read with the decimal sign of the C locale; a text that is no number counts as 0. What will
+/// be changed or read otherwise than it looks is marked while the user types. GUI thread.
 class ORVANTA_API SpectrumScaleDlg final : public PDialog {
 public:
     static constexpr unsigned kNumber = 1631;
@@ -38,6 +39,8 @@ protected:
     void SetupWindow() override;
 
 private:
+    void MarkRows();
+
     std::string entityName_;
     std::string unit_;
     double frequencyLimit_;

@@ -54,7 +54,7 @@ public:
 
 private:
     void Add(const QString& key, const QString& text) {
-        if (text.trimmed().isEmpty()) {
+        if (text.trimmed().isEmpty() || IsSymbol(text)) {
             return;
         }
         if (key.isEmpty() || key.startsWith('.')) {

@@ -41,4 +41,8 @@ QString WithoutMnemonic(const QString& caption) {
     return text.replace(QChar(0x1), "&");
 }
 
+bool IsSymbol(const QString& text) {
+    return text == "Hz" || text == "-";
+}
+
 } // namespace orvanta::test

@@ -21,4 +21,7 @@ QString MnemonicOf(const QString& caption);
 /// The text without the mark of its mnemonic.
 QString WithoutMnemonic(const QString& caption);
 
+/// A text that is the same in every language and needs no key: a unit or a sign.
+bool IsSymbol(const QString& text);
+
 } // namespace orvanta::test

@@ -27,7 +27,7 @@ protected:
 TEST_F(ShippedModule, SpeaksGermanInAGermanLocale) {
     const PModule module = ModuleIn("de_CH");
     EXPECT_EQ(module.GetMsg2("MENU", "CM_SPE_MEAN"), "&Mittelwert");
-    EXPECT_EQ(module.GetMsg2("DIALOG", "IDDFB_GB_FREQUENCYBANDS"), "Frequenzbänder");
+    EXPECT_EQ(module.GetMsg2("DIALOG", "IDDFB_GB_FREQUENCYBANDS"), "&Frequenzbänder");
 }
 
 TEST_F(ShippedModule, SpeaksEnglishWhereItHasNoTexts) {

@@ -12,8 +12,11 @@
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectra_contract/spectra_types.h"
+#include "spectrum_view/dialogs/band_dialog.h"
 #include "spectrum_view/dialogs/comments_dialog.h"
+#include "spectrum_view/dialogs/info_dialog.h"
 #include "spectrum_view/dialogs/measures_dialog.h"
+#include "spectrum_view/dialogs/scale_dialog.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -102,6 +105,42 @@ void ShowComments(const GallerySample& /*sample*/, const TakePicture& take) {
     take(dialog);
 }
 
+void ShowBands(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    SpectrumBandDlg dialog(nullptr, &sample.platform, &manager);
+    take(dialog);
+}
+
+/// Rows that will not be stored, or not as they look.
+void ShowBandsBeingTyped(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    SpectrumBandDlg dialog(nullptr, &sample.platform, &manager);
+    dialog.ensurePolished();
+    dialog.SetDlgItemText(303, "18.0");
+    dialog.SetDlgItemText(404, "25,5");
+    take(dialog);
+}
+
+void ShowScale(const GallerySample& /*sample*/, const TakePicture& take) {
+    SpectrumScaleDlg dialog(nullptr, "Power", "µV²/Hz", 128);
+    dialog.SetScale({0, 40, 0, 30, false});
+    take(dialog);
+}
+
+void ShowScaleBeingTyped(const GallerySample& /*sample*/, const TakePicture& take) {
+    SpectrumScaleDlg dialog(nullptr, "Amplitude", "µV/√Hz", 128);
+    dialog.SetScale({0, 40, 0, 300, true});
+    take(dialog);
+}
+
+void ShowInfo(const GallerySample& sample, const TakePicture& take) {
+    SpectraMacro macro;
+    macro.Load(sample.platform.GetAppFolder("MACRO") + "Eyes closed.smx");
+    SpectMacroResult result(macro, &sample.recording, sample.platform.GetGUI());
+    SpectrumInfoDlg dialog(nullptr, &result);
+    take(dialog);
+}
+
 /// A bar with every kind of gadget.
 void ShowGadgetBar(const GallerySample& /*sample*/, const TakePicture& take) {
     owl::TEventHandler handler;
@@ -147,6 +186,11 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("settings-spots", ShowSpotSettings),
             page("measures", ShowMeasures),
             page("comments", ShowComments),
+            page("bands", ShowBands),
+            page("bands-typed", ShowBandsBeingTyped),
+            page("axis-ranges", ShowScale),
+            page("axis-ranges-typed", ShowScaleBeingTyped),
+            page("spectra-info", ShowInfo),
             page("spectra-panel", ShowSpectraPanel),
             page("gadget-bar", ShowGadgetBar),
             page("grid-picker", ShowGridPicker)};
