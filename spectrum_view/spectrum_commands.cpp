@@ -5,6 +5,9 @@
 #include "spectra_contract/module_entry.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
+#include "spectrum_view/dialogs/band_dialog.h"
+#include "spectrum_view/dialogs/info_dialog.h"
+#include "spectrum_view/dialogs/scale_dialog.h"
 #include "spectrum_view/spectrum.h"
 #include "spectrum_view/state/frequency_zoom.h"
 
@@ -49,6 +52,37 @@ void Spectrum::CmWide() {
 void Spectrum::CmNarrow() {
     Narrow(CurrentScale());
     ShowZoomed();
+}
+
+void Spectrum::CmSetMaxAxis() {
+    const SpectMacroResult* main = manager_->GetMain();
+    if (main == nullptr) {
+        return;
+    }
+    SPECT::Scale& scale = CurrentScale();
+    SpectrumScaleDlg dialog(this, manager_->GetCurrMeasEntityStr(), manager_->GetCurrEntityMeasUnit(),
+                            main->GetFFTSR() * 0.5);
+    dialog.SetScale(scale);
+    if (dialog.Execute() == owl::kIdOk) {
+        scale = dialog.GetScale();
+        Display().range = RangeAfterEdit(scale);
+        Invalidate();
+    }
+    SetFocus();
+}
+
+void Spectrum::CmSetBands() {
+    if (SpectrumBandDlg(this, GW().GetPlatform(), manager_).Execute() == owl::kIdOk) {
+        CmRecompute();
+    }
+    SetFocus();
+}
+
+void Spectrum::CmSpectraInfo() {
+    if (SpectMacroResult* main = manager_->GetMain()) {
+        SpectrumInfoDlg(this, main).Execute();
+        SetFocus();
+    }
 }
 
 void Spectrum::Normalize(SPECT::Normalisation normalisation) {
