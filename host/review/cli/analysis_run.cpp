@@ -41,7 +41,7 @@ bool HasPair(const MontageType& montage) {
 } // namespace
 
 void AnalysisArguments::AddTo(CLI::App& command) {
-    command.add_option("FILE", file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")->required();
+    AddFileTo(command);
     command
         .add_option("--montage", montage,
                     "A montage of the list in orvanta info, \"Reference NAME\", a montage file, or FILE:NAME")
@@ -51,6 +51,14 @@ void AnalysisArguments::AddTo(CLI::App& command) {
             CLI::Validator(CLI::IsMember({"power", "amplitude", "coherence", "phase"}, CLI::ignore_case))
                 .description(""))
         ->type_name("NAME");
+    AddEffortTo(command);
+}
+
+void AnalysisArguments::AddFileTo(CLI::App& command) {
+    command.add_option("FILE", file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")->required();
+}
+
+void AnalysisArguments::AddEffortTo(CLI::App& command) {
     command.add_option("--threads", threads, "Worker threads; 0 (default) for one per core")
         ->check(CLI::Validator(CLI::Range(0, 256)).description(""))
         ->type_name("N");

@@ -31,6 +31,9 @@ struct AnalysisArguments {
 
     /// Adds the options that every analysing command takes.
     void AddTo(CLI::App& command);
+    /// Adds the recording alone, and how much to spend on it: for a command that has no use for the rest.
+    void AddFileTo(CLI::App& command);
+    void AddEffortTo(CLI::App& command);
     /// Adds those for results as data.
     void AddDataTo(CLI::App& command);
     spectral::ComputeOptions Options() const;

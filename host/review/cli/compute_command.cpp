@@ -8,6 +8,7 @@
 #include "host/review/cli/macro_keys.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/report.h"
+#include "host/review/cli/validators.h"
 
 #include <CLI/CLI.hpp>
 
@@ -22,14 +23,6 @@ struct ComputeArguments : AnalysisArguments {
     std::vector<std::string> assignments;
     std::string spectra;
 };
-
-/// A spectra file is saved whole or not at all, which standard output cannot promise.
-CLI::Validator NamesAFile() {
-    return {[](const std::string& name) {
-                return name.empty() || name == "-" ? std::string("needs a file name") : std::string();
-            },
-            ""};
-}
 
 /// Events that are labelled bad and not left out are worth a word: people expect them gone. The setting that
 /// is named keeps what is left out already, since it replaces the whole list.

@@ -15,6 +15,14 @@ inline CLI::Validator IsNotEmpty() {
             ""};
 }
 
+/// For a file that is saved whole or not at all, which standard output cannot promise.
+inline CLI::Validator NamesAFile() {
+    return {[](const std::string& name) {
+                return name.empty() || name == "-" ? std::string("needs a file name") : std::string();
+            },
+            ""};
+}
+
 /// A number from \p least to \p most. CLI11's own range lets "nan" pass.
 inline CLI::Validator IsNumberIn(double least, double most) {
     return {[range = CLI::Range(least, most)](const std::string& text) {

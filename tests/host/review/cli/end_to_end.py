@@ -8,6 +8,7 @@ import csv
 import io
 import json
 import pathlib
+import resource
 import signal
 import subprocess
 import sys
@@ -61,11 +62,13 @@ class Usage(CommandLineTest):
     def test_help_lists_the_commands(self):
         result = self.orvanta("--help")
         self.assertEqual(result.returncode, 0)
-        for command in ("info", "demo", "compute", "compare", "render", "macro"):
+        for command in ("info", "demo", "compute", "compare", "export", "render", "macro"):
             self.assertIn(command, result.stdout)
 
     def test_every_command_has_help(self):
-        for command in (["info"], ["demo"], ["compute"], ["compare"], ["render"], ["macro"], ["macro", "new"]):
+        for command in (
+            ["info"], ["demo"], ["compute"], ["compare"], ["export"], ["render"], ["macro"], ["macro", "new"],
+        ):
             with self.subTest(command=command):
                 self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
 
@@ -379,6 +382,145 @@ class Compare(CommandLineTest):
         text = self.compared()
         self.assertIn("closed", text)
         self.assertIn("open", text)
+
+
+class Export(CommandLineTest):
+    """The demo has 19 sensors at 256 Hz; windows of one second have 127 bins between the first and the last."""
+
+    FIELDS = 19 * 127
+
+    def setUp(self):
+        super().setUp()
+        self.text = self.folder / "out.txt"
+        self.rest = self.macro("rest.smx", "fft_seconds=1", "overlap=0", "contrast=1")
+
+    def export(self, *arguments):
+        """The lines of the file, each as its fields."""
+        result = self.orvanta("export", self.demo, "--out", self.text, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        content = self.text.read_bytes().decode("utf-8")
+        self.assertTrue(content.endswith("\t\n"))
+        self.assertNotIn("\r", content)
+        lines = content.split("\n")[:-1]
+        self.assertTrue(all(line.endswith("\t") for line in lines))
+        return [line.split("\t")[:-1] for line in lines]
+
+    def test_a_line_per_epoch_follows_the_header(self):
+        header, *epochs = self.export("--macro", self.rest)
+        self.assertEqual(header[:5], ["Macro", "Contrast", "Fp1(1)", "Fp1(2)", "Fp1(3)"])
+        self.assertEqual(len(epochs), 60)
+        self.assertEqual({len(line) for line in [header, *epochs]}, {2 + self.FIELDS})
+        self.assertEqual({tuple(line[:2]) for line in epochs}, {("rest", "1")})
+
+    def test_the_mean_over_the_lines_is_the_mean_spectrum(self):
+        _, *epochs = self.export("--macro", self.rest)
+        sensors = self.compute("--macro", self.rest)["sensors"]
+        expected = [value for trace in sensors for value in trace["mean"][1:128]]
+        self.assertEqual(len(expected), self.FIELDS)
+        for column, value in enumerate(expected):
+            mean = sum(float(line[2 + column]) for line in epochs) / len(epochs)
+            self.assertAlmostEqual(mean / value, 1, delta=1e-5)
+
+    def test_amplitude_is_the_root_of_power(self):
+        power = self.export("--macro", self.rest, "--no-header")
+        amplitude = self.export("--macro", self.rest, "--no-header", "--entity", "amplitude")
+        for ours, other in zip(amplitude[7][2:], power[7][2:], strict=True):
+            self.assertAlmostEqual(float(ours) ** 2 / float(other), 1, delta=2e-5)
+
+    def test_analyses_follow_each_other(self):
+        task = self.macro("task.smx", "fft_seconds=1", "overlap=50", "contrast=-2")
+        together = self.export("--macro", self.rest, task)
+        self.assertEqual(together, self.export("--macro", self.rest, "--macro", task))
+        self.assertEqual([line[:2] for line in together[1:]], [["rest", "1"]] * 60 + [["task", "-2"]] * 119)
+        self.assertEqual(together[1][2:], together[61][2:])
+
+    def test_header_contrast_and_name_can_be_left_out(self):
+        whole = self.export("--macro", self.rest)
+        self.assertEqual(self.export("--macro", self.rest, "--no-header"), whole[1:])
+        self.assertEqual(self.export("--macro", self.rest, "--no-name"), [line[1:] for line in whole])
+        self.assertEqual(self.export("--macro", self.rest, "--no-contrast"), [line[:1] + line[2:] for line in whole])
+        bare = self.export("--macro", self.rest, "--no-header", "--no-contrast", "--no-name")
+        self.assertEqual(bare, [line[2:] for line in whole[1:]])
+
+    def test_threads_do_not_change_a_byte(self):
+        self.export("--macro", self.rest, "--threads", 1)
+        one = self.text.read_bytes()
+        self.export("--macro", self.rest, "--threads", 4)
+        self.assertEqual(self.text.read_bytes(), one)
+
+    def test_tells_what_was_written(self):
+        result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", self.text)
+        self.assertEqual(result.stdout, f"{self.rest}: 60 epochs\n{self.text}: 19 sensors, 256 FFT samples\n")
+        result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", self.text, "--quiet")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+    def test_other_bins_are_refused(self):
+        other = self.macro("other.smx", "fft_seconds=2")
+        result = self.orvanta("export", self.demo, "--macro", self.rest, other, "--out", self.text)
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertRegex(result.stderr, r"rest\.smx and .*other\.smx: their bins differ, .+ \(.*fft_seconds.*\)$")
+        self.assertFalse(self.text.exists())
+
+    def test_no_epoch_is_not_computable(self):
+        empty = self.macro("empty.smx", "fft_seconds=1", "mode=states", "states=no such event")
+        result = self.orvanta("export", self.demo, "--macro", empty, "--out", self.text, "--quiet")
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stderr, r"demo\.edf with .*empty\.smx: no accepted state event")
+        self.assertFalse(self.text.exists())
+
+    def test_nothing_that_is_read_is_written_over(self):
+        before = self.demo.read_bytes()
+        for target in (self.demo, self.rest):
+            result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", target)
+            self.assert_refused(result, r"is read by this command .*--out")
+        self.assertEqual(self.demo.read_bytes(), before)
+
+    def test_a_file_name_is_needed(self):
+        self.assert_refused(self.orvanta("export", self.demo, "--macro", self.rest), r"--out is required")
+        self.assert_refused(self.orvanta("export", self.demo, "--out", self.text), r"--macro is required")
+        for name in ("", "-"):
+            result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", name)
+            self.assert_refused(result, r"--out: needs a file name")
+
+    def test_coherence_is_refused(self):
+        result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", self.text, "--entity", "coherence")
+        self.assert_refused(result, r"--entity: coherence not in \{power,amplitude\}")
+
+    def test_a_folder_that_does_not_exist_is_refused(self):
+        target = self.folder / "none" / "out.txt"
+        result = self.orvanta("export", self.demo, "--macro", self.rest, "--out", target, "--quiet")
+        self.assert_refused(result, r"out\.txt: cannot be written: No such file or directory \(.+\)$")
+
+    def test_a_full_disk_leaves_the_old_file(self):
+        self.text.write_text("old")
+        limit = lambda: (  # noqa: E731
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN),
+            resource.setrlimit(resource.RLIMIT_FSIZE, (100_000, 100_000)),
+        )
+        result = subprocess.run(
+            [ORVANTA, "export", self.demo, "--macro", self.rest, "--out", self.text, "--quiet"],
+            capture_output=True, text=True, timeout=120, preexec_fn=limit,
+        )
+        self.assert_refused(result, r"out\.txt: cannot be written: File too large")
+        self.assertEqual(self.text.read_text(), "old")
+        self.assertEqual(sorted(file.name for file in self.folder.iterdir()), ["out.txt", "rest.smx"])
+
+    def test_an_interrupt_leaves_the_old_file(self):
+        long = self.folder / "long.edf"
+        self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "60").returncode, 0)
+        self.text.write_text("old")
+        before = set(self.folder.iterdir())
+        process = subprocess.Popen(
+            [ORVANTA, "export", long, "--macro", self.rest, "--out", self.text],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+        )
+        while set(self.folder.iterdir()) == before:  # until the temporary file is there
+            self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGINT)
+        errors = process.communicate(timeout=60)[1]
+        self.assertEqual((process.returncode, errors), (130, "orvanta: interrupted (nothing was written)\n"))
+        self.assertEqual(set(self.folder.iterdir()), before)
+        self.assertEqual(self.text.read_text(), "old")
 
 
 class Macro(CommandLineTest):
