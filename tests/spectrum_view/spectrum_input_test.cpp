@@ -2,6 +2,7 @@
 // Keys, wheel and mouse as they come from Qt, the montage box, and the focus.
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/side_bar_form.h"
+#include "side_bar/spectrum_macro_form.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
@@ -9,6 +10,7 @@
 
 #include <QComboBox>
 #include <QTest>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 namespace {
@@ -322,6 +324,48 @@ TEST_F(Focus, MakesTheSideBarWhenItComesFirst) {
     TakeFocus();
     GiveFocus();
     EXPECT_EQ(view->Panes().count(), 2);
+}
+
+/// The side bar's list of analyses, which is filled anew when the view tells its panels to do so.
+class PanelsOfView : public Focus {
+protected:
+    PanelsOfView() {
+        Add();
+        Open();
+        GiveFocus();
+        EXPECT_EQ(Listed(), 1);
+    }
+    int Listed() const { return view->Panes().findChild<QTreeWidget*>("lvMainList")->topLevelItemCount(); }
+};
+
+TEST_F(PanelsOfView, AreToldOfAnotherMontage) {
+    Add();
+    view->SendMessage(kMontageSelector, 1);
+    EXPECT_EQ(Listed(), 2);
+}
+
+TEST_F(PanelsOfView, AreToldOfEditedOptions) {
+    Add();
+    user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { form.reject(); });
+    view->CmEditOptions();
+    EXPECT_EQ(Listed(), 1);
+    user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { FormUser(form).Clicks("BitBtnCompute"); });
+    view->CmEditOptions();
+    EXPECT_EQ(Listed(), 2);
+}
+
+TEST_F(PanelsOfView, AreToldOfANewSpectrum) {
+    user.Meets<TFormMacroSpectra>([](TFormMacroSpectra& form) { FormUser(form).Clicks("BtnAutoAverage"); });
+    view->CmNewSpectrum();
+    EXPECT_EQ(Listed(), 2);
+}
+
+TEST_F(PanelsOfView, AreNotToldOfZoomAndPages) {
+    Add();
+    view->CmNarrow();
+    view->CmNextTrace();
+    view->CmRecompute();
+    EXPECT_EQ(Listed(), 1);
 }
 
 TEST_F(Focus, AsksForAnAnalysisUntilThereIsOne) {

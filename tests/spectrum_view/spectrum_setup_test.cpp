@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/table_window.h"
+#include "side_bar/spectrum_macro_form.h"
+#include "spectrum_view/dialogs/info_dialog.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/scripted_user.h"
 #include "tests/support/temp_folder.h"
 
 #include <QComboBox>
@@ -199,6 +202,54 @@ TEST_F(SetUpView, RunsTheCommandsOfItsTools) {
     EXPECT_EQ(services.clipboard.Texts().size(), 1u);
     click("Rows and columns of the grid");
     EXPECT_EQ(view->findChildren<TTableWnd*>().size(), 1);
+}
+
+TEST_F(SetUpView, HasAPictureOnEveryTool) {
+    Open();
+    int tools = 0;
+    for (const auto* tool : view->GetToolBar().findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) {
+        if (!tool->toolTip().isEmpty()) { // not the arrow at the end
+            ++tools;
+            EXPECT_FALSE(tool->icon().isNull()) << tool->toolTip().toStdString();
+        }
+    }
+    EXPECT_EQ(tools, 10);
+}
+
+TEST_F(SetUpView, AnswersEveryItemOfItsMenuButTheTitle) {
+    Open();
+    for (const QAction* item : view->GetMenu().actions()) {
+        const unsigned id = item->data().toUInt();
+        if (id != 0) {
+            EXPECT_EQ(view->Find({owl::EventKind::Command, id}) != nullptr, id != kCmView) << id;
+        }
+    }
+}
+
+TEST_F(SetUpView, AsksAndZoomsWithItsTools) {
+    Setting("EntityString_0/MaxX") = 100;
+    Add();
+    Open();
+    test::ScriptedUser user;
+    const auto click = [this](const char* tip) {
+        for (auto* tool : view->GetToolBar().findChildren<QToolButton*>()) {
+            if (tool->toolTip() == tip) {
+                tool->click();
+            }
+        }
+    };
+    click("Halve the frequency range");
+    EXPECT_DOUBLE_EQ(view->GetState().scales.at("Amplitude").MaxX, 50);
+    click("Double the frequency range"); // half of 8 Hz in whole Hz
+    EXPECT_DOUBLE_EQ(view->GetState().scales.at("Amplitude").MaxX, 4);
+    user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { form.reject(); });
+    click("Computation options");
+    user.Meets<SpectrumInfoDlg>([](SpectrumInfoDlg& dialog) { dialog.accept(); });
+    click("Parameters and epochs of the analysis");
+    user.ChoosesFile(std::nullopt);
+    click("Save the spectra to a file");
+    EXPECT_EQ(user.FileRequests().size(), 1u);
+    EXPECT_EQ(user.DialogsShown(), 2);
 }
 
 TEST_F(SetUpView, SaysOnFocusWhatWasAnalyzed) {
