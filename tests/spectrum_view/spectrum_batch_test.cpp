@@ -2,6 +2,7 @@
 // Spectra saved under many settings with one key.
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/counting_source.h"
+#include "tests/support/memory_in_use.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/temp_folder.h"
 
@@ -31,8 +32,7 @@ signal::RecordingData EyesData() {
 
 class Batch : public test::ViewFixture {
 protected:
-    Batch() {
-        signal::RecordingData data = EyesData();
+    explicit Batch(signal::RecordingData data = EyesData()) {
         source = std::make_shared<test::CountingSource>(data.source);
         data.source = source;
         eyes = signal::MakeRecording(std::move(data));
@@ -411,6 +411,40 @@ TEST_F(Batch, DoesNotKeepTheSamplesLongerThanItLasts) {
     Press('E');
     view->CmRecompute();
     EXPECT_EQ(source->MostReads(), 2u);
+}
+
+/// Its spectra take 140 kB for each file, and its samples 160 kB.
+signal::RecordingData LargeData() {
+    constexpr std::size_t kSamples = 40 * 256;
+    return test::MakeData({{"Fp1", 256, test::Fp1Values(kSamples)},
+                           {"F3", 256, test::F3Values(kSamples)},
+                           {"Cz", 256, test::CzValues(kSamples)},
+                           {"Pz", 256, test::Fp1Values(kSamples)}},
+                          {{1, 9, "Closed"}, {12, 9, "Open"}, {24, 9, "Talk"}});
+}
+
+class LargeBatch : public Batch {
+protected:
+    LargeBatch() : Batch(LargeData()) {}
+};
+
+TEST_F(LargeBatch, TakesNoMoreMemoryFromFileToFile) {
+    Press('1'); // tapers and plans are kept from now on
+    std::vector<std::size_t> used;
+    When("Saving spectra:", [&used] { used.push_back(test::MemoryInUse()); });
+    Press('1');
+    ASSERT_EQ(used.size(), 12u);
+    // Before the second file there are spectra and samples, as before the last one.
+    constexpr std::size_t kAllowed = 32768;
+    EXPECT_LE(used.back(), used[1] + kAllowed);
+}
+
+TEST_F(LargeBatch, GivesItsMemoryBack) {
+    Press('E');
+    const std::size_t before = test::MemoryInUse();
+    Press('E');
+    constexpr std::size_t kAllowed = 32768;
+    EXPECT_LE(test::MemoryInUse(), before + kAllowed);
 }
 
 } // namespace

@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kSteps = 1000;
 constexpr int kMinimumWidth = 360;
+constexpr int kTextWidth = 560;
 constexpr std::int64_t kShownAfter = 300; // ms
 constexpr std::int64_t kServedEvery = 30; // ms
 
@@ -63,7 +64,9 @@ void ProgressBox::Show() {
 }
 
 void ProgressBox::SetText(const std::string& text) {
-    window_.setLabelText(QString::fromStdString(text));
+    // File names may be longer than any screen is wide.
+    const QString whole = QString::fromStdString(text);
+    window_.setLabelText(window_.fontMetrics().elidedText(whole, Qt::ElideMiddle, kTextWidth));
 }
 
 void ProgressBox::SetPosition(double fraction) {

@@ -25,6 +25,12 @@ void ShowProgress(const TakePicture& take) {
     take(box.Window());
 }
 
+void ShowFiles(const TakePicture& take) {
+    ProgressBox box("Saving spectra: 14 of 60: Eyes closed_Patient 7_Hamming_2_50_night.edf.xml", nullptr);
+    box.SetPosition(0.23);
+    take(box.Window());
+}
+
 void ShowInput(const TakePicture& take) {
     owl::TInputDialog box(nullptr, {"New Macro", "Macro name:", "Eyes closed", 255});
     take(box);
@@ -42,6 +48,7 @@ std::vector<GalleryPage> MakeHostPages() {
                     "Warning", owl::kMbYesNo | owl::kMbIconExclamation),
         MessagePage("message-plain", "Macro file changes discarded", "Warning", owl::kMbOk),
         {"progress", ShowProgress},
+        {"progress-files", ShowFiles},
         {"input", ShowInput},
     };
 }

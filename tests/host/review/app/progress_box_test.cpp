@@ -140,6 +140,16 @@ TEST_F(Progress, GrowsWithALongerText) {
               box.Window().findChild<QLabel*>()->sizeHint().width());
 }
 
+TEST_F(Progress, LeavesOutTheMiddleOfATextThatIsTooWide) {
+    ProgressBox box("x", nullptr);
+    WorkLasts(box, 300);
+    box.SetText("Saving spectra: 2 of 60: " + std::string(250, 'W') + "_rec.edf.xml");
+    WorkLasts(box, 300);
+    EXPECT_LE(box.Window().width(), 640);
+    EXPECT_TRUE(box.Window().labelText().startsWith("Saving spectra: 2 of 60: WWW"));
+    EXPECT_TRUE(box.Window().labelText().endsWith("W_rec.edf.xml"));
+}
+
 TEST_F(Progress, LetsOtherWindowsLiveWhileTheWorkIsYoung) {
     ProgressBox box("x", nullptr);
     bool served = false;
