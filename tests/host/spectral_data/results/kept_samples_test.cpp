@@ -57,4 +57,19 @@ TEST_F(KeptRecording, HasTheSameSpectraToTheLastBit) {
     EXPECT_EQ(PowersOf12Settings(), fromFile);
 }
 
+TEST_F(KeptRecording, OfSeveralRatesIsResampledOnceForAllSettings) {
+    // Cz comes at half the rate of the others and is brought to theirs.
+    signal::RecordingData data = test::MakeData({{"Fp1", 16, test::Fp1Values(480), "uV"},
+                                                 {"F3", 16, test::F3Values(480), "uV"},
+                                                 {"Cz", 8, test::CzValues(240), "uV"}});
+    source = std::make_shared<test::CountingSource>(data.source);
+    data.source = source;
+    recording = signal::MakeRecording(std::move(data));
+    const auto kept = recording->KeepSamples();
+    SpectMacroResult(test::SmallMacro(), recording.get(), nullptr).Compute(nullptr);
+    const std::vector<unsigned> once = source->Reads();
+    PowersOf12Settings();
+    EXPECT_EQ(source->Reads(), once);
+}
+
 } // namespace
