@@ -139,6 +139,7 @@ void Spectrum::SetupWindow() {
 void Spectrum::Destroy(int retVal) {
     if (IsCreated()) {
         SaveState(*GW().GetUser(), *manager_, state_, Display());
+        RemoveSideBar();
     }
     TheChild::Destroy(retVal);
 }

@@ -160,6 +160,7 @@ protected:
 private:
     /// Puts the side bar with its panels beside the view.
     void CreateSideBar();
+    void RemoveSideBar();
     /// Lets every panel fill itself anew.
     void NotifyPanels();
     /// What the key saves while Ctrl and Shift are held: spectra under many settings, one file each.

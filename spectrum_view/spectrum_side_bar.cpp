@@ -10,16 +10,19 @@
 
 namespace {
 
-/// Puts the side bar before the view, as wide as it wants to be but no wider than the view. \param panes of
-/// the view alone
+/// Puts the side bar before the view, as wide as it wants to be but no wider than the view. Panes that nobody
+/// has seen get these widths when they are shown. \param panes of the view alone
 void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
-    const int room = std::max(1, view.width());
-    const auto ratio = static_cast<float>(sideBar.sizeHint().width()) / static_cast<float>(room);
-    const int width = static_cast<int>(std::min(ratio, 0.5F) * static_cast<float>(room));
+    const int room = view.width();
     panes.insertWidget(panes.indexOf(&view), &sideBar);
     panes.setStretchFactor(panes.indexOf(&sideBar), 0);
     panes.setStretchFactor(panes.indexOf(&view), 1);
-    panes.setSizes({width, room - width});
+    sideBar.show();
+    if (panes.isVisible() && room > 0) {
+        const auto ratio = static_cast<float>(sideBar.sizeHint().width()) / static_cast<float>(room);
+        const int width = static_cast<int>(std::min(ratio, 0.5F) * static_cast<float>(room));
+        panes.setSizes({width, room - width});
+    }
 }
 
 } // namespace
@@ -27,7 +30,6 @@ void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
 void Spectrum::CreateSideBar() {
     Panes().setUpdatesEnabled(false);
     sideBar_ = new TSideBarFormBase(GetHandle());
-    sideBar_->show();
     if (spectraPanel_ == nullptr) {
         spectraPanel_ = new TFormListenerSpectra1(GetHandle(), GW().GetPlatform(), recording_, manager_);
         sideBar_->AddPage(spectraPanel_);
@@ -35,6 +37,17 @@ void Spectrum::CreateSideBar() {
     DockBefore(Panes(), *sideBar_, *this);
     sideBar_->SetActivePage(0);
     Panes().setUpdatesEnabled(true);
+}
+
+void Spectrum::RemoveSideBar() {
+    if (sideBar_ != nullptr) {
+        // Out of the splitter, but not destroyed before the view: one of its panels may be in the middle of
+        // what ended the view.
+        sideBar_->setParent(this);
+    }
+    sideBar_ = nullptr;
+    spectraPanel_ = nullptr;
+    regressionPanel_ = nullptr;
 }
 
 void Spectrum::NotifyPanels() {
