@@ -29,6 +29,8 @@ constexpr Call kCalls[] = {
     {R"(MacroText\()", "MACRO"},
     {R"(FormText\()", "TFormSpectrumMacro"},
     {R"(ExportText\()", "TSpectraExportForm"},
+    {R"(ResultsText\()", "TFormBCIResults"},
+    {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };

@@ -21,6 +21,8 @@
 #include "ui_1631.h"
 #include "ui_export_form.h"
 #include "ui_macro_selection.h"
+#include "ui_regression_panel.h"
+#include "ui_regression_results.h"
 #include "ui_spectrum_macro.h"
 
 #include <string>
@@ -107,7 +109,7 @@ template <class Layout>
 void ExpectGerman(Layout layout, const QString& section, int atLeast = 6) {
     QLocale::setDefault(QLocale("de_DE"));
     const PModule module("Orvanta", nullptr, "no folder");
-    QDialog form;
+    QDialog form; // stands for a panel, too
     layout.setupUi(&form);
     owl::TranslateForm(form, &module, section.toUtf8().constData());
     QLocale::setDefault(QLocale::system());
@@ -144,6 +146,14 @@ TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
 
 TEST(GermanForms, ExportFormSpeaksGermanThroughout) {
     ExpectGerman(Ui::TSpectraExportForm(), "TSpectraExportForm");
+}
+
+TEST(GermanForms, RegressionPanelSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormListenerSpectraBCI(), "TFormListenerSpectraBCI");
+}
+
+TEST(GermanForms, RegressionResultsSpeakGermanThroughout) {
+    ExpectGerman(Ui::TFormBCIResults(), "TFormBCIResults", 4);
 }
 
 TEST(GermanForms, MeasuresDialogSpeaksGermanThroughout) {

@@ -5,8 +5,11 @@
 #include "host/toolkit/table_window.h"
 #include "host/toolkit/window.h"
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/regression_panel.h"
+#include "side_bar/regression_results.h"
 #include "side_bar/spectra_panel.h"
 #include "side_bar/spectrum_macro_form.h"
+#include "spectra_contract/bci_regression.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_macro.h"
@@ -87,6 +90,31 @@ void ShowSpectraPanel(const GallerySample& sample, const TakePicture& take) {
     TFormListenerSpectra1 panel(nullptr, &sample.platform, &sample.recording, &manager);
     panel.resize(kSize);
     take(panel);
+}
+
+/// Eyes closed against eyes open.
+void AddContrast(const GallerySample& sample, SpectraMgr& manager) {
+    AddAnalyses(sample, manager, {"Eyes closed", "Eyes open", "Whole recording"});
+    manager.GetMain()->GetMacro().SetContrastValue(1);
+}
+
+void ShowRegressionPanel(const GallerySample& sample, const TakePicture& take) {
+    constexpr QSize kSize(300, 620);
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddContrast(sample, manager);
+    TFormListenerSpectraBCI panel(nullptr, &sample.platform, &sample.recording, &manager);
+    panel.resize(kSize);
+    take(panel);
+}
+
+void ShowRegressionResults(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddContrast(sample, manager);
+    const std::list<SpectMacroResult*> analyses = {manager.GetMain(), manager.GetSecondary()};
+    std::list<BCIReg> results;
+    manager.ComputeBCIRegression(analyses, results, GetBCISensors(*manager.GetMain()), 1, 32);
+    TFormBCIResults form(nullptr, results, analyses, &sample.platform);
+    take(form);
 }
 
 void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
@@ -192,6 +220,8 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("axis-ranges-typed", ShowScaleBeingTyped),
             page("spectra-info", ShowInfo),
             page("spectra-panel", ShowSpectraPanel),
+            page("bci-panel", ShowRegressionPanel),
+            page("bci-results", ShowRegressionResults),
             page("gadget-bar", ShowGadgetBar),
             page("grid-picker", ShowGridPicker)};
 }

@@ -17,6 +17,7 @@ void AddInfo(CLI::App& app, Command& run);
 void AddDemo(CLI::App& app, Command& run);
 void AddCompute(CLI::App& app, Command& run);
 void AddCompare(CLI::App& app, Command& run);
+void AddRegress(CLI::App& app, Command& run);
 void AddExport(CLI::App& app, Command& run);
 void AddMacro(CLI::App& app, Command& run);
 /// Below the macro command.

@@ -71,7 +71,7 @@ void WarnOfLabels(const SpectraMacro& macro, const EventsManager& events) {
 }
 
 void WarnOfSharedTime(const SpectMacroResult& main, const SpectMacroResult& secondary,
-                      EEGFileInfoType& recording) {
+                      EEGFileInfoType& recording, const std::string& consequence) {
     double shared = 0;
     const std::vector<XTimeInterval> others = Stretches(secondary, recording);
     for (const XTimeInterval& mine : Stretches(main, recording)) {
@@ -82,8 +82,7 @@ void WarnOfSharedTime(const SpectMacroResult& main, const SpectMacroResult& seco
         }
     }
     if (shared > 0) {
-        Warn("the two analyses share " + FixedText(shared, 1) +
-             " s of the recording; p holds only for analyses that share none");
+        Warn("the two analyses share " + FixedText(shared, 1) + " s of the recording; " + consequence);
     }
 }
 

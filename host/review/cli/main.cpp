@@ -37,6 +37,7 @@ int Run(int argc, char** argv) {
     AddDemo(app, run);
     AddCompute(app, run);
     AddCompare(app, run);
+    AddRegress(app, run);
     AddExport(app, run);
     AddRender(app, run);
     AddMacro(app, run);

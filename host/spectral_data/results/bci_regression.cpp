@@ -2,6 +2,8 @@
 #include "host/spectral_data/results/bci_regression.h"
 
 #include "host/spectral_data/statistics/regression.h"
+#include "spectra_contract/sensor.h"
+#include "spectra_contract/spect_macro_result.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,6 +57,29 @@ std::vector<const SensorType*> CommonSensors(const std::vector<ContrastGroup>& g
 
 } // namespace
 
+std::vector<ContrastGroup> GroupsOf(const std::list<SpectMacroResult*>& analyses) {
+    std::vector<ContrastGroup> groups;
+    for (const SpectMacroResult* analysis : analyses) {
+        if (analysis != nullptr) {
+            groups.push_back(
+                {analysis->GetAnalysis(), analysis->GetMacro().GetContrastValue(), analysis->GetName()});
+        }
+    }
+    return groups;
+}
+
+std::vector<ContrastGroup> Comparable(const std::vector<ContrastGroup>& groups) {
+    std::vector<ContrastGroup> used;
+    for (const ContrastGroup& group : groups) {
+        if (group.analysis &&
+            (used.empty() || (group.analysis->Bins() == used.front().analysis->Bins() &&
+                              group.analysis->Resolution() == used.front().analysis->Resolution()))) {
+            used.push_back(group);
+        }
+    }
+    return used;
+}
+
 RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
                                const std::set<const SensorType*>& sensors, double low_hz, double high_hz,
                                std::list<BCIReg>& results) {
@@ -62,15 +87,10 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
     if (low_hz > high_hz) {
         return RegressionCode::ReversedRange;
     }
-    std::vector<ContrastGroup> used;
+    const std::vector<ContrastGroup> used = Comparable(groups);
     std::vector<double> contrasts;
-    for (const ContrastGroup& group : groups) {
-        if (group.analysis &&
-            (used.empty() || (group.analysis->Bins() == used.front().analysis->Bins() &&
-                              group.analysis->Resolution() == used.front().analysis->Resolution()))) {
-            used.push_back(group);
-            contrasts.insert(contrasts.end(), group.analysis->EpochCount(), group.contrast);
-        }
+    for (const ContrastGroup& group : used) {
+        contrasts.insert(contrasts.end(), group.analysis->EpochCount(), group.contrast);
     }
     if (contrasts.empty()) {
         return RegressionCode::NoObservations;
@@ -102,3 +122,33 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
 }
 
 } // namespace orvanta::spectral
+
+std::set<const SensorType*> GetBCISensors(const SpectMacroResult& main) {
+    std::set<const SensorType*> sensors;
+    for (const auto& [sensor, spectrum] : main.GetSensorMap()) {
+        if (sensor->GetType() == Sensor::ScalpEeg) {
+            sensors.insert(sensor);
+        }
+    }
+    return sensors;
+}
+
+std::vector<BCIPoint> GetBCIPoints(const std::list<SpectMacroResult*>& analyses, const BCIReg& result) {
+    using namespace orvanta::spectral;
+    std::vector<BCIPoint> points;
+    for (const ContrastGroup& group : Comparable(GroupsOf(analyses))) {
+        const auto trace = group.analysis->Row(result.Sensor);
+        const auto bin =
+            static_cast<std::uint64_t>(std::llround(result.FreqHz / group.analysis->Resolution()));
+        if (!trace || bin >= group.analysis->Bins()) {
+            continue;
+        }
+        group.analysis->Epochs().ForEach(trace->row, [&](std::span<const float> power) {
+            const double x = std::log10(static_cast<double>(power[bin]));
+            if (std::isfinite(x)) {
+                points.push_back({x, static_cast<double>(group.contrast)});
+            }
+        });
+    }
+    return points;
+}

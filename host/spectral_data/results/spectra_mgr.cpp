@@ -325,11 +325,6 @@ bool SpectraMgr::ReComputeFFT(EEGFileInfoType* recording, double topFrequency, c
 
 int SpectraMgr::ComputeBCIRegression(const std::list<SpectMacroResult*>& analyses, std::list<BCIReg>& results,
                                      const std::set<const SensorType*>& sensors, int low, int high) const {
-    std::vector<orvanta::spectral::ContrastGroup> groups;
-    for (const SpectMacroResult* analysis : analyses) {
-        if (analysis != nullptr) {
-            groups.push_back({analysis->GetAnalysis(), analysis->GetMacro().GetContrastValue()});
-        }
-    }
-    return static_cast<int>(orvanta::spectral::RegressContrast(groups, sensors, low, high, results));
+    return static_cast<int>(orvanta::spectral::RegressContrast(orvanta::spectral::GroupsOf(analyses), sensors,
+                                                               low, high, results));
 }

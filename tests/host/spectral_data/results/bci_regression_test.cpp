@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Expected values: SciPy's linregress of the contrast values on log10 power of the same epochs.
 #include "host/signal_base/recording_error.h"
+#include "spectra_contract/bci_regression.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "tests/host/spectral_data/results/analysis_fixture.h"
 #include "tests/support/failing_source.h"
+#include "tests/support/known_slope.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -155,6 +158,84 @@ TEST_F(Regression, EpochsComputedAgainGiveTheSame) {
     }
     ASSERT_EQ(Regress({open, closed}), 0);
     EXPECT_EQ(results.front().R, kept);
+}
+
+/// Analyses of all four states, whose contrast values are known to depend on log10 power.
+class KnownSlope : public testing::Test {
+protected:
+    KnownSlope() {
+        for (const int contrast : {-1, 1, 3, 5}) {
+            analyses.push_back(test::AddKnownSlope(manager, *recording, contrast));
+        }
+    }
+    int Regress(int low, int high) {
+        return manager.ComputeBCIRegression(analyses, results, GetBCISensors(*analyses.front()), low, high);
+    }
+    const SensorType* Sensor(const char* name) const { return test::SensorOf(*recording, name); }
+
+    test::GlobalsGuard guard;
+    std::unique_ptr<EEGFileInfoType> recording = test::KnownSlopeRecording();
+    SpectraMgr manager{recording.get(), nullptr};
+    std::list<SpectMacroResult*> analyses;
+    std::list<BCIReg> results;
+};
+
+TEST_F(KnownSlope, IsFound) {
+    ASSERT_EQ(Regress(10, 10), 0);
+    ASSERT_EQ(results.size(), 3u);
+    const BCIReg& rising = results.front();
+    EXPECT_EQ(rising.Sensor, Sensor("O1"));
+    EXPECT_NEAR(rising.R, 1, 1e-7);
+    EXPECT_NEAR(rising.K, 2, 1e-6);
+    EXPECT_NEAR(rising.M, 1, 1e-6);
+    EXPECT_EQ(rising.Count, 20u);
+    const BCIReg& falling = *std::next(results.begin());
+    EXPECT_NEAR(falling.R, -1, 1e-7);
+    EXPECT_NEAR(falling.K, -2, 1e-6);
+    EXPECT_NEAR(falling.M, 3, 1e-6);
+}
+
+TEST_F(KnownSlope, IsNotComputableWithoutPower) {
+    ASSERT_EQ(Regress(10, 10), 0);
+    const BCIReg& flat = results.back();
+    EXPECT_EQ(flat.Sensor, Sensor("Cz"));
+    EXPECT_TRUE(std::isnan(flat.R) && std::isnan(flat.K) && std::isnan(flat.M));
+    EXPECT_EQ(flat.Count, 0u);
+    EXPECT_TRUE(GetBCIPoints(analyses, flat).empty());
+}
+
+TEST_F(KnownSlope, HasAPointForEachEpoch) {
+    const BCIReg pair{.Sensor = Sensor("O1"), .FreqHz = 10};
+    const std::vector<BCIPoint> points = GetBCIPoints(analyses, pair);
+    ASSERT_EQ(points.size(), 20u);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const double contrast = std::array{-1, 1, 3, 5}[i / 5];
+        EXPECT_EQ(points[i].Contrast, contrast);
+        EXPECT_NEAR(points[i].LogPower, (contrast - 1) / 2, 1e-6);
+    }
+}
+
+TEST_F(KnownSlope, HasTheSamePointsInEveryEntity) {
+    const BCIReg pair{.Sensor = Sensor("O1"), .FreqHz = 10};
+    const std::vector<BCIPoint> power = GetBCIPoints(analyses, pair);
+    SPECT::GetGlobals().SetMeasEntity(SPECT::Entity::Type::Coherence);
+    EXPECT_EQ(GetBCIPoints(analyses, pair), power);
+}
+
+TEST_F(KnownSlope, HasNoPointWhereThereIsNoSuchPair) {
+    EXPECT_TRUE(GetBCIPoints(analyses, {.Sensor = Sensor("O1"), .FreqHz = 33}).empty());
+    EXPECT_TRUE(GetBCIPoints(analyses, {.Sensor = nullptr, .FreqHz = 10}).empty());
+    EXPECT_TRUE(GetBCIPoints({}, {.Sensor = Sensor("O1"), .FreqHz = 10}).empty());
+}
+
+TEST_F(KnownSlope, TakesTheSensorsWithAKnownScalpPosition) {
+    EXPECT_EQ(GetBCISensors(*analyses.front()),
+              (std::set<const SensorType*>{Sensor("O1"), Sensor("O2"), Sensor("Cz")}));
+    const auto unplaced = test::KnownSlopeRecording("EEG one", "EEG two", "Cz");
+    SpectraMgr others(unplaced.get(), nullptr);
+    const SpectMacroResult* analysis = test::AddKnownSlope(others, *unplaced, 1);
+    EXPECT_EQ(analysis->GetSensorMap().size(), 3u);
+    EXPECT_EQ(GetBCISensors(*analysis), std::set<const SensorType*>{test::SensorOf(*unplaced, "Cz")});
 }
 
 } // namespace
