@@ -4,6 +4,7 @@
 #include "host/toolkit/gadget_bar.h"
 #include "host/toolkit/table_window.h"
 #include "host/toolkit/window.h"
+#include "side_bar/export_form.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/regression_panel.h"
 #include "side_bar/regression_results.h"
@@ -117,6 +118,13 @@ void ShowRegressionResults(const GallerySample& sample, const TakePicture& take)
     take(form);
 }
 
+void ShowExport(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddAnalyses(sample, manager, {"Eyes closed", "Eyes open", "Around tones", "Whole recording"});
+    TSpectraExportForm form(nullptr, &manager);
+    take(form);
+}
+
 void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
     SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
     SpectMeasDlg dialog(nullptr, &sample.platform, &manager);
@@ -222,6 +230,7 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("spectra-panel", ShowSpectraPanel),
             page("bci-panel", ShowRegressionPanel),
             page("bci-results", ShowRegressionResults),
+            page("spectra-export", ShowExport),
             page("gadget-bar", ShowGadgetBar),
             page("grid-picker", ShowGridPicker)};
 }

@@ -3,6 +3,7 @@
 
 #include "host/spectral_data/results/analysis.h"
 #include "tests/host/spectral_data/results/analysis_fixture.h"
+#include "tests/support/failing_source.h"
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,66 @@ TEST_F(EpochAccess, TraceByTraceBothGiveTheSameBits) {
             ExpectSame(epoch, row);
         }
     }
+}
+
+TEST_F(EpochAccess, BlockByBlockBothGiveTheSameBits) {
+    for (const std::uint32_t rows : {1U, 3U, kRows}) {
+        std::uint64_t next = 0;
+        EXPECT_TRUE(again->Epochs().ForEachBlock(rows, [&](std::uint64_t first, std::uint64_t last) {
+            EXPECT_EQ(first, next);
+            next = last;
+            for (std::uint64_t epoch = first; epoch < last; ++epoch) {
+                for (std::uint32_t row = 0; row < rows; ++row) {
+                    ExpectSame(epoch, row);
+                }
+            }
+            return true;
+        }));
+        EXPECT_EQ(next, kEpochs);
+    }
+}
+
+TEST_F(EpochAccess, BlocksEndWhereTheVisitorHasEnough) {
+    for (const auto& analysis : {kept, again}) {
+        int visits = 0;
+        EXPECT_FALSE(analysis->Epochs().ForEachBlock(kRows, [&](std::uint64_t, std::uint64_t) {
+            ++visits;
+            return false;
+        }));
+        EXPECT_EQ(visits, 1);
+    }
+}
+
+TEST_F(EpochAccess, BlocksHaveNoMoreRowsThanThereAre) {
+    EXPECT_THROW(again->Epochs().ForEachBlock(kRows + 1, [](std::uint64_t, std::uint64_t) { return true; }),
+                 std::out_of_range);
+}
+
+TEST(EpochBlocks, AreNotReadAgainAndStaySmall) {
+    signal::RecordingData data = test::SmallData(36'000);
+    auto source = std::make_shared<test::FailingSource>(data.source);
+    data.source = source;
+    const auto recording = signal::MakeRecording(std::move(data));
+    ComputeOptions options = test::WithoutMemory();
+    options.threads = 1;
+    const auto analysis =
+        Analysis::Compute(test::InputOf(*recording, test::SmallMacro(), MontageType(), options), nullptr);
+    int reads = 0, blocks = 0;
+    source->BeforeRead = [&] { ++reads; };
+    analysis->Epochs().ForEachBlock(3, [&](std::uint64_t first, std::uint64_t last) {
+        const int before = reads;
+        for (std::uint64_t epoch = first; epoch < last; ++epoch) {
+            for (std::uint32_t row = 0; row < 3; ++row) {
+                analysis->Epochs().Power(epoch, row);
+            }
+        }
+        EXPECT_EQ(reads, before) << "what a block holds is not read again";
+        EXPECT_LE((last - first) * 3 * 5 * sizeof(float), std::size_t{4} << 20);
+        ++blocks;
+        return true;
+    });
+    EXPECT_EQ(blocks, 2); // 71,999 epochs of 60 bytes, 4 MiB at a time
+    EXPECT_GT(reads, 0);
 }
 
 TEST_F(EpochAccess, EpochByEpochBothGiveTheSameBits) {
