@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
+#include <string_view>
 
 namespace orvanta::spectral {
 
@@ -73,8 +73,8 @@ char* WriteFixed(char* out, const char* digits, int count, int exponent) {
 
 char* WriteGeneral(char* out, double value) {
     if (!std::isfinite(value)) {
-        std::memcpy(out, "n/a", 3);
-        return out + 3;
+        constexpr std::string_view kNotAvailable = "n/a";
+        return std::copy(kNotAvailable.begin(), kNotAvailable.end(), out);
     }
     // Within these bounds the power of ten that makes an integer of the digits is exact.
     constexpr double kSmall = 1e-16, kLarge = 1e26;
