@@ -1,7 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/event_rows.h"
 
+#include <string_view>
+#include <unordered_map>
+
 namespace orvanta::side_bar {
+
+namespace {
+
+/// Intervals of all state events by label, from one pass: one per type would take kinds times events.
+std::unordered_map<std::string_view, XTimeList> StateIntervals(const EventsManager& events) {
+    std::unordered_map<std::string_view, XTimeList> intervals;
+    for (const EventRecord& event : events.GetEvents()) {
+        if (event.Class == EventClass::State) {
+            intervals[event.Label].push_back(event.Interval);
+        }
+    }
+    return intervals;
+}
+
+} // namespace
 
 std::uint32_t WholeSeconds(const XTimeList& intervals, std::uint32_t rate) {
     if (rate == 0) {
@@ -18,14 +36,15 @@ std::vector<EventRow> EventRowsOf(const EventsManager& events, EventClass eventC
     EventsCountMap counts;
     events.GetEventsCountMap(counts, eventClass, false);
     std::vector<EventRow> rows;
+    rows.reserve(counts.size());
     for (const auto& [type, count] : counts) {
-        EventRow row{type, count};
-        if (eventClass == EventClass::State) {
-            XTimeList intervals;
-            events.GetTimeListFromType(type, intervals);
-            row.seconds = WholeSeconds(intervals, events.GetEventsSR());
+        rows.push_back({type, count});
+    }
+    if (eventClass == EventClass::State) {
+        const auto intervals = StateIntervals(events);
+        for (EventRow& row : rows) {
+            row.seconds = WholeSeconds(intervals.at(row.type.GetLabel()), events.GetEventsSR());
         }
-        rows.push_back(row);
     }
     return rows;
 }

@@ -44,7 +44,7 @@ void OpenSettings(benchmark::State& state) {
         ShowOnce(form);
     }
 }
-BENCHMARK(OpenSettings)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenSettings)->Arg(10)->Arg(200)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 /// Argument: macros in the library.
 void OpenLibrary(benchmark::State& state) {
