@@ -4,14 +4,44 @@
 #include "host/toolkit/modal_gateway.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShowEvent>
 
 namespace owl {
 
+namespace {
+
+/// By how much the form is too small for all that it scrolls to be seen at once.
+QSize MissingRoom(const QWidget& form) {
+    QSize missing(0, 0);
+    for (const QScrollArea* area : form.findChildren<QScrollArea*>()) {
+        if (area->widget() != nullptr) {
+            const int frames = 2 * area->frameWidth();
+            const QSize needed = area->widget()->minimumSizeHint().expandedTo(area->widget()->minimumSize());
+            missing = missing.expandedTo(needed + QSize(frames, frames) - area->size());
+        }
+    }
+    return missing;
+}
+
+/// Qt does so for the Tab key alone.
+void ScrollIntoView(const QWidget& form, QWidget* focused) {
+    for (QScrollArea* area : form.findChildren<QScrollArea*>()) {
+        if (focused != nullptr && area->widget() != nullptr && area->widget()->isAncestorOf(focused)) {
+            area->ensureWidgetVisible(focused);
+        }
+    }
+}
+
+} // namespace
+
 TForm::TForm(HWND parent) : QDialog(parent.Widget()) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* focused) { ScrollIntoView(*this, focused); });
 }
 
 int TForm::ShowModal() {
@@ -31,7 +61,9 @@ void TForm::showEvent(QShowEvent* event) {
     if (!placed_ && !event->spontaneous()) {
         const QRect free = screen()->availableGeometry();
         const QSize border = frameGeometry().size() - geometry().size();
-        resize(geometry().size().boundedTo(free.size() - border));
+        // What the controls need is known now that they have their fonts.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        resize((geometry().size() + MissingRoom(*this)).boundedTo(free.size() - border));
         const QSize size = frameGeometry().size();
         // A form larger than the screen still shows its title.
         move(std::max(free.left(), free.center().x() - size.width() / 2),

@@ -11,8 +11,9 @@ class QAbstractButton;
 
 namespace owl {
 
-/// Stands at the centre of the screen when it is first shown, no larger than it unless its controls need
-/// more.
+/// Stands at the centre of the screen when it is first shown, large enough for what it scrolls where the
+/// screen has the room, and no larger than the screen unless its controls need more. What gets the focus is
+/// scrolled into view.
 class ORVANTA_TOOLKIT_API TForm : public QDialog {
 public:
     /// \param parent window that the form belongs to; may be null

@@ -9,6 +9,8 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 #include <QTreeWidget>
@@ -453,13 +455,45 @@ TEST(SettingsForm, HasAChooserForFilesThatNothingAsksWith) {
                                  true}));
 }
 
-TEST(SettingsForm, FitsASmallScreen) {
+/// Width and height of the screen less what the title and a task bar take.
+class SettingsOnASmallScreen : public testing::TestWithParam<QSize> {};
+
+TEST_P(SettingsOnASmallScreen, HaveEveryControlWithinReach) {
     SettingsCase given;
-    const OpenForm form(given);
-    EXPECT_LE(form.width(), 1366);
-    EXPECT_LE(form.height(), 700);
-    EXPECT_LE(form.minimumSizeHint().width(), 1000);
-    EXPECT_LE(form.minimumSizeHint().height(), 600);
+    OpenForm form(given);
+    form.resize(GetParam());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.size(), GetParam()) << "the form cannot be made as small";
+    auto* scroller = form.findChild<QScrollArea*>("scroller");
+    ASSERT_NE(scroller, nullptr);
+    for (const char* button : {"BitBtnCompute", "BitBtnSaveAs", "BitBtn3"}) {
+        const QWidget* shown = form.findChild<QWidget*>(button);
+        EXPECT_TRUE(form.rect().contains(QRect(shown->mapTo(&form, QPoint(0, 0)), shown->size()))) << button;
+    }
+    for (QWidget* control : scroller->widget()->findChildren<QWidget*>()) {
+        const bool reached = control->focusPolicy() != Qt::NoFocus && !control->objectName().isEmpty() &&
+                             !control->objectName().startsWith("qt_") && control->isVisible();
+        if (reached) {
+            const QPoint corner = control->mapTo(scroller->widget(), QPoint(0, 0));
+            scroller->horizontalScrollBar()->setValue(corner.x());
+            scroller->verticalScrollBar()->setValue(corner.y());
+            const QRect place(control->mapTo(scroller->viewport(), QPoint(0, 0)), control->size());
+            EXPECT_TRUE(scroller->viewport()->rect().contains(place)) << control->objectName().toStdString();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, SettingsOnASmallScreen,
+                         testing::Values(QSize(1024, 560), QSize(800, 560), QSize(640, 440)));
+
+TEST(SettingsForm, NeedsNoScrollingOnALargerScreen) {
+    SettingsCase given;
+    OpenForm form(given);
+    form.resize(1024, 560);
+    QCoreApplication::processEvents();
+    auto* scroller = form.findChild<QScrollArea*>("scroller");
+    EXPECT_FALSE(scroller->horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(scroller->verticalScrollBar()->isVisible());
 }
 
 } // namespace

@@ -3,8 +3,13 @@
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 
+#include <QApplication>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace {
@@ -88,6 +93,55 @@ TEST(TForm, ShowsItsTitleWhenItIsLargerThanTheScreen) {
     form.setMinimumSize(form.screen()->availableGeometry().size() * 2);
     form.show();
     EXPECT_EQ(form.pos(), form.screen()->availableGeometry().topLeft());
+}
+
+/// A form of 200 x 200 pixels that scrolls two edits, the second far below the first.
+class ScrollingForm final : public owl::TForm {
+public:
+    explicit ScrollingForm(int contentHeight)
+        : TForm(nullptr), area(new QScrollArea(this)), first(new QLineEdit), last(new QLineEdit) {
+        auto* contents = new QWidget;
+        auto* rows = new QVBoxLayout(contents);
+        rows->addWidget(first);
+        rows->addStretch();
+        rows->addWidget(last);
+        contents->setMinimumSize(300, contentHeight);
+        area->setWidget(contents);
+        area->setWidgetResizable(true);
+        (new QVBoxLayout(this))->addWidget(area);
+        resize(200, 200);
+    }
+
+    QScrollArea* area;
+    QLineEdit* first;
+    QLineEdit* last;
+};
+
+TEST(TForm, OpensLargeEnoughForAllThatItScrolls) {
+    ScrollingForm form(500);
+    form.show();
+    QApplication::processEvents();
+    EXPECT_GE(form.area->viewport()->width(), 300);
+    EXPECT_GE(form.area->viewport()->height(), 500);
+    EXPECT_LT(form.height(), 560);
+}
+
+TEST(TForm, ScrollsWhatTheScreenHasNoRoomFor) {
+    ScrollingForm form(3000);
+    form.show();
+    EXPECT_LE(form.frameGeometry().height(), form.screen()->availableSize().height());
+    EXPECT_TRUE(form.area->verticalScrollBar()->isVisible());
+}
+
+TEST(TForm, ScrollsToWhatGetsTheFocus) {
+    ScrollingForm form(3000);
+    form.show();
+    form.activateWindow();
+    QApplication::processEvents();
+    form.last->setFocus(Qt::ShortcutFocusReason);
+    EXPECT_EQ(form.area->verticalScrollBar()->value(), form.area->verticalScrollBar()->maximum());
+    form.first->setFocus(Qt::ShortcutFocusReason);
+    EXPECT_LE(form.area->verticalScrollBar()->value(), form.first->y());
 }
 
 TEST(TForm, BelongsToItsParent) {
