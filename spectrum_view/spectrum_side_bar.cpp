@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What stands beside the view.
+#include "side_bar/regression_panel.h"
 #include "side_bar/side_bar_form.h"
 #include "side_bar/spectra_panel.h"
+#include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/spectrum.h"
 
 #include <QSplitter>
@@ -33,6 +35,11 @@ void Spectrum::CreateSideBar() {
     if (spectraPanel_ == nullptr) {
         spectraPanel_ = new TFormListenerSpectra1(GetHandle(), GW().GetPlatform(), recording_, manager_);
         sideBar_->AddPage(spectraPanel_);
+    }
+    constexpr int kWithRegression = 2;
+    if (regressionPanel_ == nullptr && manager_->GetStatMode() == kWithRegression) {
+        regressionPanel_ = new TFormListenerSpectraBCI(GetHandle(), GW().GetPlatform(), recording_, manager_);
+        sideBar_->AddPage(regressionPanel_);
     }
     DockBefore(Panes(), *sideBar_, *this);
     sideBar_->SetActivePage(0);

@@ -103,6 +103,21 @@ TEST_F(BesideTheView, HasOneTabOutsideOfStatisticsModeTwo) {
     EXPECT_EQ(SideBar()->GetPageCount(), 1);
 }
 
+TEST_F(BesideTheView, HasTheTabOfTheRegressionInStatisticsModeTwo) {
+    Add();
+    manager.SetStatMode(2);
+    ShowFocused();
+    EXPECT_EQ(SideBar()->GetPageCount(), 2);
+    QStringList captions;
+    for (const auto* tab : SideBar()->findChildren<QAbstractButton*>()) {
+        if (tab->text() == "t-test" || tab->text() == "BCI") {
+            captions << tab->text() + (tab->isChecked() ? " in front" : "");
+        }
+    }
+    EXPECT_EQ(captions, (QStringList{"t-test in front", "BCI"}));
+    EXPECT_TRUE(Panel()->isVisible());
+}
+
 TEST_F(BesideTheView, IsToldOfANewMontage) {
     Add();
     Add();
