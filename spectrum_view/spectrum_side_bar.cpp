@@ -15,7 +15,9 @@ namespace {
 /// Puts the side bar before the view, as wide as it wants to be but no wider than the view. Panes that nobody
 /// has seen get these widths when they are shown. \param panes of the view alone
 void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
+    constexpr int kHandle = 7; // wide enough to be caught with the mouse
     const int room = view.width();
+    panes.setHandleWidth(kHandle);
     panes.insertWidget(panes.indexOf(&view), &sideBar);
     panes.setStretchFactor(panes.indexOf(&sideBar), 0);
     panes.setStretchFactor(panes.indexOf(&view), 1);

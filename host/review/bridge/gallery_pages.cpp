@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/bridge/gallery_pages.h"
 
+#include "host/review/bridge/spectrum_window.h"
 #include "host/toolkit/gadget_bar.h"
 #include "host/toolkit/table_window.h"
 #include "host/toolkit/window.h"
@@ -125,6 +126,22 @@ void ShowExport(const GallerySample& sample, const TakePicture& take) {
     take(form);
 }
 
+void ShowView(const GallerySample& sample, const TakePicture& take, const QSize& size, int statMode) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddAnalyses(sample, manager, {"Eyes closed", "Eyes open", "Whole recording"});
+    manager.SetStatMode(statMode);
+    ShowSpectrumWindow(sample, manager, size, take);
+}
+
+/// As large as it can be on a small screen, with both panels.
+void ShowSpectrumView(const GallerySample& sample, const TakePicture& take) {
+    ShowView(sample, take, {1366, 700}, 2);
+}
+
+void ShowSmallSpectrumView(const GallerySample& sample, const TakePicture& take) {
+    ShowView(sample, take, {640, 420}, 0);
+}
+
 void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
     SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
     SpectMeasDlg dialog(nullptr, &sample.platform, &manager);
@@ -227,6 +244,8 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("axis-ranges", ShowScale),
             page("axis-ranges-typed", ShowScaleBeingTyped),
             page("spectra-info", ShowInfo),
+            page("spectrum-view", ShowSpectrumView),
+            page("spectrum-view-small", ShowSmallSpectrumView),
             page("spectra-panel", ShowSpectraPanel),
             page("bci-panel", ShowRegressionPanel),
             page("bci-results", ShowRegressionResults),
