@@ -139,6 +139,7 @@ void Spectrum::SetupWindow() {
 void Spectrum::Destroy(int retVal) {
     if (IsCreated()) {
         SaveState(*GW().GetUser(), *manager_, state_, Display());
+        TakePanelsBack(); // a view that ends is not told that the focus leaves it
         RemoveSideBar();
     }
     TheChild::Destroy(retVal);

@@ -175,6 +175,8 @@ private:
 
     /// What the application's side bar has while the view has the focus.
     std::vector<QWidget*> Panels() const;
+    /// Out of the application's side bar.
+    void TakePanelsBack();
 
     /// The grid starts with this trace.
     void ShowFrom(std::uint64_t trace);

@@ -72,10 +72,13 @@ void Spectrum::CmSetMaxAxis() {
 }
 
 void Spectrum::CmSetBands() {
+    const QPointer<Spectrum> alive(this);
     if (SpectrumBandDlg(this, GW().GetPlatform(), manager_).Execute() == owl::kIdOk) {
         CmRecompute();
     }
-    SetFocus();
+    if (alive) {
+        SetFocus();
+    }
 }
 
 void Spectrum::CmSpectraInfo() {
@@ -146,11 +149,16 @@ void Spectrum::CmEditOptions() {
     constexpr int kEdit = 2;
     SensorList sensors;
     recording_->GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily, Sensor::Class::Eeg);
-    TFormSpectrumMacro form(GetHandle(), "", &main->GetMacro(), recording_->GetEventsManager(), sensors,
-                            kEdit);
-    if (form.ShowModal() == owl::kIdOk) {
+    const QPointer<Spectrum> alive(this);
+    // The form is gone before the computation, in which the view may go with all that belongs to it.
+    if (TFormSpectrumMacro(GetHandle(), "", &main->GetMacro(), recording_->GetEventsManager(), sensors, kEdit)
+            .ShowModal() == owl::kIdOk) {
         CmRecompute();
-        NotifyPanels();
+        if (alive) {
+            NotifyPanels();
+        }
     }
-    SetFocus();
+    if (alive) {
+        SetFocus();
+    }
 }

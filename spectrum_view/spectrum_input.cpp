@@ -81,8 +81,11 @@ LPARAM Spectrum::EvCbMontage(WPARAM index, LPARAM /*unused*/) {
     const int selected = montages_ != nullptr ? montages_->currentIndex() : -1;
     recording_->ChangeMntg(selected >= 0 ? static_cast<std::size_t>(selected) : index, true);
     state_.firstTrace = 0;
+    const QPointer<Spectrum> alive(this);
     CmRecompute();
-    NotifyPanels();
+    if (alive) {
+        NotifyPanels();
+    }
     return 0;
 }
 
@@ -132,6 +135,10 @@ void Spectrum::EvSetFocus(HWND lost) {
 
 void Spectrum::EvKillFocus(HWND gets) {
     TheChild::EvKillFocus(gets);
+    TakePanelsBack();
+}
+
+void Spectrum::TakePanelsBack() {
     SideBarManager& sideBar = GW().GetSideBar();
     for (QWidget* panel : Panels()) {
         sideBar.RemovePanel(*panel);

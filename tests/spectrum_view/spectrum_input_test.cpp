@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Keys, wheel and mouse as they come from Qt, the montage box, and the focus.
 #include "side_bar/macro_selection_form.h"
+#include "side_bar/regression_panel.h"
 #include "side_bar/side_bar_form.h"
+#include "side_bar/spectra_panel.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
@@ -202,9 +204,24 @@ TEST_F(DoubleClick, DoesNothingInAnotherMontage) {
 }
 
 TEST_F(DoubleClick, TakesTheMontageBoxWithIt) {
-    ClickOn("Fp1");
     const auto* montages = view->GetToolBar().findChild<QComboBox*>();
-    EXPECT_GE(montages->findText(QString::fromStdString(Reference().GetName())), 0);
+    const int place = montages->findText("Reference Cz");
+    ASSERT_GE(place, 0);
+    const int chosen = montages->currentIndex();
+    ClickOn("Fp1");
+    EXPECT_EQ(montages->itemText(place).toStdString(), "Reference Fp1");
+    EXPECT_EQ(montages->currentIndex(), chosen);
+}
+
+TEST_F(DoubleClick, OnlyComputesAgainInTheGridWhereNoCellHasASpectrumOfIt) {
+    view->CmGridView();
+    RunQueue();
+    ASSERT_THAT(TraceNames(), testing::Each("-"));
+    const std::size_t before = Computations();
+    const owl::TRect cell = Rectangles().front();
+    ClickAt({(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2});
+    EXPECT_THAT(ChannelsOf(Montage()), ElementsAre("Fp1-Cz", "F3-Cz"));
+    EXPECT_EQ(Computations(), before + 1);
 }
 
 TEST_F(DoubleClick, DoesNothingWithTheRightButton) {
@@ -312,6 +329,69 @@ TEST_F(Focus, TellsTheSideBarOfTheApplication) {
     EXPECT_EQ(window.sideBar.calls, (std::vector<std::string>{"add true false", "add true false", "update",
                                                               "remove", "remove", "update"}));
     view->SetExtraPanel(nullptr);
+}
+
+TEST_F(Focus, MakesItsPanelsAfterTheSideBarOfTheApplicationWasTold) {
+    Add();
+    Open();
+    GiveFocus();
+    EXPECT_THAT(window.sideBar.calls, ElementsAre("update"));
+}
+
+/// A main window whose side bar knows which panels it has.
+class ListingWindow final : public GlobalWindow {
+public:
+    struct Listing final : SideBarManager {
+        void AddPanel(QWidget& panel, bool /*show*/, bool /*activate*/) override { panels.push_back(&panel); }
+        void RemovePanel(QWidget& panel) override { std::erase(panels, &panel); }
+        void Update() override { ++updates; }
+
+        std::vector<QWidget*> panels;
+        int updates = 0;
+    };
+    GenericPlatform* GetPlatform() const override { return &platform; }
+    std::string GetErrorStr() const override { return "Error"; }
+    bool IsQuiet() const override { return true; }
+    void SetMessageText(const std::string& /*text*/) override {}
+    SideBarManager& GetSideBar() override { return listing; }
+
+    mutable test::FakePlatform platform;
+    Listing listing;
+};
+
+class ListedPanels : public Focus {
+protected:
+    ListedPanels() {
+        Add();
+        manager.SetStatMode(2);
+        view = std::make_unique<Spectrum>(listingWindow, recording.get(), &manager, false);
+        view->Create();
+        view->SetExtraPanel(&extra);
+        GiveFocus(); // makes the panels
+        TakeFocus();
+        GiveFocus();
+    }
+    ~ListedPanels() override { view.reset(); }
+
+    QWidget extra;
+    ListingWindow listingWindow;
+};
+
+TEST_F(ListedPanels, AreThoseOfSpectraAndRegressionAndThenTheExtraOne) {
+    const std::vector<QWidget*>& panels = listingWindow.listing.panels;
+    ASSERT_EQ(panels.size(), 3u);
+    EXPECT_NE(dynamic_cast<TFormListenerSpectra1*>(panels[0]), nullptr);
+    EXPECT_NE(dynamic_cast<TFormListenerSpectraBCI*>(panels[1]), nullptr);
+    EXPECT_EQ(panels[2], &extra);
+    TakeFocus();
+    EXPECT_THAT(panels, IsEmpty());
+}
+
+TEST_F(ListedPanels, AreGivenBackByAViewThatEndsWithTheFocus) {
+    const int before = listingWindow.listing.updates;
+    view->Destroy();
+    EXPECT_THAT(listingWindow.listing.panels, IsEmpty());
+    EXPECT_GT(listingWindow.listing.updates, before);
 }
 
 TEST_F(Focus, MakesTheSideBarWhenItComesFirst) {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Views whose analyses go, views beside each other, views that end in the middle of their work.
+#include "side_bar/spectrum_macro_form.h"
+#include "spectrum_view/dialogs/band_dialog.h"
 #include "spectrum_view/dialogs/measures_dialog.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
@@ -167,6 +169,37 @@ TEST_F(EndedView, MayEndInAnyCommandThatComputes) {
         command();
         RunQueue();
         ExpectEnded();
+    }
+}
+
+TEST_F(EndedView, MayBeDeletedInAnyCommandThatComputes) {
+    test::ScriptedUser user;
+    const std::pair<const char*, std::function<void()>> commands[] = {
+        {"recompute", [this] { view->RunCommand(kCmRecompute); }},
+        {"next selection", [this] { view->RunCommand(kCmNextSelection); }},
+        {"scalp", [this] { view->RunCommand(kCmHeadView); }},
+        {"montage", [this] { view->SendMessage(kMontageSelector, 1); }},
+        {"options",
+         [&] {
+             user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { form.accept(); });
+             view->RunCommand(kCmEditOptions);
+         }},
+        {"bands",
+         [&] {
+             user.Meets<SpectrumBandDlg>([](SpectrumBandDlg& dialog) { dialog.accept(); });
+             view->RunCommand(kCmSetBands);
+         }},
+    };
+    for (const auto& [name, command] : commands) {
+        window.platform.gui.OnProgress = {};
+        UseFiveBipolarChannels();
+        Open();
+        view->Dispatch({{owl::EventKind::Window, static_cast<unsigned>(owl::WindowEvent::SetFocus)},
+                        owl::FocusArgs{nullptr}}); // with its side bar
+        window.platform.gui.OnProgress = [this] { view.reset(); };
+        command();
+        EXPECT_EQ(view, nullptr) << name;
+        EXPECT_TRUE(manager.GetMain()->IsComputed()) << name;
     }
 }
 
