@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Views whose analyses go, views beside each other, views that end in the middle of their work.
+#include "resources/dialogs/dialog_templates.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectrum_view/dialogs/band_dialog.h"
 #include "spectrum_view/dialogs/measures_dialog.h"
+#include "spectrum_view/dialogs/scale_dialog.h"
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/scripted_user.h"
+
+#include <QTest>
 
 namespace {
 
@@ -284,6 +288,42 @@ TEST_F(DrawnAgain, NotForTheSameModeNorForMeasuresThatAreCopiedOrChosen) {
         EXPECT_EQ(DrawsAfter([&] { view->RunCommand(id); }), 0) << id;
     }
     EXPECT_EQ(window.platform.gui.Progresses().size(), computed);
+}
+
+TEST_F(DrawnAgain, ForTheKeysThatScaleTheCurvesOnly) {
+    const auto drawsAfterKey = [this](Qt::Key key) {
+        return DrawsAfter([&] { QTest::keyClick(view.get(), key); });
+    };
+    EXPECT_EQ(drawsAfterKey(Qt::Key_Down), 1);
+    EXPECT_EQ(drawsAfterKey(Qt::Key_Up), 1);
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_PageDown, Qt::Key_1}) {
+        EXPECT_EQ(drawsAfterKey(key), 0) << key;
+    }
+    services.keys.Hold(owl::kVkControl);
+    services.keys.Hold(owl::kVkShift);
+    EXPECT_EQ(drawsAfterKey(Qt::Key_Down), 0);
+}
+
+TEST_F(DrawnAgain, ForAnotherFontAndOtherAxisRangesButNotWhenTheyAreCancelled) {
+    resources::RegisterDialogs();
+    test::ScriptedUser user;
+    user.ChoosesFont(owl::TFont{"Verdana", 20, true, false});
+    EXPECT_EQ(DrawsAfter([this] { view->CmSelectFont(); }), 1);
+    user.ChoosesFont(std::nullopt);
+    EXPECT_EQ(DrawsAfter([this] { view->CmSelectFont(); }), 0);
+    user.Meets<SpectrumScaleDlg>([](SpectrumScaleDlg& dialog) { dialog.accept(); });
+    EXPECT_EQ(DrawsAfter([this] { view->CmSetMaxAxis(); }), 1);
+    user.Meets<SpectrumScaleDlg>([](SpectrumScaleDlg& dialog) { dialog.reject(); });
+    EXPECT_EQ(DrawsAfter([this] { view->CmSetMaxAxis(); }), 0);
+    resources::ForgetDialogs();
+}
+
+TEST_F(DrawnAgain, NotWhileItIsMinimized) {
+    EXPECT_EQ(DrawsAfter([this] {
+                  view->Dispatch({{owl::EventKind::Window, static_cast<unsigned>(owl::WindowEvent::Size)},
+                                  owl::SizeArgs{owl::kSizeMinimized, {0, 0}}});
+              }),
+              0);
 }
 
 TEST_F(DrawnAgain, APickedGridGivesTheFocusBack) {
