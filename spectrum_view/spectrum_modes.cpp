@@ -78,24 +78,28 @@ void Spectrum::CheckAndRecompute(bool quiet) {
     SPECT::FrequencyRange& range = Display().range;
     range = SPECT::ClampFrequencyRange(range.bottom, range.top, LoadedRate());
     const MontageType& montage = recording_->GetTraceInfo()->GetMtg();
+    // The view may go while the progress is shown; these outlive it.
     const QPointer<Spectrum> alive(this);
+    SpectraMgr& manager = *manager_;
+    EEGFileInfoType* const recording = recording_;
+    BatchRun* const batch = batch_;
     if (main->IsRecomputingNeeded(montage, events, range.top)) {
         // A batch has one display for all of its files.
-        const bool own = !quiet && batch_ == nullptr;
+        const bool own = !quiet && batch == nullptr;
         try {
             const std::unique_ptr<GenericProgress> progress(
                 own ? GW().GetPlatform()->CreateProgress("Computing Spectra...", MSWindow(GetHandle()))
                     : nullptr);
-            manager_->ReComputeFFT(recording_, range.top, events,
-                                   batch_ != nullptr ? batch_->progress.Computation() : progress.get());
+            manager.ReComputeFFT(recording, range.top, events,
+                                 batch != nullptr ? batch->progress.Computation() : progress.get());
         } catch (const std::exception& failure) {
             qInfo("%s", failure.what()); // the view shows what there is
-            if (alive && batch_ != nullptr && !main->IsComputed()) {
-                batch_->failures.NotComputed(failure.what());
+            if (alive && batch != nullptr && !main->IsComputed()) {
+                batch->failures.NotComputed(failure.what());
             }
         }
     }
-    if (alive) { // it may go while the progress is shown
+    if (alive) {
         SetFocus();
     }
 }
