@@ -124,6 +124,7 @@ void Spectrum::CmNewSpectrum() {
             asking_ = false;
         }
     });
+    std::int32_t answer = 0;
     {
         EnableWindow(false);
         const auto answered = qScopeGuard([&] {
@@ -131,7 +132,11 @@ void Spectrum::CmNewSpectrum() {
                 EnableWindow(true);
             }
         });
-        CreateNewSpectrum(GW().GetPlatform(), GetHandle(), *manager_, recording_);
+        answer = CreateNewSpectrum(GW().GetPlatform(), GetHandle(), *manager_, recording_);
+    }
+    constexpr std::int32_t kAdded = 1;
+    if (alive && IsCreated() && answer == kAdded) {
+        CheckAndRecompute(GW().IsQuiet()); // computes it when it is the one shown
     }
     if (alive && IsCreated()) {
         Invalidate();
