@@ -14,6 +14,7 @@
 #include "ui_regression_panel.h"
 
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <optional>
@@ -76,16 +77,17 @@ void TFormListenerSpectraBCI::SetUpLists() {
     for (owl::ReportList* list : {ui_->lvMainList, ui_->lvSecondaryList}) {
         for (int column = 0; column < list->columnCount(); ++column) {
             list->setColumnWidth(column, kColumnWidths[column]);
-            const bool number = column > 0 && column < kColorColumn;
-            list->headerItem()->setTextAlignment(column, (number ? Qt::AlignRight : Qt::AlignLeft) |
-                                                             Qt::AlignVCenter);
         }
+        list->StretchCaptions();
         connect(list, &QTreeWidget::clicked, this, [this] { FocusView(view_); });
     }
     connect(ui_->lvMainList, &QTreeWidget::itemSelectionChanged, this,
             &TFormListenerSpectraBCI::lvMainListSelectItem);
     connect(ui_->lvSecondaryList, &QTreeWidget::itemSelectionChanged, this,
             &TFormListenerSpectraBCI::lvSecondaryListSelectItem);
+    // As wide as the controls need, also where they do not fit into the height.
+    ui_->scroller->setMinimumWidth(ui_->groups->minimumSizeHint().width() +
+                                   ui_->scroller->verticalScrollBar()->sizeHint().width());
 }
 
 void TFormListenerSpectraBCI::SomethingChanged() {

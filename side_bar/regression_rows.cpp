@@ -16,7 +16,7 @@ QString NumberText(double value, char format, int precision) {
         return QStringLiteral("n/a");
     }
     QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::IncludeTrailingZeroesAfterDot);
     return locale.toString(value, format, precision);
 }
 

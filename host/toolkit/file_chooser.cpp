@@ -34,7 +34,8 @@ std::optional<QString> Choose(HWND owner, const FileQuestion& question, const QS
 /// adds it, and so ask about another file.
 QString WithExtension(const QString& path, const std::string& extension) {
     const bool hasOne = QFileInfo(path).fileName().contains('.');
-    return hasOne || extension.empty() ? path : path + '.' + QString::fromStdString(extension);
+    const std::size_t begin = extension.rfind('.') + 1; // 0 without a dot
+    return hasOne || extension.empty() ? path : path + '.' + QString::fromStdString(extension.substr(begin));
 }
 
 bool MayReplace(HWND owner, const QString& path) {

@@ -29,7 +29,7 @@ constexpr int kIdNo = 7;
 struct FileQuestion {
     std::string title;        ///< empty for the system's own
     std::string filter;       ///< pairs "NAME|*.ext", all joined with "|"
-    std::string extension;    ///< without dot; added to a name that has none
+    std::string extension;    ///< "txt" or, as a pattern, "*.txt"; added to a name that has none
     std::string folder;       ///< to start in; empty for the current one
     std::string name;         ///< suggested
     bool askOverwrite = true; ///< saving only

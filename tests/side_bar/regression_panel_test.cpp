@@ -147,9 +147,10 @@ TEST_F(RegressionPanel, ListsNameCountAndContrastValue) {
             titles << List(name).headerItem()->text(column);
         }
         EXPECT_EQ(titles, (QStringList{"Macro", "Count", "Value", "Col."}));
-        EXPECT_EQ(List(name).columnWidth(0), 88);
-        EXPECT_EQ(List(name).columnWidth(1), 45);
-        EXPECT_EQ(List(name).columnWidth(2), 40);
+        EXPECT_GE(List(name).columnWidth(0), 88); // takes the room that is left
+        EXPECT_GE(List(name).columnWidth(1), 45);
+        EXPECT_GE(List(name).columnWidth(2), 40);
+        EXPECT_GE(List(name).columnWidth(3), 30);
     }
     EXPECT_EQ(TextsOf(List("lvMainList"), 0), (QStringList{"c1", "5", "1", ""}));
     EXPECT_EQ(TextsOf(List("lvMainList"), 1), (QStringList{"c3", "5", "3", ""}));
@@ -282,8 +283,8 @@ TEST_F(RegressionPanel, FindsTheKnownSlope) {
     Computes([](TFormBCIResults& form) {
         const auto& list = *form.findChild<owl::ReportList*>("lvBCIResults");
         ASSERT_EQ(list.topLevelItemCount(), 2); // the flat sensor has nothing to fit
-        EXPECT_EQ(TextsOf(list, 0), (QStringList{"O1", "10.00", "1.000", "2", "1", "10"}));
-        EXPECT_EQ(TextsOf(list, 1), (QStringList{"O2", "10.00", "-1.000", "-2", "3", "10"}));
+        EXPECT_EQ(TextsOf(list, 0), (QStringList{"O1", "10.00", "1.000", "2.000", "1.000", "10"}));
+        EXPECT_EQ(TextsOf(list, 1), (QStringList{"O2", "10.00", "-1.000", "-2.000", "3.000", "10"}));
     });
 }
 

@@ -105,8 +105,8 @@ TEST_F(RegressionResults, ListPairsAboveTheLimitByTheNameOfTheirSensor) {
     EXPECT_EQ(Column(0), (QStringList{"O1", "O2"}));
     EXPECT_EQ(Column(1), (QStringList{"10.00", "10.00"}));
     EXPECT_EQ(Column(2), (QStringList{"1.000", "-0.900"}));
-    EXPECT_EQ(Column(3), (QStringList{"2", "-2.5"}));
-    EXPECT_EQ(Column(4), (QStringList{"1", "3"}));
+    EXPECT_EQ(Column(3), (QStringList{"2.000", "-2.500"}));
+    EXPECT_EQ(Column(4), (QStringList{"1.000", "3.000"}));
     EXPECT_EQ(Column(5), (QStringList{"20", "19"}));
     EXPECT_EQ(Hand().TextOf("LabelShown"), "2 of 4 pairs, |R| ≥ 0.3");
 }
@@ -154,8 +154,8 @@ TEST_F(RegressionResults, AColumnOfNumbersIsSortedByValueASecondClickReverses) {
         QStringList ascending;
     } cases[] = {{1, {"9.00", "10.00", "100.00"}},
                  {2, {"-0.900", "0.450", "0.500"}},
-                 {3, {"1e-05", "9", "100"}},
-                 {4, {"-10", "-1", "2"}},
+                 {3, {"1.000e-05", "9.000", "100.0"}},
+                 {4, {"-10.00", "-1.000", "2.000"}},
                  {5, {"9", "20", "100"}}};
     for (const auto& [column, ascending] : cases) {
         ClicksColumn(column);

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QGraphicsLayout>
 #include <QLineSeries>
+#include <QLocale>
 #include <QScatterSeries>
 #include <QVBoxLayout>
 #include <QValueAxis>
@@ -58,6 +59,8 @@ ScatterChart::ScatterChart(QWidget* parent)
     layout->addWidget(view);
 
     chart_->legend()->hide();
+    chart_->setLocale(QLocale());
+    chart_->setLocalizeNumbers(true);
     chart_->setBackgroundRoundness(0);
     chart_->setMargins({8, 8, 16, 8});
     chart_->layout()->setContentsMargins(0, 0, 0, 0);

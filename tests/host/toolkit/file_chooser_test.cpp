@@ -86,6 +86,13 @@ TEST_F(FileChooser, StartsInTheCurrentFolderWhenTheWantedOneIsMissing) {
     }
 }
 
+TEST_F(FileChooser, TakesTheExtensionOfAPattern) {
+    owl::FileQuestion question = Question();
+    question.extension = "*.txt";
+    Enters("night");
+    EXPECT_EQ(owl::ChooseFileToSave(nullptr, question), folder_.Path("night.txt"));
+}
+
 TEST_F(FileChooser, AddsTheExtensionToANameToSaveWithoutOne) {
     const std::pair<const char*, const char*> cases[] = {{"night", "night.txt"},
                                                          {"night.txt", "night.txt"},

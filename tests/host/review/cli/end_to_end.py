@@ -7,9 +7,11 @@ Usage: end_to_end.py ORVANTA [unittest arguments].
 import csv
 import io
 import json
+import math
 import pathlib
 import resource
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -62,12 +64,12 @@ class Usage(CommandLineTest):
     def test_help_lists_the_commands(self):
         result = self.orvanta("--help")
         self.assertEqual(result.returncode, 0)
-        for command in ("info", "demo", "compute", "compare", "export", "render", "macro"):
+        for command in ("info", "demo", "compute", "compare", "export", "regress", "render", "macro"):
             self.assertIn(command, result.stdout)
 
     def test_every_command_has_help(self):
         for command in (
-            ["info"], ["demo"], ["compute"], ["compare"], ["export"], ["render"], ["macro"], ["macro", "new"],
+            ["info"], ["demo"], ["compute"], ["compare"], ["export"], ["regress"], ["render"], ["macro"], ["macro", "new"],
         ):
             with self.subTest(command=command):
                 self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
@@ -512,6 +514,214 @@ class Export(CommandLineTest):
         before = set(self.folder.iterdir())
         process = subprocess.Popen(
             [ORVANTA, "export", long, "--macro", self.rest, "--out", self.text],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+        )
+        while set(self.folder.iterdir()) == before:  # until the temporary file is there
+            self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGINT)
+        errors = process.communicate(timeout=60)[1]
+        self.assertEqual((process.returncode, errors), (130, "orvanta: interrupted (nothing was written)\n"))
+        self.assertEqual(set(self.folder.iterdir()), before)
+        self.assertEqual(self.text.read_text(), "old")
+
+
+class Regress(CommandLineTest):
+    HEAD = ["sensor", "freq_hz", "r", "k", "m", "count"]
+
+    def setUp(self):
+        super().setUp()
+        self.text = self.folder / "out.txt"
+        self.closed = self.macro("closed.smx", "mode=states", "states=eyes closed", "contrast=1")
+        self.open = self.macro("open.smx", "mode=states", "states=eyes open", "contrast=0")
+        self.both = ["--macro", self.closed, "--macro", self.open]
+
+    def regress(self, *arguments, recording=None):
+        """The rows of the file."""
+        result = self.orvanta("regress", recording or self.demo, "--out", self.text, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        with open(self.text, encoding="utf-8", newline="") as file:
+            rows = list(csv.reader(file, delimiter="\t"))
+        self.assertEqual(rows[0], self.HEAD)
+        return [dict(zip(self.HEAD, row, strict=True)) for row in rows[1:]]
+
+    def assert_not_computable(self, result, pattern):
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertRegex(result.stderr, pattern)
+        self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+        self.assertFalse(self.text.exists())
+
+    def known_slope(self, names=("O1", "Cz")):
+        """An EDF at 64 Hz with four states of ten seconds, named by their contrast values. The first channel has
+        a sine of 10 Hz in 1/s epochs of power 10^((contrast - 1) / 2) at 10 Hz: contrast = 2 log10 power + 1.
+        The second one is flat."""
+        contrasts, seconds, rate, most = (-1, 1, 3, 5), 10, 64, 100.0
+        edf = self.folder / "slope.edf"
+        fields = [(b"0", 8), (b"", 80), (b"", 80), (b"01.01.20", 8), (b"00.00.00", 8), (b"768", 8), (b"", 44),
+                  (b"40", 8), (b"1", 8), (b"2", 4)]
+        channels = [[name.encode() for name in names], [b""] * 2, [b"uV"] * 2, [b"-100"] * 2, [b"100"] * 2,
+                    [b"-32768"] * 2, [b"32767"] * 2, [b""] * 2, [b"64"] * 2, [b""] * 2]
+        widths = (16, 80, 8, 8, 8, 8, 8, 80, 8, 32)
+        head = b"".join(text.ljust(width) for text, width in fields)
+        head += b"".join(text.ljust(width) for texts, width in zip(channels, widths, strict=True) for text in texts)
+        zero = round(32767.5 - 32768)
+        data = bytearray()
+        for second in range(len(contrasts) * seconds):
+            amplitude = math.sqrt(2 * 10 ** ((contrasts[second // seconds] - 1) / 2))
+            sine = [amplitude * math.sin(2 * math.pi * 10 * i / rate) for i in range(rate)]
+            values = [round((value + most) / (2 * most) * 65535 - 32768) for value in sine] + [zero] * rate
+            data += struct.pack(f"<{len(values)}h", *values)
+        edf.write_bytes(head + bytes(data))
+        lines = [f"{i * seconds}\t{seconds}\tc{contrast}" for i, contrast in enumerate(contrasts)]
+        (self.folder / "slope_events.tsv").write_text("onset\tduration\ttrial_type\n" + "\n".join(lines) + "\n")
+        macros = [self.macro(f"c{contrast}.smx", "fft_seconds=1", "overlap=0", "window=Rectangular", "mode=states",
+                             f"states=c{contrast}", f"contrast={contrast}") for contrast in contrasts]
+        return edf, [part for macro in macros for part in ("--macro", macro)]
+
+    def test_a_known_slope_is_found(self):
+        edf, macros = self.known_slope()
+        rows = self.regress(*macros, "--low", "10", "--high", "10", recording=edf)
+        self.assertEqual([(row["sensor"], row["freq_hz"]) for row in rows], [("O1", "10"), ("Cz", "10")])
+        for column, expected in (("r", 1), ("k", 2), ("m", 1)):
+            self.assertAlmostEqual(float(rows[0][column]), expected, places=3)
+        self.assertEqual(rows[0]["count"], "40")
+
+    def test_what_has_no_power_is_not_available(self):
+        edf, macros = self.known_slope()
+        flat = self.regress(*macros, "--low", "10", "--high", "10", recording=edf)[1]
+        self.assertEqual([flat[column] for column in self.HEAD[2:]], ["n/a", "n/a", "n/a", "0"])
+
+    def test_every_sensor_has_a_row_for_every_bin_of_the_range(self):
+        rows = self.regress(*self.both, "--low", "4", "--high", "12")
+        sensors = list(dict.fromkeys(row["sensor"] for row in rows))
+        self.assertEqual(len(sensors), 19)
+        bins = [4 + i / 2 for i in range(17)]
+        self.assertEqual([(row["sensor"], float(row["freq_hz"])) for row in rows],
+                         [(sensor, hz) for sensor in sensors for hz in bins])
+
+    def test_the_range_is_1_to_32_hz_unless_told(self):
+        rows = self.regress(*self.both)
+        self.assertEqual((rows[0]["freq_hz"], rows[-1]["freq_hz"]), ("1", "32"))
+
+    def test_the_first_macro_gives_the_sensors_and_one_option_may_name_them_all(self):
+        once = self.regress("--macro", self.closed, self.open)
+        self.assertEqual(once, self.regress(*self.both))
+
+    def test_the_full_spectra_are_what_was_fitted(self):
+        full = self.folder / "full.txt"
+        rows = self.regress(*self.both, "--low", "10", "--high", "10", "--full-spectra", full)
+        with open(full, encoding="utf-8", newline="") as file:
+            epochs = [row for row in csv.DictReader(file, delimiter="\t") if row["sensor"] == "O1"]
+        x = [math.log10(float(row["10"])) for row in epochs]
+        y = [float(row["contrast"]) for row in epochs]
+        mean_x, mean_y = sum(x) / len(x), sum(y) / len(y)
+        slope = sum((a - mean_x) * (b - mean_y) for a, b in zip(x, y)) / sum((a - mean_x) ** 2 for a in x)
+        fitted = next(row for row in rows if row["sensor"] == "O1")
+        self.assertEqual(fitted["count"], str(len(epochs)))
+        self.assertAlmostEqual(slope, float(fitted["k"]), places=7)
+        self.assertAlmostEqual(mean_y - slope * mean_x, float(fitted["m"]), places=7)
+        self.assertEqual(list(epochs[0])[:8], ["analysis", "contrast", "sensor", "epoch", "begin_s", "end_s", "0", "0.5"])
+        self.assertEqual({row["analysis"] for row in epochs}, {"closed", "open"})
+
+    def test_alpha_at_the_back_tells_the_eyes_apart(self):
+        text = self.orvanta("regress", self.demo, *self.both, "--out", self.text).stdout
+        self.assertIn("closed: contrast value 1, 29 epochs\nopen: contrast value 0, 29 epochs\n", text)
+        strongest = text.splitlines()[7].split()
+        self.assertIn(strongest[0], ("O1", "O2", "P3", "Pz", "P4", "P7", "P8"))
+        self.assertAlmostEqual(float(strongest[1]), 10, delta=0.5)
+        self.assertGreater(float(strongest[2]), 0.8)
+
+    def test_standard_output_takes_the_file_and_nothing_else(self):
+        self.regress(*self.both)
+        result = self.orvanta("regress", self.demo, *self.both, "--out", "-")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(result.stdout, self.text.read_text(encoding="utf-8"))
+
+    def test_threads_and_memory_do_not_change_a_byte(self):
+        self.regress(*self.both, "--threads", "1")
+        expected = self.text.read_bytes()
+        self.regress(*self.both, "--threads", "4", "--memory", "16")
+        self.assertEqual(self.text.read_bytes(), expected)
+
+    def test_quiet_prints_nothing(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, "--quiet")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+
+    def test_one_analysis_is_bad_usage(self):
+        result = self.orvanta("regress", self.demo, "--macro", self.closed, "--out", self.text)
+        self.assert_refused(result, r"^orvanta: --macro: .+ two contrast values \(.+\)$")
+
+    def test_no_output_is_bad_usage(self):
+        self.assert_refused(self.orvanta("regress", self.demo, *self.both), r"--out is required")
+
+    def test_a_range_upside_down_is_bad_usage(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, "--low", "20", "--high", "10")
+        self.assert_refused(result, r"^orvanta: --low 20: is above --high 10 \(.+\)$")
+
+    def test_frequencies_are_whole_and_within_their_range(self):
+        for option, value in (("--low", "-1"), ("--low", "257"), ("--low", "1.5"), ("--high", "0"), ("--high", "x")):
+            with self.subTest(option=option, value=value):
+                result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, option, value)
+                self.assert_refused(result, option)
+
+    def test_equal_contrast_values_are_not_computable(self):
+        same = self.macro("same.smx", "mode=states", "states=eyes open", "contrast=1")
+        result = self.orvanta("regress", self.demo, "--macro", self.closed, same, "--out", self.text)
+        self.assert_not_computable(result, r"demo\.edf with .*closed\.smx, .*same\.smx: all epochs have the contrast value "
+                                           r"1, .+ \(.+contrast.+\)$")
+
+    def test_a_range_beyond_the_spectrum_is_not_computable(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, "--low", "129", "--high", "200")
+        self.assert_not_computable(result, r"no bin from 129 to 200 Hz \(bins lie 0\.5 Hz apart up to 128 Hz; .+\)$")
+
+    def test_no_scalp_sensor_is_not_computable(self):
+        edf, macros = self.known_slope(names=("EEG one", "EEG two"))
+        result = self.orvanta("regress", edf, *macros, "--out", self.text)
+        self.assert_not_computable(result, r"slope\.edf: has no EEG sensor with a known scalp position \(.+\)$")
+
+    def test_other_bins_are_not_computable(self):
+        coarse = self.macro("coarse.smx", "mode=states", "states=eyes open", "fft_seconds=4")
+        result = self.orvanta("regress", self.demo, "--macro", self.closed, coarse, "--out", self.text)
+        self.assert_not_computable(result, r"closed\.smx and .*coarse\.smx: their bins differ")
+
+    def test_no_epoch_is_not_computable(self):
+        none = self.macro("none.smx", "fft_seconds=100")
+        result = self.orvanta("regress", self.demo, "--macro", none, self.open, "--out", self.text)
+        self.assert_not_computable(result, r"demo\.edf with .*none\.smx: .+ \(.+\)$")
+
+    def test_shared_time_is_a_warning(self):
+        whole = self.macro("whole.smx")
+        result = self.orvanta("regress", self.demo, "--macro", self.closed, whole, "--out", self.text, "--quiet")
+        self.assertEqual(result.returncode, 0)
+        self.assertRegex(result.stderr, r"^orvanta: warning: the two analyses share 30\.0 s of the recording; "
+                                        r".*closed\.smx and .*whole\.smx count it with the contrast value of each\n$")
+
+    def test_nothing_that_is_read_is_written_over(self):
+        for option in ("--out", "--full-spectra"):
+            with self.subTest(option=option):
+                others = [] if option == "--out" else ["--out", self.text]
+                result = self.orvanta("regress", self.demo, *self.both, *others, option, self.closed)
+                self.assert_refused(result, rf"closed\.smx: is read by this command .*{option}")
+
+    def test_two_outputs_need_two_names(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, "--full-spectra", self.text)
+        self.assert_refused(result, r"out\.txt: is named by --out and by --full-spectra")
+
+    def test_full_spectra_need_a_file(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, "--full-spectra", "-")
+        self.assert_refused(result, r"--full-spectra.*needs a file name")
+
+    def test_an_unwritable_output_is_refused(self):
+        result = self.orvanta("regress", self.demo, *self.both, "--out", self.folder / "no" / "such" / "out.txt")
+        self.assert_refused(result, r"^orvanta: .+out\.txt: .+ \(.+\)$")
+
+    def test_an_interrupt_leaves_the_old_file(self):
+        long = self.folder / "long.edf"
+        self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "30").returncode, 0)
+        self.text.write_text("old")
+        before = set(self.folder.iterdir())
+        full = self.folder / "full.txt"
+        process = subprocess.Popen(
+            [ORVANTA, "regress", long, *map(str, self.both), "--out", self.text, "--full-spectra", full],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
         )
         while set(self.folder.iterdir()) == before:  # until the temporary file is there
