@@ -4,6 +4,7 @@
 #include "host/toolkit/services.h"
 #include "spectra_contract/file_path.h"
 
+#include <QFile>
 #include <QLockFile>
 #include <QSaveFile>
 
@@ -89,9 +90,10 @@ CommentsHistory WithNamesOfOthers(CommentsHistory shown, const CommentsHistory& 
 }
 
 CommentsHistory LoadHistory(const std::string& file) {
-    pugi::xml_document document;
-    document.load_file(file.c_str());
-    return HistoryOf(document);
+    QFile source(QString::fromStdString(file)); // refuses a folder, for which the parser asks for all memory
+    const bool opened = source.open(QIODevice::ReadOnly);
+    const QByteArray xml = opened ? source.readAll() : QByteArray();
+    return ParseHistory({xml.constData(), static_cast<std::size_t>(xml.size())});
 }
 
 void SaveHistory(const std::string& file, const CommentsHistory& shown, const CommentsHistory& loaded,

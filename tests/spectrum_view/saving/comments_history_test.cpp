@@ -122,6 +122,10 @@ TEST_F(CommentsHistoryOnDisk, IsEmptyWithoutItsFile) {
     EXPECT_THAT(LoadHistory(file), Each(kNone));
 }
 
+TEST_F(CommentsHistoryOnDisk, IsEmptyWhereAFolderHasItsName) {
+    EXPECT_THAT(LoadHistory(folder.Path("")), Each(kNone));
+}
+
 TEST_F(CommentsHistoryOnDisk, IsWrittenAsItsXmlAndNothingElseIsLeft) {
     const CommentsHistory history = First({"Awake"}, "Sleep");
     SaveHistory(file, history, {});
