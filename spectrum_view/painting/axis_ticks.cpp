@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/painting/axis_ticks.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -12,6 +13,9 @@ constexpr std::array<double, 3> kRoundSteps{1, 2, 5};
 
 /// Ends within this share of a step count as on a tick.
 constexpr double kTolerance = 1e-9;
+
+/// Whole numbers beyond it have no next one.
+constexpr double kMostExact = 9007199254740992.0; // 2^53
 
 } // namespace
 
@@ -27,6 +31,9 @@ std::vector<double> RoundTicks(double min, double max, int most) {
             const double last = std::floor(max / step + kTolerance);
             if (!(step > 0) || last - first + 1 > most) {
                 continue;
+            }
+            if (std::max(std::abs(first), std::abs(last)) >= kMostExact) {
+                return {};
             }
             std::vector<double> ticks;
             for (double i = first; i <= last; ++i) {

@@ -43,6 +43,13 @@ TEST(RoundTicks, ThereAreNoneWithoutARangeOrRoom) {
     EXPECT_TRUE(RoundTicks(0, std::numeric_limits<double>::infinity(), 5).empty());
 }
 
+TEST(RoundTicks, ThereAreNoneWhereNumbersHaveNoRoomForThem) {
+    EXPECT_TRUE(RoundTicks(1e16, 1e16 + 2, 5).empty());
+    EXPECT_TRUE(RoundTicks(-1e16 - 2, -1e16, 5).empty());
+    EXPECT_TRUE(RoundTicks(1e300, std::nextafter(1e300, 2e300), 5).empty());
+    ExpectTicks(RoundTicks(1e14, 1e14 + 4, 5), {1e14, 1e14 + 1, 1e14 + 2, 1e14 + 3, 1e14 + 4});
+}
+
 TEST(RoundTicks, NeverMoreThanFitNorFewerThanTwo) {
     for (const double max : {2.2250738585072014e-308, 1e-300, 0.003, 0.7, 1.0, 9.99, 32.0, 47.1, 1e9}) {
         for (int most = 3; most <= 20; ++most) {
