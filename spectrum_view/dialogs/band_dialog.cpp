@@ -47,12 +47,14 @@ TypedRange RangeOf(const owl::TDialog& dialog, int row) {
 }
 
 bool IsStored(const TypedRange& range) {
-    return !range.IsNegative() && !range.IsReversed();
+    return !range.HasNan() && !range.IsNegative() && !range.IsReversed();
 }
 
 QString RemarkOn(const TypedRange& range, const PModule* module) {
     std::string text;
-    if (range.IsNegative()) {
+    if (range.HasNan()) {
+        text = owl::TextOr(module, "DIALOG_1625", "nan", "No number: this row is not stored");
+    } else if (range.IsNegative()) {
         text = owl::TextOr(module, "DIALOG_1625", "negative", "Below 0 Hz: this row is not stored");
     } else if (range.IsReversed()) {
         text = owl::TextOr(module, "DIALOG_1625", "reversed", "Lower above upper: this row is not stored");

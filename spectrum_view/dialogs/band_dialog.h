@@ -15,8 +15,8 @@ class TWindow;
 /// Dialog 1625. OK sets name, lower and upper frequency (Hz) of every band for which 0 <= lower <= upper;
 /// another row keeps all three. So does the total band, and only when it is set are the shared settings
 /// stored. Numbers are shown with the decimal sign of the C locale and read with "."; a text that is no
-/// number counts as 0. Rows that are not stored or read otherwise than they look are marked while the user
-/// types. GUI thread.
+/// number counts as 0, "nan" lies in no order. Rows that are not stored or read otherwise than they look are
+/// marked while the user types. GUI thread.
 class ORVANTA_API SpectrumBandDlg final : public PDialog {
 public:
     static constexpr unsigned kNumber = 1625;

@@ -18,7 +18,8 @@ TypedNumber::TypedNumber(const std::string& text) {
     const std::string_view behind(end);
     whole =
         end != text.c_str() && behind.find_first_not_of(' ') == std::string_view::npos && std::isfinite(read);
-    value = std::isnan(read) ? 0 : std::clamp(read, -kLargest, kLargest);
+    isNan = std::isnan(read);
+    value = isNan ? 0 : std::clamp(read, -kLargest, kLargest);
 }
 
 std::string OneDecimal(double value, int width) {

@@ -16,6 +16,7 @@ struct TypedNumber {
     explicit TypedNumber(const std::string& text);
 
     double value = 0;
+    bool isNan = false; ///< the text is "nan", which is neither above nor below any number
     bool whole = false; ///< the text is this number and nothing else
 };
 
@@ -24,6 +25,7 @@ struct TypedRange {
     TypedNumber upper;
 
     bool IsWhole() const { return lower.whole && upper.whole; }
+    bool HasNan() const { return lower.isNan || upper.isNan; }
     bool IsNegative() const { return lower.value < 0; }
     bool IsReversed() const { return upper.value < lower.value; }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/dialogs/band_dialog.h"
 
+#include "host/toolkit/message_module.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/window.h"
 #include "resources/dialogs/dialog_templates.h"
@@ -10,6 +11,7 @@
 #include "tests/support/qt/fake_global_window.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
+#include "tests/support/temp_folder.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -87,6 +89,17 @@ TEST_F(OpenBands, HaveTheirCaptions) {
     EXPECT_EQ(dialog.GetDlgItemText(2, 99), "Cancel");
 }
 
+TEST_F(Bands, TakeTwoCaptionsFromTheHostsMessages) {
+    const test::TempFolder folder;
+    folder.Write("Orvanta.en.ini", "[DIALOG]\nIDDFB_GB_FREQUENCYBANDS=Rhythms\n"
+                                   "IDDFB_ST_DEFINEFREQUENCY=Say which\n");
+    const PModule messages("Orvanta", nullptr, folder.Path(""));
+    SpectrumBandDlg dialog(nullptr, &platform, &manager);
+    dialog.ensurePolished();
+    EXPECT_EQ(dialog.GetDlgItemText(101, 99), "Rhythms");
+    EXPECT_EQ(dialog.GetDlgItemText(501, 99), "Say which");
+}
+
 TEST_F(OpenBands, ShowNamesAndEdgesWithOneDecimalAndFourCharacters) {
     const char* rows[8][3] = {{"Delta", " 0.5", " 4.0"}, {"Theta", " 4.0", " 8.0"}, {"Alpha", " 8.0", "13.0"},
                               {"Beta", "13.0", "30.0"},  {"Gamma", "30.0", "45.0"}, {"", " 0.0", " 0.0"},
@@ -150,7 +163,11 @@ INSTANTIATE_TEST_SUITE_P(
         RowCase{"FromZero", "0", "8", "New 0 8"}, RowCase{"NoNumber", "eight", "9", "New 0 9"},
         RowCase{"Emptied", "", "", "New 0 0"}, RowCase{"BlanksAround", "  8.25 ", "9", "New 8.25 9"},
         RowCase{"TextBehind", "8 Hz", "9 Hz", "New 8 9"}, RowCase{"Comma", "8,5", "9,5", "New 8 9"},
-        RowCase{"Exponent", "85e-1", "1e1", "New 8.5 10"}, RowCase{"NotANumber", "nan", "9", "New 0 9"},
+        RowCase{"Exponent", "85e-1", "1e1", "New 8.5 10"}, RowCase{"NotANumber", "nan", "9", "Alpha 8 13"},
+        RowCase{"UpperNotANumber", "8", "NAN", "Alpha 8 13"}, RowCase{"MinusZero", "-0", "9", "New -0 9"},
+        RowCase{"TooLarge", "8", "1e400", "New 8 1.79769e+308"},
+        RowCase{"TooSmall", "1e-400", "9", "New 0 9"},
+        RowCase{"NegativeAndTooSmall", "-1e-400", "9", "New -0 9"},
         RowCase{"Infinity", "8", "inf", "New 8 1.79769e+308"}),
     [](const auto& row) { return row.param.title; });
 
@@ -172,7 +189,8 @@ TEST_P(TotalOnOk, IsNotStoredAndSavesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Edges, TotalOnOk,
                          testing::Values(std::pair("-0.5", "45"), std::pair("45", "0.5"),
-                                         std::pair("-2", "-1")));
+                                         std::pair("-2", "-1"), std::pair("nan", "45"),
+                                         std::pair("0.5", "nan")));
 
 TEST_F(Bands, SaveTheSettingsAlsoWhenABandIsIgnored) {
     Run({{"lower2", "13"}, {"upper2", "8"}});
@@ -260,6 +278,11 @@ TEST_F(OpenBands, MarkANegativeTotalBand) {
     test::FormUser(dialog).Types("lower8", "-1");
     EXPECT_EQ(MarkOf(8), "Below 0 Hz: this row is not stored");
     EXPECT_EQ(Remark(), "Total band: Below 0 Hz: this row is not stored");
+}
+
+TEST_F(OpenBands, MarkARowWithNotANumber) {
+    test::FormUser(dialog).Types("upper2", "nan");
+    EXPECT_EQ(MarkOf(2), "No number: this row is not stored");
 }
 
 TEST_F(OpenBands, TellHowATextIsReadThatIsNoNumber) {
