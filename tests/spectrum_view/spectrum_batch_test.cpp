@@ -2,6 +2,7 @@
 // Spectra saved under many settings with one key.
 #include "tests/spectrum_view/view_fixture.h"
 #include "tests/support/counting_source.h"
+#include "tests/support/file_limit.h"
 #include "tests/support/memory_in_use.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/temp_folder.h"
@@ -391,6 +392,46 @@ TEST_F(Batch, TellsWhyAFileCouldNotBeComputedAndKeepsTheEarlierOne) {
                                               Name("Open", "Hanning", 6) + ": no processed interval"));
     EXPECT_EQ(folder.Read(earlier), "of last year");
     EXPECT_THAT(Files(), ElementsAre(Name("Closed", "Hanning", 6), Name("Open", "Hanning", 6)));
+}
+
+TEST_F(Batch, WithoutRoomOnTheDiskLeavesEarlierFilesWholeAndNoPieces) {
+    folder.Write("spectra/" + Name("Open", "Hanning", 1), "of last year");
+    {
+        const test::FileLimit full(1000);
+        Press('E');
+    }
+    EXPECT_THAT(Files(), ElementsAre(Name("Open", "Hanning", 1)));
+    EXPECT_EQ(folder.Read("spectra/" + Name("Open", "Hanning", 1)), "of last year");
+    ASSERT_EQ(Gui().Errors().size(), 1u);
+    EXPECT_THAT(Gui().Errors()[0], StartsWith("3 of 3 spectra files were not saved.\n\n"));
+    EXPECT_THAT(Gui().Errors()[0], HasSubstr("File too large"));
+}
+
+TEST_F(Batch, InAFolderThatVanishesGoesOnWithTheNextLength) {
+    When("Saving spectra: 3 of 36:", [this] { std::filesystem::remove_all(folder.Path("spectra")); });
+    Press('A');
+    EXPECT_EQ(Files(), Sorted(Names(kEvents, {2, 4})));
+    ASSERT_EQ(Gui().Errors().size(), 1u);
+    EXPECT_THAT(Gui().Errors()[0], StartsWith("10 of 36 spectra files were not saved.\n\n"));
+    EXPECT_THAT(Gui().Errors()[0], HasSubstr("No such file or directory"));
+}
+
+signal::RecordingData LongNameData() {
+    signal::RecordingData data = EyesData();
+    data.patient = std::string(300, 'p');
+    return data;
+}
+
+class LongNameBatch : public Batch {
+protected:
+    LongNameBatch() : Batch(LongNameData()) {}
+};
+
+TEST_F(LongNameBatch, TellsWhyNothingIsSaved) {
+    Press('E');
+    EXPECT_THAT(Files(), IsEmpty());
+    ASSERT_EQ(Gui().Errors().size(), 1u);
+    EXPECT_THAT(Gui().Errors()[0], HasSubstr("File name too long"));
 }
 
 TEST_F(Batch, TellsNothingWhenQuiet) {

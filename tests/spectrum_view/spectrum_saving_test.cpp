@@ -2,6 +2,7 @@
 #include "resources/dialogs/dialog_templates.h"
 #include "spectrum_view/dialogs/comments_dialog.h"
 #include "tests/spectrum_view/view_fixture.h"
+#include "tests/support/file_limit.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
@@ -9,10 +10,8 @@
 
 #include <pugixml.hpp>
 
-#include <csignal>
 #include <filesystem>
-
-#include <sys/resource.h>
+#include <optional>
 
 namespace {
 
@@ -207,13 +206,9 @@ TEST_F(FailingSave, UnderATooLongNameTellsWhy) {
 
 TEST_F(FailingSave, WithoutRoomOnTheDiskLeavesTheEarlierFileWhole) {
     folder.Write("my spectra.xml", "earlier");
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{1000, limit.rlim_max};
-    Save(file, [&] { ::setrlimit(RLIMIT_FSIZE, &small); });
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, SIG_DFL);
+    std::optional<test::FileLimit> full;
+    Save(file, [&full] { full.emplace(1000); });
+    full.reset();
     EXPECT_EQ(folder.Read("my spectra.xml"), "earlier");
     EXPECT_THAT(Errors(), ElementsAre(AllOf(HasSubstr(file), HasSubstr("File too large"))));
 }

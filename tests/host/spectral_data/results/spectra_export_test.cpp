@@ -6,16 +6,14 @@
 #include "tests/host/spectral_data/results/analysis_fixture.h"
 #include "tests/support/comma_numerals.h"
 #include "tests/support/failing_source.h"
+#include "tests/support/file_limit.h"
 #include "tests/support/recording_progress.h"
 #include "tests/support/temp_folder.h"
 
 #include <algorithm>
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -268,32 +266,12 @@ TEST_F(Exporting, IsRefusedWhereTheFileCannotBeOpened) {
     EXPECT_EQ(Entries(), 0);
 }
 
-/// While it lives, files of this process end after so many bytes, as on a disk that is full.
-class FileLimit {
-public:
-    explicit FileLimit(rlim_t bytes) : earlierAction_(std::signal(SIGXFSZ, SIG_IGN)) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &earlier_), 0);
-        const rlimit limit{bytes, earlier_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FileLimit() {
-        setrlimit(RLIMIT_FSIZE, &earlier_);
-        std::signal(SIGXFSZ, earlierAction_);
-    }
-    FileLimit(const FileLimit&) = delete;
-    FileLimit& operator=(const FileLimit&) = delete;
-
-private:
-    rlimit earlier_{};
-    void (*earlierAction_)(int);
-};
-
 TEST_F(Exporting, LeavesWhatWasThereWhenTheDiskIsFull) {
     const Analysis rest = Computed(Macro("Rest", 1));
     file = target.Write("out.txt", "old");
     std::string failure;
     {
-        const FileLimit limit(100);
+        const test::FileLimit limit(100);
         failure = FailureOf(ValuesOf(rest));
     }
     EXPECT_EQ(failure, file + ": cannot be written: File too large (try again or save elsewhere)");
