@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMimeDatabase>
 #include <QRegularExpression>
 
 namespace owl {
@@ -32,10 +33,14 @@ std::optional<QString> Choose(HWND owner, const FileQuestion& question, const QS
 
 /// The extension is added here and not by the chooser: those of some desktops confirm an overwrite before Qt
 /// adds it, and so ask about another file.
+/// What stands behind a point is an extension when files have it: "Dr. Meyer" has none.
 QString WithExtension(const QString& path, const std::string& extension) {
-    const bool hasOne = QFileInfo(path).fileName().contains('.');
     const std::size_t begin = extension.rfind('.') + 1; // 0 without a dot
-    return hasOne || extension.empty() ? path : path + '.' + QString::fromStdString(extension.substr(begin));
+    const QString added = '.' + QString::fromStdString(extension.substr(begin));
+    const QString name = QFileInfo(path).fileName();
+    const bool hasOne = name.startsWith('.') || name.endsWith(added, Qt::CaseInsensitive) ||
+                        !QMimeDatabase().suffixForFileName(name).isEmpty();
+    return hasOne || extension.empty() ? path : path + added;
 }
 
 bool MayReplace(HWND owner, const QString& path) {

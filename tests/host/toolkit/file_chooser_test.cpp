@@ -94,10 +94,10 @@ TEST_F(FileChooser, TakesTheExtensionOfAPattern) {
 }
 
 TEST_F(FileChooser, AddsTheExtensionToANameToSaveWithoutOne) {
-    const std::pair<const char*, const char*> cases[] = {{"night", "night.txt"},
-                                                         {"night.txt", "night.txt"},
-                                                         {"night.csv", "night.csv"},
-                                                         {".hidden", ".hidden"}};
+    const std::pair<const char*, const char*> cases[] = {
+        {"night", "night.txt"},     {"night.txt", "night.txt"},     {"night.TXT", "night.TXT"},
+        {"night.csv", "night.csv"}, {"Dr. Meyer", "Dr. Meyer.txt"}, {"alpha 10.5 Hz", "alpha 10.5 Hz.txt"},
+        {".hidden", ".hidden"}};
     for (const auto& [typed, expected] : cases) {
         Enters(typed);
         EXPECT_EQ(owl::ChooseFileToSave(nullptr, Question()), folder_.Path(expected));
