@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <cerrno>
@@ -50,7 +51,9 @@ public:
         if (words.isEmpty()) {
             return false;
         }
-        const QString program = words.takeFirst();
+        // A path is meant from here and not from the folder that it starts in.
+        const QFileInfo named(words.takeFirst());
+        const QString program = named.isFile() ? named.absoluteFilePath() : named.filePath();
         return QProcess::startDetached(program, words, QString::fromStdString(folder));
     }
 };

@@ -99,6 +99,17 @@ TEST(SystemProcesses, StartAProgramInItsFolder) {
     EXPECT_FALSE(processes.Launch("", folder.Path("")));
 }
 
+TEST(SystemProcesses, FindTheProgramFromTheCurrentFolder) {
+    const TempFolder folder;
+    const std::string script = folder.Write("tools/started.sh", "#!/bin/sh\ntouch here\n");
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    const std::filesystem::path earlier = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path(""));
+    EXPECT_TRUE(owl::CurrentServices().processes->Launch("\"tools/started.sh\"", "tools/"));
+    std::filesystem::current_path(earlier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(folder.Path("tools/here")); }));
+}
+
 TEST(SystemClipboard, TakesText) {
     owl::CurrentServices().clipboard->SetText("Fp1\t12.5 µV²\r\n");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Fp1\t12.5 µV²\r\n");
