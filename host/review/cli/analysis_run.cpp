@@ -60,7 +60,7 @@ void AnalysisArguments::AddFileTo(CLI::App& command) {
 
 void AnalysisArguments::AddEffortTo(CLI::App& command) {
     command.add_option("--threads", threads, "Worker threads; 0 (default) for one per core")
-        ->check(CLI::Validator(CLI::Range(0, 256)).description(""))
+        ->check(IsWholeIn(0, 256))
         ->type_name("N");
     command.add_option("--precision", precision, "float (default) or double")
         ->check(CLI::Validator(CLI::IsMember({"float", "double"})).description(""))
@@ -68,7 +68,7 @@ void AnalysisArguments::AddEffortTo(CLI::App& command) {
     command
         .add_option("--memory", memory_mib,
                     "Memory budget, MiB (default 1024); with a small one fewer threads work")
-        ->check(CLI::Validator(CLI::Range(16u, 1u << 20)).description(""))
+        ->check(IsWholeIn(16, 1 << 20))
         ->type_name("MIB");
     command.add_flag("--quiet", quiet, "Print neither progress nor results");
 }
@@ -111,6 +111,10 @@ void RequireComparable(const SpectMacroResult& main, const SpectMacroResult& sec
         throw spectral::NothingComputable(names + ": their bins differ, so that nothing can be compared",
                                           "give both the same fft_seconds");
     }
+}
+
+double EpochMinutes(const SpectMacroResult& analysis) {
+    return static_cast<double>(analysis.GetFFTCount()) * analysis.GetMacro().GetFFTSeconds() / 60;
 }
 
 AnalysisRun::AnalysisRun(const AnalysisArguments& arguments, const DefaultMontage& defaultMontage)

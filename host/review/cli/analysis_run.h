@@ -46,6 +46,9 @@ SpectraMacro MakeMacro(const std::string& file, const std::vector<std::string>& 
 void RequireComparable(const SpectMacroResult& main, const SpectMacroResult& secondary,
                        const std::string& names);
 
+/// How long the epochs of an analysis are together, for the rate of progress.
+double EpochMinutes(const SpectMacroResult& analysis);
+
 /// An open recording with its manager of analyses.
 class AnalysisRun {
 public:

@@ -63,8 +63,7 @@ int Export(const ExportArguments& arguments) {
     {
         double minutes = 0;
         for (const SpectMacroResult* analysis : what.analyses) {
-            minutes +=
-                static_cast<double>(analysis->GetFFTCount()) * analysis->GetMacro().GetFFTSeconds() / 60;
+            minutes += EpochMinutes(*analysis);
         }
         Watch watch("Exporting spectra", minutes, arguments.quiet);
         if (!WriteSpectraExport(arguments.out, what, &watch)) {

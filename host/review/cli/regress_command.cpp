@@ -107,6 +107,20 @@ std::list<SpectMacroResult*> ComputeAll(const RegressArguments& arguments,
     return analyses;
 }
 
+/// Saves them when they are wanted. \throws Interrupted also when they are not, but the user wants to stop
+void SaveFullSpectra(const RegressArguments& arguments, bool quiet, const std::list<BCIReg>& results,
+                     const std::list<SpectMacroResult*>& analyses) {
+    double minutes = 0;
+    for (const SpectMacroResult* analysis : analyses) {
+        minutes += EpochMinutes(*analysis);
+    }
+    Watch watch("Writing spectra", minutes, quiet);
+    if (watch.IsCancelled() || (!arguments.fullSpectra.empty() &&
+                                !SaveBCIFullSpectra(arguments.fullSpectra, results, analyses, &watch))) {
+        throw Interrupted();
+    }
+}
+
 int Regress(const RegressArguments& arguments) {
     CheckArguments(arguments);
     std::vector<SpectraMacro> macros;
@@ -126,23 +140,12 @@ int Regress(const RegressArguments& arguments) {
         Refuse(arguments, main, code);
     }
     const bool quiet = arguments.quiet || arguments.out == "-";
-    Watch watch("Writing spectra", 0, quiet);
-    if (watch.IsCancelled()) {
-        throw Interrupted();
-    }
-    if (!arguments.fullSpectra.empty() &&
-        !SaveBCIFullSpectra(arguments.fullSpectra, results, analyses, &watch)) {
-        throw Interrupted();
-    }
+    SaveFullSpectra(arguments, quiet, results, analyses);
     WriteOutput(arguments.out, spectral::FormatBCIRegressions(results));
     if (!quiet) {
         WriteOutput("-", ToText(run.Recording(), analyses, results));
     }
     return kDone;
-}
-
-CLI::Validator IsFrequencyFrom(int least, int most) {
-    return CLI::Validator(CLI::Range(least, most)).description("");
 }
 
 } // namespace
@@ -159,10 +162,10 @@ void AddRegress(CLI::App& app, Command& run) {
         ->check(IsNotEmpty())
         ->required();
     command->add_option("--low", arguments->low, "Lowest frequency, whole (default 1)")
-        ->check(IsFrequencyFrom(0, 256))
+        ->check(IsWholeIn(0, 256))
         ->type_name("HZ");
     command->add_option("--high", arguments->high, "Highest frequency, whole (default 32)")
-        ->check(IsFrequencyFrom(1, kHighest))
+        ->check(IsWholeIn(1, kHighest))
         ->type_name("HZ");
     command->add_option("--out", arguments->out, "Write R, K, M and count as text; - for standard output")
         ->type_name("OUT.txt")

@@ -23,6 +23,18 @@ inline CLI::Validator NamesAFile() {
             ""};
 }
 
+/// A whole number from \p least to \p most. CLI11's own range says of 1.5 that it is not in it.
+inline CLI::Validator IsWholeIn(int least, int most) {
+    return {[least, most](const std::string& text) {
+                int value = 0;
+                const bool fits = CLI::detail::lexical_cast(text, value) && value >= least && value <= most;
+                return fits ? std::string()
+                            : text + " is no whole number from " + std::to_string(least) + " to " +
+                                  std::to_string(most);
+            },
+            ""};
+}
+
 /// A number from \p least to \p most. CLI11's own range lets "nan" pass.
 inline CLI::Validator IsNumberIn(double least, double most) {
     return {[range = CLI::Range(least, most)](const std::string& text) {

@@ -8,7 +8,10 @@ import csv
 import io
 import json
 import math
+import os
 import pathlib
+import pty
+import re
 import resource
 import signal
 import struct
@@ -658,10 +661,30 @@ class Regress(CommandLineTest):
         self.assert_refused(result, r"^orvanta: --low 20: is above --high 10 \(.+\)$")
 
     def test_frequencies_are_whole_and_within_their_range(self):
-        for option, value in (("--low", "-1"), ("--low", "257"), ("--low", "1.5"), ("--high", "0"), ("--high", "x")):
+        for option, value in (("--low", "-1"), ("--low", "257"), ("--low", "1.5"), ("--high", "0"), ("--high", "x"),
+                              ("--high", "32768"), ("--high", "99999999999")):
             with self.subTest(option=option, value=value):
                 result = self.orvanta("regress", self.demo, *self.both, "--out", self.text, option, value)
-                self.assert_refused(result, option)
+                limits = "0 to 256" if option == "--low" else "1 to 32767"
+                self.assert_refused(result, f"^orvanta: {option}: {value} is no whole number from {limits} ")
+
+    def test_a_terminal_shows_progress_with_a_rate_and_the_results_below(self):
+        terminal, output = pty.openpty()
+        arguments = ["regress", self.demo, *self.both, "--out", self.text, "--full-spectra", self.folder / "full.txt"]
+        with subprocess.Popen([ORVANTA, *map(str, arguments)], stdout=output, stderr=output) as process:
+            os.close(output)
+            shown = b""
+            try:
+                while piece := os.read(terminal, 4096):
+                    shown += piece
+            except OSError:  # the other end is closed
+                pass
+            os.close(terminal)
+        self.assertEqual(process.returncode, 0)
+        progress = r"Writing spectra  100 %  ([0-9.e+]+) recorded min/s  in [^\r\n]*\x1b\[K\r\n"
+        match = re.search(progress + "demo.edf: ", shown.decode())
+        self.assertIsNotNone(match, shown)
+        self.assertGreater(float(match[1]), 0)
 
     def test_equal_contrast_values_are_not_computable(self):
         same = self.macro("same.smx", "mode=states", "states=eyes open", "contrast=1")
