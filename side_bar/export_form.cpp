@@ -11,35 +11,19 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "ui_export_form.h"
 
-#include <QHeaderView>
 #include <QLocale>
 
-#include <algorithm>
-#include <array>
 #include <exception>
 
 using orvanta::side_bar::AnalysisList;
 
 namespace {
 
+constexpr int kColumnWidths[] = {120, 60, 90};
 constexpr const char* kSection = "TSpectraExportForm";
 
 std::string ExportText(const char* key, const char* builtIn) {
     return owl::TextOr(PModule::Named("Orvanta"), kSection, key, builtIn);
-}
-
-/// Names take the room that is left, the other columns their titles' if it is more than these widths.
-void LayOutColumns(owl::ReportList& list) {
-    constexpr std::array kWidths = {120, 60, 90};
-    QHeaderView& header = *list.header();
-    header.setStretchLastSection(false);
-    header.setSectionResizeMode(0, QHeaderView::Stretch);
-    list.headerItem()->setTextAlignment(0, Qt::AlignLeft | Qt::AlignVCenter);
-    for (int column = 1; column < list.columnCount(); ++column) {
-        list.headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-        header.resizeSection(
-            column, std::max(kWidths.at(static_cast<std::size_t>(column)), header.sectionSizeHint(column)));
-    }
 }
 
 } // namespace
@@ -57,7 +41,10 @@ TSpectraExportForm::~TSpectraExportForm() = default;
 
 void TSpectraExportForm::SetUpControls() {
     ui_->lvSpectra->SetMultiSelect(true);
-    LayOutColumns(*ui_->lvSpectra);
+    for (int column = 0; column < ui_->lvSpectra->columnCount(); ++column) {
+        ui_->lvSpectra->setColumnWidth(column, kColumnWidths[column]);
+    }
+    ui_->lvSpectra->StretchCaptions();
     ui_->BitBtnOk->setIcon(owl::IconOf(QStringLiteral("ok")));
     ui_->BitBtnCancel->setIcon(owl::IconOf(QStringLiteral("cancel")));
     SetCancelButton(ui_->BitBtnCancel);
@@ -139,6 +126,7 @@ void TSpectraExportForm::BitBtnOkClick() {
         qInfo("Spectra export: %s", failure.what());
         return;
     } catch (const std::exception& failure) {
+        qInfo("Spectra export: %s", failure.what());
         if (gui != nullptr) {
             gui->ShowError(failure.what());
         }

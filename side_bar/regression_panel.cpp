@@ -130,9 +130,12 @@ void TFormListenerSpectraBCI::FillSecondListSpectra() {
                      return other != main && other->GetFFTResolution() == main->GetFFTResolution() &&
                             other->GetMontage() == main->GetMontage();
                  });
-    if (std::ranges::find_first_of(selected, others) == selected.end()) {
-        selected = {manager_->GetSecondary()};
+    const SpectMacroResult* secondary = manager_->GetSecondary();
+    const bool chosenElsewhere = secondary != nullptr && secondary != secondary_;
+    if (chosenElsewhere || std::ranges::find_first_of(selected, others) == selected.end()) {
+        selected = {secondary};
     }
+    secondary_ = secondary;
     for (SpectMacroResult* other : others) {
         AddRow(*secondaryList_, *other, std::ranges::find(selected, other) != selected.end());
     }

@@ -28,7 +28,7 @@ public:
     void SomethingChanged() override;
     void FillListSpectra();
     /// The analyses with the resolution and the montage of the selected main one. Those that were selected
-    /// stay so; when none was, the manager's secondary analysis is.
+    /// stay so; when none was, or the manager has another secondary analysis than before, that one is.
     void FillSecondListSpectra();
     void UpdateControls();
 
@@ -53,5 +53,6 @@ private:
     EEGFileInfoType* recording_;
     SpectraMgr* manager_;
     std::unique_ptr<orvanta::side_bar::AnalysisList> mainList_, secondaryList_;
-    bool filling_ = false; ///< giving the focus back may tell of a change
+    const SpectMacroResult* secondary_ = nullptr; ///< the manager's of last time, to be compared only
+    bool filling_ = false;                        ///< giving the focus back may tell of a change
 };

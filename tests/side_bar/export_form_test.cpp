@@ -95,6 +95,10 @@ TEST_F(ExportForm, ShowsTheCaptionsOfItsControls) {
     EXPECT_EQ(titles->text(0), "Spectrum");
     EXPECT_EQ(titles->text(1), "Nr. FFTs");
     EXPECT_EQ(titles->text(2), "Contrast Value");
+    const auto* list = form->findChild<QTreeWidget*>("lvSpectra");
+    EXPECT_GE(list->columnWidth(0), 120); // takes the room that is left
+    EXPECT_GE(list->columnWidth(1), 60);
+    EXPECT_GE(list->columnWidth(2), 90);
     for (const char* box : {"cbHeader", "cbContrast", "cbLabel"}) {
         EXPECT_TRUE(Hand().IsChecked(box)) << box;
     }

@@ -221,6 +221,20 @@ TEST_F(RegressionPanel, KeepsWhatIsSelectedWhenSomethingChanges) {
     EXPECT_TRUE(Hand().IsEnabled("BtnRegression"));
 }
 
+TEST_F(RegressionPanel, FollowsTheManagersSecondaryWhenThatWasChosenElsewhere) {
+    Add(1);
+    manager.SetSecondary(Add(3));
+    SpectMacroResult* next = Add(5);
+    Open();
+    ASSERT_EQ(Hand().SelectedRowsOf("lvSecondaryList"), QStringList{"c3"});
+    manager.SetSecondary(next);
+    panel->SomethingChanged();
+    EXPECT_EQ(Hand().SelectedRowsOf("lvSecondaryList"), QStringList{"c5"});
+    Hand().SelectsRow("lvSecondaryList", 0);
+    panel->SomethingChanged(); // the manager's is the same as before
+    EXPECT_EQ(Hand().SelectedRowsOf("lvSecondaryList"), QStringList{"c3"});
+}
+
 TEST_F(RegressionPanel, EnablesTheButtonWithAnotherSelectedOnly) {
     Add(1);
     Add(3);
