@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Opening the two macro forms, from nothing until they are painted, after the first time; closing counts too.
+#include "benchmarks/window_benchmarks.h"
 #include "host/platform/console_gui.h"
 #include "host/platform/host_platform.h"
-#include "host/toolkit/appearance.h"
-#include "host/toolkit/message_module.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/events.h"
 #include "spectra_contract/spectra_macro.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 #include <iostream>
 #include <string>
@@ -68,15 +65,5 @@ BENCHMARK(OpenLibrary)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // The offscreen platform remarks on every window what it cannot do.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    QApplication application(argc, argv);
-    owl::ApplyAppearance(application, owl::Appearance::Light);
-    const PModule messages("Orvanta", nullptr);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return orvanta::RunWindowBenchmarks(argc, argv);
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Choosing another main or secondary spectrum in the side bar until the view has drawn it: 64 channels at
 // 256 Hz, 20 analyses of 2 s windows over two minutes, a window of 1920 × 1080 logical pixels.
+#include "benchmarks/window_benchmarks.h"
 #include "host/signal_base/recording.h"
-#include "host/toolkit/appearance.h"
 #include "host/toolkit/menu_templates.h"
-#include "host/toolkit/message_module.h"
 #include "resources/menus/spectrum_menu.h"
 #include "side_bar/spectra_panel.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -12,11 +11,9 @@
 #include "tests/support/memory_source.h"
 #include "tests/support/qt/fake_global_window.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QSplitter>
 #include <QTreeWidget>
-#include <benchmark/benchmark.h>
 
 #include <random>
 
@@ -134,15 +131,5 @@ BENCHMARK(ChooseSecondary)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    // The offscreen platform remarks on every window what it cannot do.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    QApplication application(argc, argv);
-    owl::ApplyAppearance(application, owl::Appearance::Light);
-    const PModule messages("Orvanta", nullptr);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return orvanta::RunWindowBenchmarks(argc, argv);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/bridge/spectrum_window.h"
 
-#include "host/chart_view/side_bar_manager.h"
+#include "host/review/app/plain_window.h"
 #include "host/toolkit/event.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/spectrum.h"
@@ -15,15 +15,11 @@ namespace orvanta::review {
 namespace {
 
 /// Tool bar and panes of one view.
-class ViewFrame final : public GlobalWindow {
+class ViewFrame final : public PlainWindow {
 public:
     explicit ViewFrame(GenericPlatform& platform) : platform_(platform) {}
 
     GenericPlatform* GetPlatform() const override { return &platform_; }
-    std::string GetErrorStr() const override { return "Error"; }
-    bool IsQuiet() const override { return true; }
-    void SetMessageText(const std::string& /*text*/) override {}
-    SideBarManager& GetSideBar() override { return sideBar_; }
 
     void Take(Spectrum& view) {
         auto* rows = new QVBoxLayout(this);
@@ -35,15 +31,7 @@ public:
     }
 
 private:
-    class NoSideBar final : public SideBarManager {
-    public:
-        void AddPanel(QWidget& /*panel*/, bool /*show*/, bool /*activate*/) override {}
-        void RemovePanel(QWidget& /*panel*/) override {}
-        void Update() override {}
-    };
-
     GenericPlatform& platform_;
-    NoSideBar sideBar_;
 };
 
 } // namespace
