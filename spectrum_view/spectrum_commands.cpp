@@ -124,7 +124,6 @@ void Spectrum::CmNewSpectrum() {
             asking_ = false;
         }
     });
-    std::int32_t answer = 0;
     {
         EnableWindow(false);
         const auto answered = qScopeGuard([&] {
@@ -132,11 +131,7 @@ void Spectrum::CmNewSpectrum() {
                 EnableWindow(true);
             }
         });
-        answer = CreateNewSpectrum(GW().GetPlatform(), GetHandle(), *manager_, recording_);
-    }
-    constexpr std::int32_t kAdded = 1;
-    if (alive && IsCreated() && answer == kAdded) {
-        CheckAndRecompute(GW().IsQuiet()); // computes it when it is the one shown
+        CreateNewSpectrum(GW().GetPlatform(), GetHandle(), *manager_, recording_);
     }
     if (alive && IsCreated()) {
         Invalidate();

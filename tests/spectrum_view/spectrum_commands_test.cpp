@@ -356,23 +356,7 @@ TEST_F(AskingView, OptionsWithoutAnAnalysisMakeOne) {
     EXPECT_EQ(manager.Size(), 1u);
     EXPECT_NE(manager.GetMain(), nullptr);
     EXPECT_TRUE(view->isEnabled());
-}
-
-TEST_F(AskingView, ComputesTheFirstSpectrumAtOnce) {
-    Open();
-    user.Meets<TFormMacroSpectra>([](TFormMacroSpectra& form) { FormUser(form).Clicks("BtnAutoAverage"); });
-    view->CmNewSpectrum();
-    EXPECT_TRUE(manager.GetMain()->IsComputed());
-    EXPECT_THAT(window.platform.gui.Progresses(), ElementsAre("Computing Spectra..."));
-}
-
-TEST_F(AskingView, ComputesNothingWhenTheRequestIsCancelled) {
-    Add();
-    Open();
-    manager.GetMain()->ResetData();
-    user.Meets<TFormMacroSpectra>([](TFormMacroSpectra& form) { FormUser(form).Clicks("BtnCancel"); });
-    view->CmNewSpectrum();
-    EXPECT_FALSE(manager.GetMain()->IsComputed());
+    EXPECT_THAT(window.platform.gui.Progresses(), IsEmpty());
 }
 
 TEST_F(AskingView, ANewSpectrumIsAddedBehindTheOthers) {
@@ -382,7 +366,6 @@ TEST_F(AskingView, ANewSpectrumIsAddedBehindTheOthers) {
     view->CmNewSpectrum();
     EXPECT_EQ(manager.Size(), 2u);
     EXPECT_EQ(manager.GetMain(), main);
-    EXPECT_FALSE((*std::next(manager.begin()))->IsComputed());
     ExpectFocus();
 }
 
