@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/regression_panel.h"
 
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/icon.h"
 #include "host/toolkit/message_module.h"
@@ -66,7 +67,8 @@ TFormListenerSpectraBCI::TFormListenerSpectraBCI(HWND view, GenericPlatform* pla
     secondaryList_ = std::make_unique<AnalysisList>(*ui_->lvSecondaryList, manager, kColorColumn);
     SetUpLists();
     ui_->BtnRegression->setIcon(owl::IconOf(QStringLiteral("compute")));
-    connect(ui_->BtnRegression, &QPushButton::clicked, this, [this] { BtnRegressionClick(); });
+    connect(ui_->BtnRegression, &QPushButton::clicked, this,
+            [this] { owl::RunGuarded([this] { BtnRegressionClick(); }); });
     SomethingChanged();
 }
 

@@ -2,10 +2,13 @@
 #include "side_bar/regression_panel.h"
 
 #include "host/platform/host_platform.h"
+#include "host/signal_base/recording.h"
+#include "host/spectral_data/compute_options.h"
 #include "host/toolkit/chart/scatter_chart.h"
 #include "host/toolkit/report_list.h"
 #include "side_bar/regression_results.h"
 #include "spectra_contract/sensor.h"
+#include "tests/support/failing_source.h"
 #include "tests/support/globals_guard.h"
 #include "tests/support/known_slope.h"
 #include "tests/support/qt/form_user.h"
@@ -428,6 +431,60 @@ TEST_F(RegressionPanel, TellsAnyOtherFailureAsAGenericError) {
     user.AnswersMessage(owl::kIdOk);
     Hand().Clicks("BtnRegression");
     ExpectMessage("Generic Error");
+}
+
+/// The panel over analyses whose epochs are read again from the file, which may fail.
+class RegressionPanelOfAFile : public RegressionPanel {
+protected:
+    RegressionPanelOfAFile() {
+        for (const int contrast : {1, 3}) {
+            SpectraMacro macro = test::SmallMacro();
+            macro.SetContrastValue(contrast);
+            auto* analysis = new SpectMacroResult(macro, file.get(), nullptr);
+            spectral::ComputeOptions options;
+            options.memory_bytes = 0; // keeps no epochs
+            analysis->SetComputeOptions(options);
+            analysis->Compute(nullptr);
+            others.push_back(analysis);
+        }
+        panel = new TFormListenerSpectraBCI(HWND(&view), &platform, file.get(), &others);
+        view.show();
+        Hand().SelectsRow("lvSecondaryList", 0);
+    }
+    ~RegressionPanelOfAFile() override { delete panel; }
+
+    static std::unique_ptr<EEGFileInfoType> FileOf(std::shared_ptr<test::FailingSource>& source) {
+        signal::RecordingData data = test::SmallData(60);
+        source = std::make_shared<test::FailingSource>(data.source);
+        data.source = source;
+        return signal::MakeRecording(std::move(data));
+    }
+
+    std::shared_ptr<test::FailingSource> source;
+    std::unique_ptr<EEGFileInfoType> file = FileOf(source);
+    SpectraMgr others{file.get(), nullptr};
+};
+
+TEST_F(RegressionPanelOfAFile, TellsThatTheFileWentAwayAsAGenericError) {
+    source->BeforeRead = [] { throw std::runtime_error("memory.edf: it went away (bring it back)"); };
+    user.AnswersMessage(owl::kIdOk);
+    Hand().Clicks("BtnRegression");
+    ExpectMessage("Generic Error");
+}
+
+TEST_F(RegressionPanelOfAFile, PassesAnyOtherFailureOnWithoutTheWaitCursor) {
+    source->BeforeRead = [] { throw std::logic_error("a mistake"); };
+    EXPECT_THROW(panel->BtnRegressionClick(), std::logic_error);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(user.Messages().empty());
+}
+
+TEST_F(RegressionPanelOfAFile, EndsAnyOtherFailureAtTheButtonAndTellsIt) {
+    source->BeforeRead = [] { throw std::logic_error("a mistake"); };
+    user.AnswersMessage(owl::kIdOk);
+    Hand().Clicks("BtnRegression");
+    ASSERT_EQ(user.Messages().size(), 1u);
+    EXPECT_EQ(user.Messages().front().text, "This could not be finished:\na mistake");
 }
 
 TEST_F(RegressionPanel, ShowsAWaitCursorUntilTheResultsAreThere) {
