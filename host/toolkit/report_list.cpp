@@ -98,9 +98,9 @@ const void* ReportList::DataOf(const QTreeWidgetItem* row) const {
 
 void ReportList::SelectRow(QTreeWidgetItem* row, bool selected) {
     if (selected && selectionMode() == SingleSelection) {
-        // One change, so that nobody is told of a list without a selection.
-        selectionModel()->select(indexFromItem(row),
-                                 QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        // One change, so that nobody is told of a list without a selection. Keys go on from this row.
+        selectionModel()->setCurrentIndex(indexFromItem(row),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     } else {
         row->setSelected(selected);
     }

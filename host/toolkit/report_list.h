@@ -33,7 +33,8 @@ public:
     /// Adds a row and answers it. \param payload the row's own, not owned
     QTreeWidgetItem* AddRow(const QStringList& texts, const void* payload = nullptr);
     const void* DataOf(const QTreeWidgetItem* row) const;
-    /// Selects or deselects without touching other rows, but where only one may be selected.
+    /// Selects or deselects without touching other rows, but where only one may be selected: there the
+    /// selected row is the current one, too.
     void SelectRow(QTreeWidgetItem* row, bool selected = true);
     /// Captions of the selected rows, from the top.
     QStringList SelectedCaptions() const;
