@@ -16,6 +16,7 @@
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QShowEvent>
 
 #include <algorithm>
 #include <optional>
@@ -59,7 +60,7 @@ std::vector<const SpectMacroResult*> SelectedOf(const AnalysisList& list) {
 
 TFormListenerSpectraBCI::TFormListenerSpectraBCI(HWND view, GenericPlatform* platform,
                                                  EEGFileInfoType* recording, SpectraMgr* manager)
-    : TFormListener(view), ui_(std::make_unique<Ui::TFormListenerSpectraBCI>()), view_(view),
+    : TFormListener(view), ui_(std::make_unique<Ui::TFormListenerSpectraBCI>()), view_(view.Widget()),
       platform_(platform), recording_(recording), manager_(manager) {
     ui_->setupUi(this);
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormListenerSpectraBCI");
@@ -81,7 +82,7 @@ void TFormListenerSpectraBCI::SetUpLists() {
             list->setColumnWidth(column, kColumnWidths[column]);
         }
         list->StretchCaptions();
-        connect(list, &QTreeWidget::clicked, this, [this] { FocusView(view_); });
+        connect(list, &QTreeWidget::clicked, this, [this] { FocusView(View()); });
     }
     connect(ui_->lvMainList, &QTreeWidget::itemSelectionChanged, this,
             &TFormListenerSpectraBCI::lvMainListSelectItem);
@@ -95,8 +96,8 @@ void TFormListenerSpectraBCI::SetUpLists() {
 void TFormListenerSpectraBCI::SomethingChanged() {
     UpdateControls();
     FillListSpectra();
-    FocusView(view_);
-    RepaintView(view_, true);
+    FocusView(View());
+    RepaintView(View(), true);
 }
 
 void TFormListenerSpectraBCI::FillListSpectra() {
@@ -115,8 +116,8 @@ void TFormListenerSpectraBCI::FillListSpectra() {
         FillSecondListSpectra(); // no row told of its selection
     }
     UpdateControls();
-    FocusView(view_);
-    RepaintView(view_, true);
+    FocusView(View());
+    RepaintView(View(), true);
 }
 
 void TFormListenerSpectraBCI::FillSecondListSpectra() {
@@ -141,17 +142,24 @@ void TFormListenerSpectraBCI::FillSecondListSpectra() {
     for (SpectMacroResult* other : others) {
         AddRow(*secondaryList_, *other, std::ranges::find(selected, other) != selected.end());
     }
-    FocusView(view_);
+    FocusView(View());
 }
 
 void TFormListenerSpectraBCI::UpdateControls() {
     if (mainList_->SelectedRow() == nullptr) {
         ui_->BtnRegression->setEnabled(false);
-        FocusView(view_);
+        FocusView(View());
         return;
     }
     ui_->BtnRegression->setEnabled(mainList_->Selected() != nullptr &&
                                    !ui_->lvSecondaryList->selectedItems().isEmpty());
+}
+
+void TFormListenerSpectraBCI::showEvent(QShowEvent* event) {
+    TFormListener::showEvent(event);
+    if (!event->spontaneous()) {
+        FillListSpectra(); // the panel in front before may have changed the analyses
+    }
 }
 
 void TFormListenerSpectraBCI::lvMainListSelectItem() {
@@ -160,8 +168,8 @@ void TFormListenerSpectraBCI::lvMainListSelectItem() {
     }
     FillSecondListSpectra();
     UpdateControls();
-    FocusView(view_);
-    RepaintView(view_, true);
+    FocusView(View());
+    RepaintView(View(), true);
 }
 
 void TFormListenerSpectraBCI::lvSecondaryListSelectItem() {

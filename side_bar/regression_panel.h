@@ -5,6 +5,8 @@
 #include "side_bar/analysis_list.h"
 #include "side_bar/form_listener.h"
 
+#include <QPointer>
+
 #include <list>
 #include <memory>
 
@@ -19,8 +21,9 @@ class TFormListenerSpectraBCI;
 /// manager's; choosing another here makes that the manager's. Only the range is read from the options.
 class ORVANTA_API TFormListenerSpectraBCI : public TFormListener {
 public:
-    /// Nothing passed in is owned; all of it must outlive the panel.
-    /// \param view gets the focus back; may be null \param recording may be null \param manager may be null
+    /// Nothing passed in is owned; all of it but the view must outlive the panel.
+    /// \param view gets the focus back while it is there; may be null \param recording may be null \param
+    /// manager may be null
     TFormListenerSpectraBCI(HWND view, GenericPlatform* platform, EEGFileInfoType* recording,
                             SpectraMgr* manager);
     ~TFormListenerSpectraBCI() override;
@@ -39,8 +42,12 @@ public:
     /// Computes the regression and shows its results, or why there are none.
     void BtnRegressionClick();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void SetUpLists();
+    HWND View() const { return HWND(view_.data()); }
     /// What goes into the regression: the main analysis, then for each focused row of the other list the
     /// first selected analysis there, whichever row has the focus.
     std::list<SpectMacroResult*> AnalysesFor(SpectMacroResult& main) const;
@@ -48,7 +55,7 @@ private:
     void ShowCode(const char* key, const char* builtIn);
 
     std::unique_ptr<Ui::TFormListenerSpectraBCI> ui_;
-    HWND view_;
+    QPointer<QWidget> view_;
     GenericPlatform* platform_;
     EEGFileInfoType* recording_;
     SpectraMgr* manager_;

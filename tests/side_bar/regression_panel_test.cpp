@@ -238,6 +238,20 @@ TEST_F(RegressionPanel, FollowsTheManagersSecondaryWhenThatWasChosenElsewhere) {
     EXPECT_EQ(Hand().SelectedRowsOf("lvSecondaryList"), QStringList{"c3"});
 }
 
+TEST_F(RegressionPanel, IsFilledAnewWhenItsTabComesToTheFront) {
+    Add(1);
+    SpectMacroResult* erased = Add(3);
+    Open();
+    panel->hide();
+    manager.Remove(erased);
+    delete erased;
+    Add(5);
+    EXPECT_EQ(Hand().RowsOf("lvMainList"), (QStringList{"c1", "c3"}));
+    panel->show();
+    EXPECT_EQ(Hand().RowsOf("lvMainList"), (QStringList{"c1", "c5"}));
+    EXPECT_EQ(Hand().RowsOf("lvSecondaryList"), QStringList{"c5"});
+}
+
 TEST_F(RegressionPanel, EnablesTheButtonWithAnotherSelectedOnly) {
     Add(1);
     Add(3);
