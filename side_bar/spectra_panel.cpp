@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/spectra_panel.h"
 
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/icon.h"
 #include "host/toolkit/message_module.h"
@@ -37,8 +38,8 @@ void PrepareList(owl::ReportList& list) {
 
 TFormListenerSpectra1::TFormListenerSpectra1(HWND view, GenericPlatform* platform, EEGFileInfoType* recording,
                                              SpectraMgr* manager)
-    : TFormListener(view), platform_(platform), recording_(recording), manager_(manager), view_(view),
-      ui_(std::make_unique<Ui::TFormListenerSpectra1>()) {
+    : TFormListener(view), platform_(platform), recording_(recording), manager_(manager),
+      view_(view.Widget()), ui_(std::make_unique<Ui::TFormListenerSpectra1>()) {
     ui_->setupUi(this);
     main_ = std::make_unique<AnalysisList>(*ui_->lvMainList, manager, kColorColumn);
     secondary_ = std::make_unique<AnalysisList>(*ui_->lvSecondaryList, manager, kColorColumn);
@@ -65,6 +66,7 @@ void TFormListenerSpectra1::SetUpControls() {
     }
     ui_->cbThreshold->addItems({"0.10", "0.05", "0.01", "0.005", "0.001"}); // the same in every language
     ui_->cbThreshold->setCurrentIndex(1);
+    ui_->cbThreshold->installEventFilter(this);
     // As wide as the controls need, also where they do not fit into the height.
     ui_->scroller->setMinimumWidth(ui_->groups->minimumSizeHint().width() +
                                    ui_->scroller->verticalScrollBar()->sizeHint().width());
@@ -73,7 +75,8 @@ void TFormListenerSpectra1::SetUpControls() {
 void TFormListenerSpectra1::ConnectHandlers() {
     using Panel = TFormListenerSpectra1;
     const auto onClick = [this](QPushButton* button, void (Panel::*handler)()) {
-        connect(button, &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
+        connect(button, &QPushButton::clicked, this,
+                [this, handler] { owl::RunGuarded([&] { (this->*handler)(); }); });
     };
     onClick(ui_->BtnSpectraNew, &Panel::BtnSpectraNewClick);
     onClick(ui_->BtnEraseSpectra, &Panel::BtnEraseSpectraClick);
@@ -95,8 +98,8 @@ void TFormListenerSpectra1::ConnectHandlers() {
 }
 
 void TFormListenerSpectra1::ShowInView() {
-    FocusView(view_);
-    RepaintView(view_, true);
+    FocusView(View());
+    RepaintView(View(), true);
 }
 
 void TFormListenerSpectra1::SomethingChanged() {
@@ -139,9 +142,10 @@ void TFormListenerSpectra1::FillSecondListSpectra() {
         QTreeWidgetItem* row = secondary_->Add(*analysis);
         if (analysis == manager_->GetSecondary()) {
             ui_->lvSecondaryList->SelectRow(row);
+            ui_->lvSecondaryList->scrollToItem(row);
         }
     }
-    FocusView(view_);
+    FocusView(View());
 }
 
 void TFormListenerSpectra1::UpdateControls() {
@@ -154,7 +158,7 @@ void TFormListenerSpectra1::UpdateControls() {
     // The last spectrum stays.
     ui_->BtnEraseSpectra->setEnabled(row != nullptr && ui_->lvMainList->topLevelItemCount() >= 2);
     if (row == nullptr) {
-        FocusView(view_);
+        FocusView(View());
     }
     if (shown != nullptr) {
         std::ostringstream text;
@@ -175,6 +179,10 @@ double TFormListenerSpectra1::GetThreshold() const {
 
 bool TFormListenerSpectra1::eventFilter(QObject* watched, QEvent* event) {
     const bool handled = TFormListener::eventFilter(watched, event);
+    if (event->type() == QEvent::Wheel && watched == ui_->cbThreshold && !ui_->cbThreshold->hasFocus()) {
+        event->ignore(); // the panel scrolls under the mouse; the threshold stays
+        return true;
+    }
     if (event->type() == QEvent::MouseButtonRelease) {
         if (watched == ui_->lvMainList->viewport()) {
             lvMainListMouseUp();

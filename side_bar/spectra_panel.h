@@ -4,6 +4,8 @@
 
 #include "side_bar/form_listener.h"
 
+#include <QPointer>
+
 #include <memory>
 
 class EEGFileInfoType;
@@ -24,8 +26,8 @@ class AnalysisList;
 /// focus back. GUI thread.
 class ORVANTA_API TFormListenerSpectra1 : public TFormListener {
 public:
-    /// Nothing passed in is owned; all of it must outlive the panel.
-    /// \param view gets the focus and is drawn anew; may be null
+    /// Nothing passed in is owned; all of it but the view must outlive the panel.
+    /// \param view gets the focus and is drawn anew while it is there; may be null
     /// \param platform may be null without a recording
     /// \param recording may be null: then there are no new spectra
     /// \param manager of the spectra; may be null
@@ -66,11 +68,12 @@ private:
     void ConnectHandlers();
     /// The view gets the focus and is drawn anew from its background.
     void ShowInView();
+    HWND View() const { return HWND(view_.data()); }
 
     GenericPlatform* platform_;
     EEGFileInfoType* recording_;
     SpectraMgr* manager_;
-    HWND view_;
+    QPointer<QWidget> view_;
     std::unique_ptr<Ui::TFormListenerSpectra1> ui_;
     std::unique_ptr<orvanta::side_bar::AnalysisList> main_, secondary_; ///< the rows of the two lists
     bool filling_ = false;

@@ -55,11 +55,11 @@ void TFormListenerSpectra1::lvSecondaryListSelectItem(const QTreeWidgetItem* row
 }
 
 void TFormListenerSpectra1::lvMainListMouseUp() {
-    FocusView(view_);
+    FocusView(View());
 }
 
 void TFormListenerSpectra1::lvSecondaryListMouseUp() {
-    FocusView(view_);
+    FocusView(View());
 }
 
 void TFormListenerSpectra1::cbStatClick() {
@@ -82,14 +82,14 @@ void TFormListenerSpectra1::cbThresholdChange() {
         return;
     }
     manager_->SetPThreshold(threshold);
-    RepaintView(view_, false);
+    RepaintView(View(), false);
 }
 
 void TFormListenerSpectra1::BtnSpectraNewClick() {
     if (recording_ == nullptr || manager_ == nullptr) {
         return;
     }
-    CreateNewSpectrum(platform_, view_, *manager_, recording_);
+    CreateNewSpectrum(platform_, View(), *manager_, recording_);
     FillListSpectra();
 }
 
@@ -131,7 +131,7 @@ void TFormListenerSpectra1::BtnEditClick() {
 
 void TFormListenerSpectra1::BtnErpProcessClick() {
     SpectMacroResult* analysis = main_->Selected();
-    if (analysis == nullptr) {
+    if (analysis == nullptr || platform_ == nullptr) {
         return;
     }
     PerformComputation(platform_, GetHandle(), analysis, recording_);

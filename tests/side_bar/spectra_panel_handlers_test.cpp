@@ -10,6 +10,8 @@
 #include <QCheckBox>
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 namespace {
 
 using namespace orvanta;
@@ -57,6 +59,7 @@ TEST_F(PanelWithTwo, PassesTheSwitchesToTheManager) {
     EXPECT_TRUE(manager.GetShowTTest());
     EXPECT_TRUE(manager.GetShowRatio());
     User().Clicks("cbSpectRatio");
+    EXPECT_TRUE(manager.GetShowTTest());
     EXPECT_FALSE(manager.GetShowRatio());
 }
 
@@ -150,6 +153,49 @@ TEST_F(PanelWithTwo, ComputesNothingWhenTheSettingsAreLeft) {
     user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { form.reject(); });
     const std::uint64_t before = first->GetGeneration();
     User().Clicks("BtnEdit");
+    EXPECT_EQ(first->GetGeneration(), before);
+}
+
+TEST_F(PanelWithTwo, KeepsTheSpectraWhenTheNewSettingsCannotBeComputed) {
+    user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) {
+        test::FormUser(form).Clicks("rbFFT_160s"); // longer than the recording
+        test::FormUser(form).Clicks("BitBtnCompute");
+    });
+    const std::uint64_t before = first->GetGeneration();
+    const test::CursorLog cursor;
+    User().Clicks("BtnEdit");
+    EXPECT_EQ(platform.gui.Errors().size(), 1u);
+    EXPECT_THAT(cursor.Log(), ElementsAre(32514u, 0u));
+    EXPECT_EQ(first->GetGeneration(), before);
+    EXPECT_NE(first->GetSpectrum(test::SensorOf(*recording, "Cz")), nullptr);
+    EXPECT_EQ(User().RowsOf("lvMainList").size(), 2);
+    EXPECT_TRUE(User().IsEnabled("BtnEdit"));
+    EXPECT_EQ(window.focusWidget(), view);
+}
+
+TEST_F(PanelWithTwo, TellsAFailureOfAButtonAndGoesOn) {
+    user.Meets<TFormMacroSpectra>([](TFormMacroSpectra&) { throw std::runtime_error("the disk is gone"); })
+        .AnswersMessage(owl::kIdOk);
+    User().Clicks("BtnSpectraNew");
+    ASSERT_EQ(user.Messages().size(), 1u);
+    EXPECT_THAT(user.Messages()[0].text, testing::HasSubstr("the disk is gone"));
+    EXPECT_EQ(manager.Size(), 2u);
+}
+
+TEST_F(PanelWithTwo, MayOutliveItsView) {
+    delete std::exchange(view, nullptr);
+    User().SelectsRow("lvMainList", 1);
+    User().Clicks("cbSpectRatio");
+    panel->SomethingChanged();
+    EXPECT_EQ(manager.GetMain(), second);
+    EXPECT_TRUE(manager.GetShowRatio());
+}
+
+TEST_F(PanelWithTwo, ComputesNothingWithoutAHost) {
+    panel = new TFormListenerSpectra1(view->GetHandle(), nullptr, nullptr, &manager);
+    panel->setParent(&window);
+    const std::uint64_t before = first->GetGeneration();
+    panel->BtnErpProcessClick();
     EXPECT_EQ(first->GetGeneration(), before);
 }
 

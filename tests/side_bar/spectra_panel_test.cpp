@@ -57,6 +57,49 @@ TEST_F(SpectraPanel, IsCaptionedAsItsTab) {
     EXPECT_EQ(Open().windowTitle(), "t-test");
 }
 
+TEST_F(SpectraPanel, HasTheseCaptions) {
+    Open();
+    const std::pair<const char*, const char*> captions[] = {
+        {"gbMain", "Main Spectrum"},        {"BtnSpectraNew", "New..."}, {"BtnEraseSpectra", "Erase..."},
+        {"BtnExport", "Export..."},         {"BtnEdit", "Edit..."},      {"BtnErpProcess", "Process"},
+        {"gbStats", "Secondary Spectrum"},  {"cbStat", "Show t-test"},   {"cbSpectRatio", "Show Ratio"},
+        {"Label1", "p-value threshold [%]"}};
+    for (const auto& [control, caption] : captions) {
+        EXPECT_EQ(User().TextOf(control), caption);
+    }
+}
+
+TEST_F(SpectraPanel, GivesTheNamesTheRoomThatCountAndColorLeave) {
+    Open();
+    panel->setFixedWidth(300);
+    RunQueue();
+    for (const char* name : {"lvMainList", "lvSecondaryList"}) {
+        const auto& list = Get<QTreeWidget>(name);
+        EXPECT_GE(list.columnWidth(0), 100) << name;
+        EXPECT_EQ(list.columnWidth(1), 65) << name;
+        EXPECT_NEAR(list.columnWidth(2), 40, 10) << name; // its title fits in any font
+        EXPECT_EQ(list.columnWidth(0) + list.columnWidth(1) + list.columnWidth(2), list.viewport()->width())
+            << name;
+    }
+}
+
+TEST_F(SpectraPanel, ShowsMainAndSecondaryOfMany) {
+    for (int i = 0; i < 200; ++i) {
+        Add();
+    }
+    manager.SetMain(*(manager.begin() + 150));
+    manager.SetSecondary(*(manager.begin() + 180));
+    Open();
+    panel->SomethingChanged();
+    RunQueue();
+    for (const char* name : {"lvMainList", "lvSecondaryList"}) {
+        const auto& list = Get<QTreeWidget>(name);
+        ASSERT_EQ(list.selectedItems().size(), 1) << name;
+        EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.selectedItems()[0]))) << name;
+    }
+    EXPECT_EQ(Rows("lvSecondaryList").size(), 199);
+}
+
 TEST_F(SpectraPanel, ListsTheSpectraInTheOrderOfTheManagerAndSelectsTheMainOne) {
     const SpectMacroResult* first = &Add();
     SpectMacroResult* second = &Add();
