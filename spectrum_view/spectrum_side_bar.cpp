@@ -6,6 +6,7 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/spectrum.h"
 
+#include <QScopeGuard>
 #include <QSplitter>
 
 #include <algorithm>
@@ -33,6 +34,7 @@ void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
 
 void Spectrum::CreateSideBar() {
     Panes().setUpdatesEnabled(false);
+    const auto redraw = qScopeGuard([this] { Panes().setUpdatesEnabled(true); });
     sideBar_ = new TSideBarFormBase(GetHandle());
     if (spectraPanel_ == nullptr) {
         spectraPanel_ = new TFormListenerSpectra1(GetHandle(), GW().GetPlatform(), recording_, manager_);
@@ -45,7 +47,6 @@ void Spectrum::CreateSideBar() {
     }
     DockBefore(Panes(), *sideBar_, *this);
     sideBar_->SetActivePage(0);
-    Panes().setUpdatesEnabled(true);
 }
 
 void Spectrum::RemoveSideBar() {

@@ -8,6 +8,9 @@
 #include "tests/support/qt/scripted_user.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
 
 namespace {
 
@@ -151,6 +154,60 @@ TEST_F(BesideTheView, ShowsTheSecondaryThatIsChosen) {
     RunQueue();
     EXPECT_EQ(view->GetTraces()[0].secondary, second->GetSpectrum(Channel(0)));
     EXPECT_THAT(window.platform.gui.Progresses(), IsEmpty());
+}
+
+TEST_F(BesideTheView, IsReachedWithTheTabKeyAndByItsLetters) {
+    Add();
+    Add();
+    ShowFocused();
+    window.activateWindow();
+    view->SetFocus();
+    RunQueue();
+    QStringList visited;
+    for (int i = 0; i < 30 && !visited.contains("lvMainList"); ++i) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        visited << window.focusWidget()->objectName();
+    }
+    EXPECT_TRUE(visited.contains("lvMainList")) << visited.join(' ').toStdString();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(manager.GetMain(), *(manager.begin() + 1));
+    EXPECT_EQ(window.focusWidget(), view.get());
+    QTest::keyClick(&window, Qt::Key_M, Qt::AltModifier);
+    EXPECT_EQ(window.focusWidget()->objectName(), "lvMainList");
+    QTest::keyClick(window.focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(manager.GetMain(), *manager.begin());
+}
+
+TEST_F(BesideTheView, KeepsAThresholdBeingTypedFromTheKeysOfTheView) {
+    Add();
+    Add();
+    ShowFocused();
+    window.activateWindow();
+    const double gain = spectrum_view::Display().gain;
+    auto& box = *Panel()->findChild<QComboBox*>("cbThreshold");
+    box.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(box.lineEdit(), "0.01");
+    RunQueue();
+    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClick(&box, Qt::Key_Escape);
+    EXPECT_EQ(manager.GetPThreshold(), 0.01);
+    EXPECT_EQ(window.focusWidget(), &box);
+    EXPECT_EQ(spectrum_view::Display().gain, gain);
+    EXPECT_TRUE(view->IsCreated());
+}
+
+TEST_F(BesideTheView, IsLeftAloneByAMontageWithoutTraces) {
+    Add();
+    Add();
+    ShowFocused();
+    recording->GetTraceInfo()->SetMtg(MontageType());
+    Panel()->SomethingChanged();
+    RunQueue();
+    EXPECT_EQ(User().RowsOf("lvMainList").size(), 2);
+    EXPECT_EQ(User().RowsOf("lvSecondaryList").size(), 1); // both were computed of the earlier montage
+    User().Clicks("BtnErpProcess");
+    RunQueue();
+    EXPECT_THAT(User().RowsOf("lvSecondaryList"), IsEmpty());
 }
 
 TEST_F(BesideTheView, LeavesNothingOfAnErasedSpectrum) {
