@@ -311,11 +311,11 @@ TEST_F(RegressionResults, SaveFullSpectraWritesTheEpochsOfAllAnalyses) {
     Hand().Clicks("BitBtn2");
     const QStringList lines = QString::fromStdString(folder.Read("full.txt")).split('\n');
     ASSERT_EQ(lines.size(), 1 + 4 * 3 * 5 + 1);
-    EXPECT_TRUE(lines[0].startsWith("analysis\tcontrast\tsensor\tepoch\tbegin_s\tend_s\t0\t1\t2\t"));
+    EXPECT_TRUE(lines[0].startsWith("analysis\tcontrast\tepoch\tbegin_s\tend_s\tsensor\t0\t1\t2\t"));
     EXPECT_TRUE(lines[0].endsWith("\t31\t32"));
-    EXPECT_TRUE(lines[1].startsWith("c-1\t-1\tO1\t1\t0\t1\t"));
+    EXPECT_TRUE(lines[1].startsWith("c-1\t-1\t1\t0\t1\tO1\t"));
     EXPECT_EQ(lines[1].split('\t')[6 + 10], "0.1"); // µV²/Hz at 10 Hz
-    EXPECT_TRUE(lines[60].startsWith("c5\t5\tCz\t5\t19\t20\t0\t0\t"));
+    EXPECT_TRUE(lines[60].startsWith("c5\t5\t5\t19\t20\tCz\t0\t0\t"));
     EXPECT_EQ(gui.Progresses(), std::vector<std::string>{"Saving the spectra"});
 }
 

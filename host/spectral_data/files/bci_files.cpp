@@ -7,7 +7,8 @@
 #include "spectra_contract/sensor.h"
 
 #include <algorithm>
-#include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace spectral = orvanta::spectral;
@@ -27,43 +28,52 @@ std::vector<const SensorType*> SensorsOf(const std::list<BCIReg>& results) {
     return sensors;
 }
 
-/// Ends the walk over the epochs from within.
-struct Cancelled {};
-
 /// Writes epochs in pieces and shows how much of the work is done.
 class EpochWriter {
 public:
     EpochWriter(orvanta::platform::AtomicFile& file, GenericProgress* progress, std::uint64_t epochs)
         : file_(file), progress_(progress), epochs_(epochs) {}
 
-    /// \throws Cancelled
-    void Write(const spectral::ContrastGroup& group, const SensorType& sensor) {
-        const auto trace = group.analysis->Row(&sensor);
-        if (!trace) {
-            return;
-        }
-        std::uint64_t epoch = 0;
-        group.analysis->Epochs().ForEach(trace->row, [&](std::span<const float> power) {
-            spectral::AppendFullSpectraRow(text_, group, epoch++, sensor.GetName(), power);
-            ++done_;
-            if (text_.size() >= kPieceBytes) {
-                Flush();
+    /// All epochs of an analysis, one after the other. \return false when cancelled
+    bool Write(const spectral::ContrastGroup& group, const std::vector<const SensorType*>& sensors) {
+        std::vector<std::pair<const SensorType*, std::uint32_t>> rows;
+        std::uint32_t count = 0;
+        for (const SensorType* sensor : sensors) {
+            if (const auto trace = group.analysis->Row(sensor)) {
+                rows.emplace_back(sensor, trace->row);
+                count = std::max(count, trace->row + 1);
             }
+        }
+        const spectral::EpochSpectra& spectra = group.analysis->Epochs();
+        return spectra.ForEachBlock(count, [&](std::uint64_t first, std::uint64_t end) {
+            for (std::uint64_t epoch = first; epoch < end; ++epoch) {
+                for (const auto& [sensor, row] : rows) {
+                    spectral::AppendFullSpectraRow(text_, group, epoch, sensor->GetName(),
+                                                   spectra.Power(epoch, row));
+                }
+                Flush(kPieceBytes);
+            }
+            done_ += end - first;
+            return GoesOn();
         });
     }
-    /// \throws Cancelled
-    void Flush() {
-        if (progress_ != nullptr) {
-            progress_->SetPosition(static_cast<double>(done_) / static_cast<double>(epochs_));
-            if (progress_->IsCancelled()) {
-                throw Cancelled();
-            }
+    /// Hands on what is written when it is this much.
+    void Flush(std::size_t bytes = 0) {
+        if (text_.size() >= bytes) {
+            file_.Write(text_);
+            text_.clear();
         }
-        file_.Write(text_);
-        text_.clear();
     }
 
 private:
+    bool GoesOn() const {
+        if (progress_ == nullptr) {
+            return true;
+        }
+        progress_->SetPosition(static_cast<double>(done_) / static_cast<double>(epochs_));
+        return !progress_->IsCancelled();
+    }
+
     orvanta::platform::AtomicFile& file_;
     GenericProgress* progress_;
     std::uint64_t epochs_;
@@ -84,22 +94,18 @@ bool SaveBCIFullSpectra(const std::string& path, const std::list<BCIReg>& result
     orvanta::platform::AtomicFile file(path);
     std::uint64_t epochs = 0;
     for (const spectral::ContrastGroup& group : groups) {
-        epochs += group.analysis->EpochCount() * sensors.size();
+        epochs += group.analysis->EpochCount();
     }
     if (!groups.empty()) {
         file.Write(spectral::FullSpectraHead(*groups.front().analysis));
     }
-    try {
-        EpochWriter writer(file, progress, std::max<std::uint64_t>(1, epochs));
-        for (const spectral::ContrastGroup& group : groups) {
-            for (const SensorType* sensor : sensors) {
-                writer.Write(group, *sensor);
-            }
+    EpochWriter writer(file, progress, epochs);
+    for (const spectral::ContrastGroup& group : groups) {
+        if (!writer.Write(group, sensors)) {
+            return false;
         }
-        writer.Flush();
-    } catch (const Cancelled&) {
-        return false;
     }
+    writer.Flush();
     file.Commit();
     return true;
 }

@@ -61,7 +61,7 @@ std::string FormatBCIRegressions(const std::list<BCIReg>& results) {
 }
 
 std::string FullSpectraHead(const Analysis& analysis) {
-    std::string text = "analysis\tcontrast\tsensor\tepoch\tbegin_s\tend_s";
+    std::string text = "analysis\tcontrast\tepoch\tbegin_s\tend_s\tsensor";
     for (std::uint32_t bin = 0; bin < analysis.Bins(); ++bin) {
         text += '\t';
         AppendNumber(text, bin * analysis.Resolution());
@@ -72,14 +72,14 @@ std::string FullSpectraHead(const Analysis& analysis) {
 void AppendFullSpectraRow(std::string& text, const ContrastGroup& group, std::uint64_t epoch,
                           const std::string& sensor, std::span<const float> power) {
     AppendName(text, group.name);
-    text += '\t' + std::to_string(group.contrast) + '\t';
-    AppendName(text, sensor);
-    text += '\t' + std::to_string(epoch + 1);
+    text += '\t' + std::to_string(group.contrast) + '\t' + std::to_string(epoch + 1);
     const XTimeInterval time = group.analysis->EpochTime(epoch);
     for (const XTime* edge : {time.GetBeginPtr(), time.GetEndPtr()}) {
         text += '\t';
         AppendNumber(text, edge->Seconds());
     }
+    text += '\t';
+    AppendName(text, sensor);
     for (const float value : power) {
         text += '\t';
         AppendFloat(text, value);

@@ -27,19 +27,46 @@ BinRange BinsWithin(const Analysis& analysis, double low_hz, double high_hz) {
     return range;
 }
 
-/// log10 power of every epoch of the groups, one list per bin.
-std::vector<std::vector<double>> LogPower(const std::vector<ContrastGroup>& groups, const SensorType* sensor,
-                                          BinRange bins) {
-    std::vector<std::vector<double>> columns(bins.last - bins.first);
-    for (const ContrastGroup& group : groups) {
-        group.analysis->Epochs().ForEach(group.analysis->Row(sensor)->row, [&](std::span<const float> power) {
-            for (std::uint32_t bin = bins.first; bin < bins.last; ++bin) {
-                columns[bin - bins.first].push_back(std::log10(static_cast<double>(power[bin])));
+/// The fits of all pairs, sensor by sensor.
+class Fits {
+public:
+    Fits(const std::vector<const SensorType*>& sensors, BinRange bins)
+        : sensors_(sensors), bins_(bins), fits_(sensors.size() * (bins.last - bins.first)) {}
+
+    /// One pass over the epochs, however many pairs there are. \throws RecordingError
+    void Add(const ContrastGroup& group) {
+        const Analysis& analysis = *group.analysis;
+        std::vector<std::uint32_t> rows;
+        for (const SensorType* sensor : sensors_) {
+            rows.push_back(analysis.Row(sensor)->row);
+        }
+        const std::uint32_t last = *std::max_element(rows.begin(), rows.end());
+        analysis.Epochs().ForEachBlock(last + 1, [&](std::uint64_t first, std::uint64_t end) {
+            auto fits = fits_.begin();
+            for (const std::uint32_t row : rows) {
+                for (std::uint64_t epoch = first; epoch < end; ++epoch) {
+                    AddEpoch(analysis.Epochs().Power(epoch, row), group.contrast, fits);
+                }
+                fits += bins_.last - bins_.first;
             }
+            return true;
         });
     }
-    return columns;
-}
+    Line Of(std::size_t sensor, std::uint32_t bin) const {
+        return fits_[sensor * (bins_.last - bins_.first) + bin - bins_.first].Result();
+    }
+
+private:
+    void AddEpoch(std::span<const float> power, int contrast, std::vector<LineFit>::iterator fit) const {
+        for (std::uint32_t bin = bins_.first; bin < bins_.last; ++bin) {
+            (fit++)->Add(std::log10(static_cast<double>(power[bin])), contrast);
+        }
+    }
+
+    const std::vector<const SensorType*>& sensors_;
+    BinRange bins_;
+    std::vector<LineFit> fits_;
+};
 
 std::vector<const SensorType*> CommonSensors(const std::vector<ContrastGroup>& groups,
                                              const std::set<const SensorType*>& wanted) {
@@ -88,14 +115,13 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
         return RegressionCode::ReversedRange;
     }
     const std::vector<ContrastGroup> used = Comparable(groups);
-    std::vector<double> contrasts;
-    for (const ContrastGroup& group : used) {
-        contrasts.insert(contrasts.end(), group.analysis->EpochCount(), group.contrast);
-    }
-    if (contrasts.empty()) {
+    if (std::none_of(used.begin(), used.end(),
+                     [](const ContrastGroup& group) { return group.analysis->EpochCount() > 0; })) {
         return RegressionCode::NoObservations;
     }
-    if (std::adjacent_find(contrasts.begin(), contrasts.end(), std::not_equal_to()) == contrasts.end()) {
+    if (std::adjacent_find(used.begin(), used.end(), [](const ContrastGroup& a, const ContrastGroup& b) {
+            return a.contrast != b.contrast;
+        }) == used.end()) {
         return RegressionCode::NoContrast;
     }
     const std::vector<const SensorType*> common = CommonSensors(used, sensors);
@@ -103,21 +129,19 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
     if (common.empty() || bins.first >= bins.last) {
         return RegressionCode::NoPredictors;
     }
-    std::list<BCIReg> rows;
-    for (const SensorType* sensor : common) {
-        std::vector<std::vector<double>> columns;
-        try {
-            columns = LogPower(used, sensor, bins);
-        } catch (const std::runtime_error&) { // the file went away or changed
-            return RegressionCode::ReadFailed;
-        }
+    Fits fits(common, bins);
+    try {
+        std::for_each(used.begin(), used.end(), [&](const ContrastGroup& group) { fits.Add(group); });
+    } catch (const std::runtime_error&) { // the file went away or changed
+        return RegressionCode::ReadFailed;
+    }
+    for (std::size_t sensor = 0; sensor < common.size(); ++sensor) {
         for (std::uint32_t bin = bins.first; bin < bins.last; ++bin) {
-            const Line line = FitLine(columns[bin - bins.first], contrasts);
-            rows.push_back({sensor, bin * used.front().analysis->Resolution(), line.r, line.slope,
-                            line.intercept, line.count});
+            const Line line = fits.Of(sensor, bin);
+            results.push_back({common[sensor], bin * used.front().analysis->Resolution(), line.r, line.slope,
+                               line.intercept, line.count});
         }
     }
-    results = std::move(rows);
     return RegressionCode::Done;
 }
 

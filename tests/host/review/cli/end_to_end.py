@@ -622,7 +622,7 @@ class Regress(CommandLineTest):
         self.assertEqual(fitted["count"], str(len(epochs)))
         self.assertAlmostEqual(slope, float(fitted["k"]), places=7)
         self.assertAlmostEqual(mean_y - slope * mean_x, float(fitted["m"]), places=7)
-        self.assertEqual(list(epochs[0])[:8], ["analysis", "contrast", "sensor", "epoch", "begin_s", "end_s", "0", "0.5"])
+        self.assertEqual(list(epochs[0])[:8], ["analysis", "contrast", "epoch", "begin_s", "end_s", "sensor", "0", "0.5"])
         self.assertEqual({row["analysis"] for row in epochs}, {"closed", "open"})
 
     def test_alpha_at_the_back_tells_the_eyes_apart(self):

@@ -121,17 +121,17 @@ protected:
     std::list<BCIReg> results;
 };
 
-constexpr const char* kFull = "analysis\tcontrast\tsensor\tepoch\tbegin_s\tend_s\t0\t1\t2\n"
-                              "rest\t0\tO1\t1\t0\t1\t0\t0\t1\n"
-                              "rest\t0\tO1\t2\t1\t2\t0\t0\t4\n"
-                              "rest\t0\tCz\t1\t0\t1\t0\t0\t0\n"
-                              "rest\t0\tCz\t2\t1\t2\t0\t0\t0\n"
-                              "task\t1\tO1\t1\t2\t3\t0\t0\t9\n"
-                              "task\t1\tO1\t2\t3\t4\t0\t0\t0.25\n"
-                              "task\t1\tCz\t1\t2\t3\t0\t0\t0\n"
-                              "task\t1\tCz\t2\t3\t4\t0\t0\t0\n";
+constexpr const char* kFull = "analysis\tcontrast\tepoch\tbegin_s\tend_s\tsensor\t0\t1\t2\n"
+                              "rest\t0\t1\t0\t1\tO1\t0\t0\t1\n"
+                              "rest\t0\t1\t0\t1\tCz\t0\t0\t0\n"
+                              "rest\t0\t2\t1\t2\tO1\t0\t0\t4\n"
+                              "rest\t0\t2\t1\t2\tCz\t0\t0\t0\n"
+                              "task\t1\t1\t2\t3\tO1\t0\t0\t9\n"
+                              "task\t1\t1\t2\t3\tCz\t0\t0\t0\n"
+                              "task\t1\t2\t3\t4\tO1\t0\t0\t0.25\n"
+                              "task\t1\t2\t3\t4\tCz\t0\t0\t0\n";
 
-TEST_F(FullSpectra, HaveALineForEachAnalysisSensorAndEpoch) {
+TEST_F(FullSpectra, HaveALineForEachAnalysisEpochAndSensor) {
     EXPECT_EQ(Saved(), kFull);
 }
 
@@ -163,7 +163,7 @@ TEST_F(FullSpectra, LeaveOutWhatTheRegressionLeavesOut) {
 TEST_F(FullSpectra, TellHowFarTheyAre) {
     test::RecordingProgress progress;
     ASSERT_TRUE(SaveBCIFullSpectra(folder.Path("full.txt"), results, analyses, &progress));
-    EXPECT_EQ(progress.Positions, std::vector<double>{1});
+    EXPECT_EQ(progress.Positions, (std::vector<double>{0.5, 1}));
 }
 
 TEST_F(FullSpectra, ThatAreCancelledLeaveTheEarlierFileAndNoOther) {
