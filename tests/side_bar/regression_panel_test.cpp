@@ -501,6 +501,16 @@ TEST_F(RegressionPanelOfAFile, EndsAnyOtherFailureAtTheButtonAndTellsIt) {
     EXPECT_EQ(user.Messages().front().text, "This could not be finished:\na mistake");
 }
 
+TEST_F(RegressionPanel, PassesAnExceptionOnAndWorksAfterwards) {
+    Add(1);
+    Add(3);
+    Open();
+    Hand().SelectsRow("lvSecondaryList", 0);
+    user.MeetsDialog([](QDialog&) { throw std::runtime_error("in the middle"); });
+    EXPECT_THROW(panel->BtnRegressionClick(), std::runtime_error);
+    EXPECT_EQ(ContrastsComputed(), (std::set<double>{1, 3}));
+}
+
 TEST_F(RegressionPanel, ShowsAWaitCursorUntilTheResultsAreThere) {
     Add(1);
     Add(3);
