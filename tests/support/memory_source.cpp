@@ -41,7 +41,7 @@ public:
         if (first > BlockCount() || count > BlockCount() - first) {
             throw signal::RecordingError("memory", "blocks beyond the end", "ask for less");
         }
-        std::memcpy(destination, bytes_.data() + first * blockBytes_, count * blockBytes_);
+        std::copy_n(bytes_.data() + first * blockBytes_, count * blockBytes_, destination);
     }
 
 private:
