@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sixteen maps of 200 × 200 pixels from the values of their electrodes, and a head of 400 × 400 pixels.
+#include "host/chart_view/topography/flat_map.h"
+#include "host/chart_view/topography/head_picture.h"
+#include "host/chart_view/topography/spherical_spline.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
+
+namespace {
+
+using namespace orvanta::chart;
+
+constexpr int kMaps = 16;
+constexpr int kSide = 200;
+constexpr int kHeadSide = 400;
+
+/// Evenly over the head down to 30° below the equator, along a spiral.
+std::vector<HeadPosition> Electrodes(std::int64_t count) {
+    const double turn = std::numbers::pi * (3 - std::sqrt(5.0));
+    std::vector<HeadPosition> electrodes;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double z = 1 - 1.5 * (static_cast<double>(i) + 0.5) / static_cast<double>(count);
+        const double across = std::sqrt(1 - z * z);
+        const double angle = turn * static_cast<double>(i);
+        electrodes.push_back({across * std::cos(angle), across * std::sin(angle), z});
+    }
+    return electrodes;
+}
+
+std::vector<HeadPosition> Points(const MapRaster& raster) {
+    std::vector<HeadPosition> points(raster.Places().size());
+    std::transform(raster.Places().begin(), raster.Places().end(), points.begin(), OnHead);
+    return points;
+}
+
+/// Argument: electrodes.
+void WeightsOfAMap(benchmark::State& state) {
+    const std::vector<HeadPosition> electrodes = Electrodes(state.range(0));
+    const std::vector<HeadPosition> points = Points(MapRaster(kSide, 1));
+    for ([[maybe_unused]] const auto round : state) {
+        benchmark::DoNotOptimize(SphericalSpline(electrodes).WeightsAt(points));
+    }
+}
+BENCHMARK(WeightsOfAMap)->Arg(32)->Arg(64)->Arg(128)->Unit(benchmark::kMillisecond);
+
+/// Argument: electrodes.
+void FieldsOfSixteenMaps(benchmark::State& state) {
+    const std::vector<HeadPosition> points = Points(MapRaster(kSide, 1));
+    const SplineWeights weights = SphericalSpline(Electrodes(state.range(0))).WeightsAt(points);
+    std::mt19937 random(1);
+    std::normal_distribution<float> normal;
+    std::vector<float> values(static_cast<std::size_t>(kMaps * state.range(0)));
+    std::generate(values.begin(), values.end(), [&] { return normal(random); });
+    std::vector<float> fields(kMaps * points.size());
+    for ([[maybe_unused]] const auto round : state) {
+        Interpolate(weights, values, fields);
+        benchmark::DoNotOptimize(fields.data());
+    }
+}
+BENCHMARK(FieldsOfSixteenMaps)->Arg(32)->Arg(64)->Arg(128)->Unit(benchmark::kMillisecond);
+
+/// Argument: samples along each side of a pixel.
+void TurningHead(benchmark::State& state) {
+    const HeadMesh mesh = MakeHeadMesh(90, 120);
+    std::vector<float> values;
+    std::vector<float> covers;
+    for (const HeadPosition& direction : mesh.directions) {
+        values.push_back(static_cast<float>(direction.x));
+        covers.push_back(static_cast<float>(direction.z + 0.3));
+    }
+    HeadView view = kFrontView;
+    for ([[maybe_unused]] const auto round : state) {
+        view = Dragged(view, 7, 0, kHeadSide);
+        benchmark::DoNotOptimize(PictureOf({mesh, values, covers, Palettes().front().colors, -1, 1, view, 1,
+                                            kHeadSide, static_cast<int>(state.range(0))}));
+    }
+}
+BENCHMARK(TurningHead)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+} // namespace
