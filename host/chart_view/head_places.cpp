@@ -91,7 +91,34 @@ bool ComeApart(Squares& squares, const std::vector<Place>& places, double half) 
     return false;
 }
 
+/// Places on an ellipse from one angle to another; 0° is to the right ear, 90° to the nose.
+std::vector<Place> Arc(const Place& centre, const Place& radius, double from, double to, int steps) {
+    std::vector<Place> places;
+    for (int i = 0; i <= steps; ++i) {
+        const double angle = (from + (to - from) * i / steps) * std::numbers::pi / 180;
+        places.push_back({centre.x + radius.x * std::cos(angle), centre.y - radius.y * std::sin(angle)});
+    }
+    return places;
+}
+
+HeadLines MakeLines() {
+    constexpr double kNoseHalfAngle = 9 * std::numbers::pi / 180;
+    constexpr double kEarHalfHeight = 0.2;
+    const Place nose{std::sin(kNoseHalfAngle), -std::cos(kNoseHalfAngle)};
+    const double from = std::sqrt(1 - kEarHalfHeight * kEarHalfHeight);
+    const Place ear{kEarReach - from, kEarHalfHeight};
+    return {Arc({}, {1, 1}, 0, 360, 90),
+            {{-nose.x, nose.y}, {0, -kNoseReach}, nose},
+            Arc({-from, 0}, ear, 90, 270, 12),
+            Arc({from, 0}, ear, 90, -90, 12)};
+}
+
 } // namespace
+
+const HeadLines& LinesOfHead() {
+    static const HeadLines lines = MakeLines();
+    return lines;
+}
 
 Place Projected(const HeadPosition& position) {
     const double across = std::hypot(position.x, position.y);

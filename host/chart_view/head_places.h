@@ -33,6 +33,15 @@ struct Squares {
 /// room.
 Squares Spread(const std::vector<Place>& places);
 
+/// The head's lines as seen from above.
+struct HeadLines {
+    std::vector<Place> head;     ///< closed: the ring of the equator, first place repeated
+    std::vector<Place> nose;     ///< open, from left to right
+    std::vector<Place> leftEar;  ///< open, from front to back
+    std::vector<Place> rightEar; ///< open, from front to back
+};
+ORVANTA_API const HeadLines& LinesOfHead();
+
 // Of the head's radius: where the ears and the nose end.
 inline constexpr double kEarReach = 1.08;
 inline constexpr double kNoseReach = 1.14;

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 using orvanta::chart::Place;
 using orvanta::chart::Squares;
@@ -73,15 +72,10 @@ private:
     double x_ = 0, y_ = 0, scaleX_ = 0, scaleY_ = 0;
 };
 
-/// Points of an ellipse from one angle to another; 0° is to the right ear, 90° to the nose.
-std::vector<owl::TPoint> Arc(const OnScreen& screen, const Place& centre, const Place& radius, double from,
-                             double to, int steps) {
-    std::vector<owl::TPoint> points;
-    for (int i = 0; i <= steps; ++i) {
-        const double angle = (from + (to - from) * i / steps) * std::numbers::pi / 180;
-        points.push_back(
-            screen.At({centre.x + radius.x * std::cos(angle), centre.y - radius.y * std::sin(angle)}));
-    }
+std::vector<owl::TPoint> OnPixels(const OnScreen& screen, const std::vector<Place>& line) {
+    std::vector<owl::TPoint> points(line.size());
+    std::transform(line.begin(), line.end(), points.begin(),
+                   [&screen](const Place& place) { return screen.At(place); });
     return points;
 }
 
@@ -104,18 +98,8 @@ ViewRegions Get2DViewRegions(const SensorList& sensors, const MyRect& region) {
 }
 
 HeadOutline Get2DHeadOutline(const SensorList& sensors, const MyRect& region) {
-    constexpr double kNoseHalfAngle = 9;
-    constexpr double kEarHalfHeight = 0.2;
     const OnScreen screen(PlaceSensors(sensors).squares, region);
-    HeadOutline outline;
-    outline.head = Arc(screen, {}, {1, 1}, 0, 360, 90);
-    const double angle = kNoseHalfAngle * std::numbers::pi / 180;
-    outline.nose = {screen.At({-std::sin(angle), -std::cos(angle)}),
-                    screen.At({0, -orvanta::chart::kNoseReach}),
-                    screen.At({std::sin(angle), -std::cos(angle)})};
-    const double from = std::sqrt(1 - kEarHalfHeight * kEarHalfHeight);
-    const Place radius{orvanta::chart::kEarReach - from, kEarHalfHeight};
-    outline.rightEar = Arc(screen, {from, 0}, radius, 90, -90, 12);
-    outline.leftEar = Arc(screen, {-from, 0}, radius, 90, 270, 12);
-    return outline;
+    const orvanta::chart::HeadLines& lines = orvanta::chart::LinesOfHead();
+    return {OnPixels(screen, lines.head), OnPixels(screen, lines.nose), OnPixels(screen, lines.leftEar),
+            OnPixels(screen, lines.rightEar)};
 }

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 namespace orvanta::chart {
 
@@ -58,30 +57,19 @@ private:
     double perPixel_;
 };
 
-std::vector<owl::TPoint> Arc(const OnScreen& screen, const Place& centre, const Place& radius, double from,
-                             double to, int pieces) {
-    std::vector<owl::TPoint> points;
-    for (int i = 0; i <= pieces; ++i) {
-        const double angle = std::lerp(from, to, static_cast<double>(i) / pieces) * std::numbers::pi / 180;
-        points.push_back(
-            screen.At(Place{centre.x + radius.x * std::cos(angle), centre.y - radius.y * std::sin(angle)}));
-    }
+std::vector<owl::TPoint> OnPixels(const OnScreen& screen, const auto& line) {
+    std::vector<owl::TPoint> points(line.size());
+    std::transform(line.begin(), line.end(), points.begin(),
+                   [&screen](const auto& point) { return screen.At(point); });
     return points;
 }
 
 /// The lines of the head, on a wider one of the background: they are seen on every colour.
 void PaintHead(owl::TDC& dc, const OnScreen& screen, const FlatMap& map) {
-    constexpr double kNoseHalfAngle = 9.0 * std::numbers::pi / 180;
-    constexpr double kEarHalfHeight = 0.2;
-    const Place left{-std::sin(kNoseHalfAngle), -std::cos(kNoseHalfAngle)};
-    const double from = std::sqrt(1 - kEarHalfHeight * kEarHalfHeight);
-    const Place ear{kEarReach - from, kEarHalfHeight};
-    const std::vector<owl::TPoint> lines[] = {
-        Arc(screen, {}, {1, 1}, 0, 360, 120),
-        {screen.At(left), screen.At(Place{0, -kNoseReach}), screen.At(Place{-left.x, left.y})},
-        Arc(screen, {from, 0}, ear, 90, -90, 12),
-        Arc(screen, {-from, 0}, ear, 90, 270, 12),
-    };
+    const HeadLines& head = LinesOfHead();
+    const std::vector<owl::TPoint> lines[] = {OnPixels(screen, head.head), OnPixels(screen, head.nose),
+                                              OnPixels(screen, head.rightEar),
+                                              OnPixels(screen, head.leftEar)};
     for (const owl::TPen& pen : {owl::TPen{map.backColor, 4}, owl::TPen{map.textColor, 2}}) {
         dc.SelectPen(pen);
         for (const auto& line : lines) {
@@ -102,9 +90,7 @@ void PaintContours(owl::TDC& dc, const FlatMap& map, const OnScreen& screen) {
         const bool light = owl::Red(color) + 2 * owl::Green(color) + owl::Blue(color) > 4 * 128;
         dc.SelectPen({Mixed(color, light ? owl::Rgb(0, 0, 0) : owl::Rgb(255, 255, 255), 0.45), 1});
         for (const auto& line : ContourLines(square, side, level)) {
-            std::vector<owl::TPoint> points(line.size());
-            std::transform(line.begin(), line.end(), points.begin(),
-                           [&screen](const GridPoint& point) { return screen.At(point); });
+            std::vector<owl::TPoint> points = OnPixels(screen, line);
             points.erase(std::unique(points.begin(), points.end()), points.end());
             dc.Polyline(points);
         }
