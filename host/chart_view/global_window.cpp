@@ -26,3 +26,7 @@ owl::TMenu* GlobalWindow::GetMenu() const {
 void GlobalWindow::SetActiveChild(TheChild* child) {
     activeChild_ = child;
 }
+
+void GlobalWindow::PointAtTime(const XTime& /*time*/) {}
+
+void GlobalWindow::PointAtChannel(const std::string& /*name*/) {}

@@ -5,6 +5,7 @@
 #include "host/toolkit/menu.h"
 #include "host/toolkit/window.h"
 #include "spectra_contract/api.h"
+#include "spectra_contract/time.h"
 
 #include <QPointer>
 
@@ -31,6 +32,11 @@ public:
     /// The one line of text at the lower edge; empty for none.
     virtual void SetMessageText(const std::string& text) = 0;
     virtual SideBarManager& GetSideBar() = 0;
+
+    // What a view points at, so that the other views show it, too; nothing happens by default.
+    virtual void PointAtTime(const XTime& time);
+    /// \param name of a channel or an electrode
+    virtual void PointAtChannel(const std::string& name);
 
     /// Whose menu and tool bar are shown: the child that was made or had the focus last; may be null.
     TheChild* GetActiveChild() const;

@@ -18,7 +18,7 @@ ARROWS = {
     "host/chart_view": ["spectra_contract", "host/toolkit"],
     "side_bar": ["spectra_contract", "host/toolkit"],
     "spectrum_view": ["spectra_contract", "host/toolkit", "host/chart_view", "side_bar"],
-    "spectral_maps": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view/dialogs"],
+    "spectral_maps": ["spectra_contract", "host/toolkit", "host/chart_view", "side_bar", "spectrum_view/dialogs"],
     "module": ["spectra_contract", "host/toolkit", "side_bar", "spectrum_view", "spectral_maps", "resources"],
     "host/review": ["spectra_contract", "host"],
     "host/review/bridge": ["spectra_contract", "host", "side_bar", "spectrum_view", "spectral_maps"],
@@ -28,7 +28,7 @@ FREE = ("tests", "benchmarks", "examples")
 QT_FREE = ("spectra_contract", "host/platform", "host/signal_base", "host/spectral_data", "host/review/cli")
 # Made of the Designer files in resources/ for the rooms that show them.
 FORM_HEADER = re.compile(r"^ui_\w+\.h$")
-FORM_ROOMS = ("resources", "side_bar", "spectrum_view", "spectral_maps", "host/review/app")
+FORM_ROOMS = ("resources", "side_bar", "spectrum_view", "spectral_maps", "host/chart_view", "host/review/app")
 INCLUDE = re.compile(r'^\s*#\s*include\s+([<"])([^>"]+)[>"]')
 SOURCES = {".cpp", ".h"}
 

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A view of several topographic maps.
+#pragma once
+
+#include "host/chart_view/maps/map_window.h"
+#include "host/chart_view/the_child.h"
+#include "spectra_contract/time.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QSlider;
+
+/// Maps in rows and columns, with shared palette, fonts, electrodes, turning, table and clipboard. What the
+/// maps show is the derived view's business. GUI thread.
+class ORVANTA_API MultiMapWin : public TheChild {
+public:
+    /// \param threeD maps on heads that can be turned
+    MultiMapWin(GlobalWindow& window, bool threeD, const std::vector<ElectInfo>& electrodes, std::string name,
+                PModule* module, const ChildResInfo& resources);
+    ~MultiMapWin() override;
+
+    bool IsThreeD() const;
+    const std::vector<ElectInfo>& GetElectrodes() const;
+    std::uint16_t GetNumMaps() const;
+    /// Map windows across.
+    std::uint16_t GetLayoutCount() const;
+    /// Null for a number without a map.
+    TMapWindow* GetMap(std::size_t index) const;
+    bool IsLocked() const;
+    bool AreElectrodesShown() const;
+    bool IsSinglePalette() const;
+    bool IsTableShown() const;
+    const std::string& GetTitle() const;
+    const std::string& GetMeasUnit() const;
+    /// Over the finite values of all maps in use; nothing without any.
+    std::optional<orvanta::chart::ValueRange> GetOverallRange() const;
+
+    void SetTitle(const std::string& title);
+    void SetMeasUnit(const std::string& unit);
+    /// One colour bar beside the maps instead of one in each.
+    void SetSinglePalette(bool single);
+    /// Brings the maps' values to the screen. \param fetch ask for them anew, too
+    virtual void SetMapValues(bool fetch);
+    /// Lays the maps out anew.
+    void SetWholeRect();
+    /// As many maps in so many rows and columns, made anew where they are missing.
+    virtual void ResetWindows(std::uint16_t rows, std::uint16_t columns);
+    virtual void ResetAll() = 0;
+
+    virtual void CmCopy2ClpBrd();
+    virtual void CmChoosePalette();
+    virtual void CmConfigureMap();
+    virtual void CmSelectFont();
+    virtual void CmElectrodes();
+    /// Opens the picker for the number of rows and columns at the mouse.
+    virtual void CmTable();
+    virtual void CmLock();
+    /// The transparency slider moved. \param position 0 to 100, 100 hides what is behind
+    virtual LPARAM EvTransp(WPARAM position, LPARAM);
+    /// The user picked a number of rows and columns.
+    virtual LPARAM EvTable(WPARAM picked, LPARAM);
+
+    void Destroy(int retVal = 0) override;
+    void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
+    const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
+
+protected:
+    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+
+    void SetupWindow() override;
+    void LoadUserSettings() override;
+    void EvSize(unsigned sizeType, const owl::TSize& size);
+
+    // What a derived view supplies.
+    /// A new map; the caller owns it as a widget of this window.
+    virtual TMapWindow* CreateMap(int index) = 0;
+    /// 0, or below 0 when there was nothing to compute.
+    virtual int ComputeAllMapsValues() = 0;
+    /// Fills titles, values and units of the maps for the epochs of the list, whose steps count from 0.
+    virtual void UpdateMaps(const XTimeList& list) = 0;
+    virtual void GetEventList(XTimeList& list) = 0;
+    virtual bool SetRange() = 0;
+    virtual void DrawStatusBar() = 0;
+    /// The first row of the copied table, line end included.
+    virtual void GetClipboardFirstRaw(std::string& row) = 0;
+
+    /// What one map shows: remembered here, drawn by SetMapValues.
+    void SetMap(std::size_t index, const std::string& title, const std::vector<double>& values);
+    void SetMapUnit(std::size_t index, const std::string& unit);
+    /// Set until the first drawing has begun.
+    bool IsFirstDraw() const;
+    void ClearFirstDraw();
+    void ShowMaps(bool show);
+    /// What new maps are made with.
+    const orvanta::chart::MapDisplay& GetDisplay() const;
+    int GetPaletteIndex() const;
+    /// Kept by the view for the transparency slider of its tool bar.
+    void SetTransparencySlider(QSlider* slider);
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The traces of a recording.
+#pragma once
+
+#include "host/chart_view/the_child.h"
+#include "spectra_contract/recording.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orvanta::review {
+
+class EventEditor;
+
+/// A stretch that is shaded behind the traces.
+struct Shade {
+    XTimeInterval interval;
+    owl::TColor color = 0;
+
+    bool operator==(const Shade&) const = default;
+};
+
+/// Shows the traces of the montage in use, events, a ruler and an overview of the whole recording. It follows
+/// the recording's trace cursor and moves it. Neither the recording nor the events are owned; both must
+/// outlive the view. GUI thread.
+class TraceView : public TheChild {
+public:
+    TraceView(GlobalWindow& window, EEGFileInfoType& recording, EventEditor& events);
+    ~TraceView() override;
+
+    /// Moves the page so that the time is on it.
+    void GoTo(const XTime& time);
+    /// The stretch that is on the page.
+    XTimeInterval GetPage() const;
+    /// Brings the line that shows the channel or electrode into view and marks it; nothing for an unknown
+    /// name.
+    void ShowChannel(const std::string& name);
+    /// Replaces what was shaded.
+    void SetShades(std::vector<Shade> shades);
+
+    void Destroy(int retVal = 0) override;
+    void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
+    const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
+
+protected:
+    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+
+    void SetupWindow() override;
+    void LoadUserSettings() override;
+    void CreateGadgets() override;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace orvanta::review
