@@ -4,6 +4,7 @@
 #include "host/toolkit/menu_templates.h"
 #include "host/toolkit/module.h"
 #include "resources/dialogs/dialog_templates.h"
+#include "resources/menus/maps_menu.h"
 #include "resources/menus/spectrum_menu.h"
 
 #include <array>
@@ -49,6 +50,7 @@ void Attach(HINSTANCE instance) {
         state.messages.emplace("Orvanta", instance);
     }
     owl::RegisterMenuTemplate(resources::kSpectrumMenu, resources::kSpectrumMenuItems);
+    owl::RegisterMenuTemplate(resources::kMapsMenu, resources::kMapsMenuItems);
     resources::RegisterDialogs();
 }
 
@@ -56,6 +58,7 @@ void Detach() {
     State& state = TheState();
     if (state.users > 0 && --state.users == 0) {
         resources::ForgetDialogs();
+        owl::RegisterMenuTemplate(resources::kMapsMenu, {});
         owl::RegisterMenuTemplate(resources::kSpectrumMenu, {});
         state.messages.reset();
     }

@@ -13,9 +13,10 @@ namespace orvanta::chart {
 class MapSource {
 public:
     virtual ~MapSource() = default;
-    /// Brings the data up to date when that is needed. \return the epochs, each with its number as step;
-    /// empty when there are none. \throws what the computation throws
-    virtual XTimeList Fetch() = 0;
+    /// Brings the data up to date when that is needed; meanwhile the view may end. \return the epochs, each
+    /// with its number as step, empty when there are none; nothing when the user cancelled, and the maps keep
+    /// what they show. \throws what the computation throws
+    virtual std::optional<XTimeList> Fetch() = 0;
     /// Over all steps of the cartoon, so that the scale stands still while it plays; nothing when not known.
     virtual std::optional<ValueRange> CartoonRange() = 0;
 };
