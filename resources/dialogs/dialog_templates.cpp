@@ -4,10 +4,12 @@
 #include "host/toolkit/dialog.h"
 
 #include "ui_1625.h"
+#include "ui_1626.h"
 #include "ui_1627.h"
 #include "ui_1628.h"
 #include "ui_1629.h"
 #include "ui_1631.h"
+#include "ui_1634.h"
 
 namespace orvanta::resources {
 
@@ -22,8 +24,9 @@ constexpr struct {
     unsigned number;
     owl::DialogTemplate build;
 } kDialogs[] = {
-    {1625, Build<Ui::BandDialog>},     {1627, Build<Ui::InfoDialog>},  {1628, Build<Ui::MeasuresDialog>},
-    {1629, Build<Ui::CommentsDialog>}, {1631, Build<Ui::ScaleDialog>},
+    {1625, Build<Ui::BandDialog>},       {1626, Build<Ui::MapDialog>},      {1627, Build<Ui::InfoDialog>},
+    {1628, Build<Ui::MeasuresDialog>},   {1629, Build<Ui::CommentsDialog>}, {1631, Build<Ui::ScaleDialog>},
+    {1634, Build<Ui::ElectrodesDialog>},
 };
 
 } // namespace

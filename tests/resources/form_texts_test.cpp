@@ -15,10 +15,12 @@
 #include <gtest/gtest.h>
 
 #include "ui_1625.h"
+#include "ui_1626.h"
 #include "ui_1627.h"
 #include "ui_1628.h"
 #include "ui_1629.h"
 #include "ui_1631.h"
+#include "ui_1634.h"
 #include "ui_export_form.h"
 #include "ui_macro_selection.h"
 #include "ui_regression_panel.h"
@@ -174,6 +176,14 @@ TEST(GermanForms, InfoDialogSpeaksGermanThroughout) {
 
 TEST(GermanForms, ScaleDialogSpeaksGermanThroughout) {
     ExpectGerman(Ui::ScaleDialog(), "DIALOG_1631");
+}
+
+TEST(GermanForms, MapDialogSpeaksGermanThroughout) {
+    ExpectGerman(Ui::MapDialog(), "DIALOG_1626", 9);
+}
+
+TEST(GermanForms, ElectrodesDialogSpeaksGermanThroughout) {
+    ExpectGerman(Ui::ElectrodesDialog(), "DIALOG_1634", 0);
 }
 
 TEST(GermanForms, AreSpokenInGerman) {
