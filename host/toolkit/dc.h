@@ -51,9 +51,9 @@ struct TImage {
     bool operator==(const TImage&) const = default;
 };
 
-/// What painters draw on. Coordinates are whole logical pixels; the right and bottom edge of a rectangle do
-/// not belong to it. Starts with a black pen of width 1, a white brush, the standard font, black text aligned
-/// left, and no clip. Texts are UTF-8.
+/// What painters draw on. Coordinates are whole logical pixels, but for curves; the right and bottom edge of
+/// a rectangle do not belong to it. Starts with a black pen of width 1, a white brush, the standard font,
+/// black text aligned left, and no clip. Texts are UTF-8.
 class ORVANTA_TOOLKIT_API TDC {
 public:
     TDC() = default;
@@ -70,6 +70,9 @@ public:
 
     /// Joins the points with the pen, corners rounded.
     virtual void Polyline(std::span<const TPoint> points) = 0;
+    /// Joins the points, which go from left to right, smooth, with a round pen of the selected pen's colour
+    /// and this width, finer than a pixel where the device is. A point that is not finite breaks the curve.
+    virtual void Curve(std::span<const TPointF> points, double width) = 0;
     /// Closed; outline with the pen, inside with the brush.
     virtual void Polygon(std::span<const TPoint> points) = 0;
     /// The ellipse inside the rectangle, outline with the pen, inside with the brush.

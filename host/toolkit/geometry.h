@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Points, sizes, rectangles and colours, in whole logical pixels.
+// Points, sizes, rectangles and colours, in logical pixels, whole ones but for the points of curves.
 #pragma once
 
 #include "host/toolkit/export.h"
@@ -33,6 +33,14 @@ struct TPoint {
     int y = 0;
 
     bool operator==(const TPoint&) const = default;
+};
+
+/// A place between pixels: the pixel of TPoint{x, y} reaches from x to x + 1, its middle is x + 0.5.
+struct TPointF {
+    double x = 0;
+    double y = 0;
+
+    bool operator==(const TPointF&) const = default;
 };
 
 struct TSize {

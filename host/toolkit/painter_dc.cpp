@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/painter_dc.h"
 
+#include "host/toolkit/curve_painting.h"
 #include "host/toolkit/qt_painting.h"
 #include "host/toolkit/set_font.h"
 
@@ -350,6 +351,45 @@ void PainterDC::Polyline(std::span<const TPoint> points) {
     Outline(points);
 }
 
+void PainterDC::FineLines(std::span<const TPointF> points, double width) {
+    SetSmooth(true);
+    painter_.setPen(QPen(ToQColor(pen_.color), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setBrush(Qt::NoBrush);
+    tools_ = Tools::None;
+    Points joined;
+    joined.reserve(static_cast<qsizetype>(points.size()));
+    for (const TPointF& point : points) {
+        joined.append({point.x, point.y});
+    }
+    painter_.drawPolyline(joined.data(), static_cast<int>(joined.size()));
+}
+
+void PainterDC::Curve(std::span<const TPointF> points, double width) {
+    if (pen_.style == PenStyle::None) {
+        return;
+    }
+    QImage* picture = onGrid_ ? PaintedPicture(painter_) : nullptr;
+    const auto isFinite = [](const TPointF& point) {
+        return std::isfinite(point.x) && std::isfinite(point.y);
+    };
+    auto first = points.begin();
+    while (true) {
+        first = std::find_if(first, points.end(), isFinite);
+        const auto last = std::find_if_not(first, points.end(), isFinite);
+        if (first == last) {
+            return;
+        }
+        const std::span<const TPointF> part(first, last);
+        if (picture != nullptr) {
+            const QRect area = clip_ ? ToGrid(*clip_) & picture->rect() : picture->rect();
+            PaintCurve(*picture, area, part, {scale_, origin_, width, ToQColor(pen_.color).rgb()});
+        } else {
+            FineLines(part, width);
+        }
+        first = last;
+    }
+}
+
 void PainterDC::FillPolygon(std::span<const TPoint> points) {
     const Points middles = Middles(Corners(points));
     const auto count = static_cast<int>(middles.size());
@@ -449,10 +489,12 @@ void PainterDC::FrameRect(const TRect& rect, TColor color) {
 }
 
 void PainterDC::SetClip(const TRect& rect) {
+    clip_ = rect;
     painter_.setClipRect(ToQRect(rect), Qt::ReplaceClip);
 }
 
 void PainterDC::ClearClip() {
+    clip_.reset();
     painter_.setClipping(false);
 }
 

@@ -8,6 +8,7 @@
 #include <QPointF>
 
 #include <memory>
+#include <optional>
 
 class QColor;
 class QPainter;
@@ -33,6 +34,7 @@ public:
     void SetTextColor(TColor color) override;
     TextAlign SetTextAlign(TextAlign align) override;
     void Polyline(std::span<const TPoint> points) override;
+    void Curve(std::span<const TPointF> points, double width) override;
     void Polygon(std::span<const TPoint> points) override;
     void Ellipse(const TRect& rect) override;
     void Line(const TPoint& from, const TPoint& to) override;
@@ -77,6 +79,7 @@ private:
     void StraightLine(const TPoint& from, const TPoint& to);
     void SlantedLines(std::span<const TPoint> points);
     void Outline(std::span<const TPoint> points);
+    void FineLines(std::span<const TPointF> points, double width);
     void FillPolygon(std::span<const TPoint> points);
     const QImage& MarkOf(const TSize& size);
     const QImage& DotsOf(TColor color, int dot, bool level);
@@ -85,6 +88,7 @@ private:
     double scale_ = 1; ///< grid pixels to a logical one; the grid is the device's where that can be addressed
     QPointF origin_;   ///< of the logical pixels on the grid
     bool onGrid_ = false;
+    std::optional<TRect> clip_;
     TPen pen_;
     TBrush brush_;
     std::shared_ptr<SetFont> font_;

@@ -10,6 +10,7 @@
 #include <QPdfWriter>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -251,6 +252,52 @@ TEST(PainterDC, WritesTextAndCurvesIntoADocument) {
     // A document keeps outlines and letters; marks copied as pictures would coarsen in print.
     EXPECT_TRUE(file.data().contains("/Type /Font"));
     EXPECT_FALSE(file.data().contains("/Subtype /Image"));
+}
+
+TEST_F(PainterDCTest, DrawsACurveInThePensColourThroughTheMiddleOfPixels) {
+    dc.SelectPen({kRed});
+    dc.Curve(std::vector<owl::TPointF>{{-1, 1.5}, {7, 1.5}}, 1);
+    EXPECT_EQ(Pixels(), (Rows{"......", "rrrrrr", "......", "......", "......"}));
+}
+
+TEST_F(PainterDCTest, MixesTheCurvesColourWhereItCoversAPixelInPart) {
+    dc.Curve(std::vector<owl::TPointF>{{0, 2.25}, {6, 2.25}}, 1);
+    EXPECT_EQ(image.pixelColor(3, 1), QColor(191, 191, 191));
+    EXPECT_EQ(image.pixelColor(3, 2), QColor(64, 64, 64));
+}
+
+TEST_F(PainterDCTest, BreaksACurveAtAPointThatIsNotFinite) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    dc.Curve(std::vector<owl::TPointF>{{-1, 1.5}, {2.5, 1.5}, {3, none}, {3.5, 1.5}, {9, 1.5}}, 1);
+    EXPECT_EQ(Pixels()[1], "##??##");
+}
+
+TEST_F(PainterDCTest, KeepsACurveInsideTheClip) {
+    dc.SetClip({2, 0, 4, 5});
+    dc.Curve(std::vector<owl::TPointF>{{0.5, 1.5}, {5.5, 1.5}}, 1);
+    EXPECT_EQ(Pixels()[1], "..##..");
+}
+
+TEST_F(PainterDCTest, DrawsACurveFinerThanAPixelWhereTheScreenIs) {
+    QImage fine(12, 10, QImage::Format_RGB32);
+    fine.fill(Qt::white);
+    fine.setDevicePixelRatio(2);
+    QPainter finePainter(&fine);
+    owl::PainterDC(finePainter).Curve(std::vector<owl::TPointF>{{0, 1.75}, {6, 1.75}}, 0.5);
+    EXPECT_EQ(fine.pixelColor(6, 2), QColor(Qt::white));
+    EXPECT_EQ(fine.pixelColor(6, 3), QColor(Qt::black));
+    EXPECT_EQ(fine.pixelColor(6, 4), QColor(Qt::white));
+}
+
+TEST_F(PainterDCTest, DrawsTheSameCurveWhereItsPixelsCannotBeWritten) {
+    QImage turned(6, 5, QImage::Format_RGB32);
+    turned.fill(Qt::white);
+    QPainter turnedPainter(&turned);
+    turnedPainter.translate(6, 0);
+    turnedPainter.rotate(90);
+    owl::PainterDC(turnedPainter).Curve(std::vector<owl::TPointF>{{0, 1.5}, {5, 1.5}}, 1);
+    EXPECT_EQ(turned.pixelColor(4, 2), QColor(Qt::black));
+    EXPECT_EQ(turned.pixelColor(2, 2), QColor(Qt::white));
 }
 
 } // namespace

@@ -24,6 +24,7 @@ TEST(RecordingDC, WritesOneLineForEachCall) {
     dc.SetTextColor(kColor);
     dc.Polyline(std::vector<owl::TPoint>{{10, 20}, {30, 40}});
     dc.Polygon(std::vector<owl::TPoint>{{10, 20}, {30, 40}, {-5, 0}});
+    dc.Curve(std::vector<owl::TPointF>{{0.5, 20.25}, {30, -4}}, 1.25);
     dc.Ellipse(kRect);
     dc.Line({1, 2}, {3, 4});
     dc.Rectangle(kRect);
@@ -33,13 +34,13 @@ TEST(RecordingDC, WritesOneLineForEachCall) {
     dc.ClearClip();
     dc.BlendRect(kRect, kColor, 128);
     dc.DrawImage(kRect, {2, 1, {0xFF000000, 0xFFFFFFFF}});
-    EXPECT_THAT(dc.Calls(),
-                ElementsAre("pen #12ABEF 2 solid", "pen #000000 1 dotted", "pen #000000 1 none",
-                            "brush #12ABEF", "brush hollow", "font \"Verdana\" 12 bold italic",
-                            "textcolor #12ABEF", "polyline 10,20 30,40", "polygon 10,20 30,40 -5,0",
-                            "ellipse 1,2,30,40", "line 1,2 3,4", "rectangle 1,2,30,40",
-                            "fill 1,2,30,40 #12ABEF", "frame 1,2,30,40 #12ABEF", "clip 1,2,30,40", "noclip",
-                            "blend 1,2,30,40 #12ABEF 128", "image 1,2,30,40 2x1"));
+    EXPECT_THAT(dc.Calls(), ElementsAre("pen #12ABEF 2 solid", "pen #000000 1 dotted", "pen #000000 1 none",
+                                        "brush #12ABEF", "brush hollow", "font \"Verdana\" 12 bold italic",
+                                        "textcolor #12ABEF", "polyline 10,20 30,40",
+                                        "polygon 10,20 30,40 -5,0", "curve 1.2 0.50,20.25 30.00,-4.00",
+                                        "ellipse 1,2,30,40", "line 1,2 3,4", "rectangle 1,2,30,40",
+                                        "fill 1,2,30,40 #12ABEF", "frame 1,2,30,40 #12ABEF", "clip 1,2,30,40",
+                                        "noclip", "blend 1,2,30,40 #12ABEF 128", "image 1,2,30,40 2x1"));
     EXPECT_THAT(dc.Images(), ElementsAre(owl::TImage{2, 1, {0xFF000000, 0xFFFFFFFF}}));
 }
 

@@ -91,6 +91,17 @@ void RecordingDC::Polyline(std::span<const owl::TPoint> points) {
     calls_.push_back("polyline" + Written(points));
 }
 
+void RecordingDC::Curve(std::span<const owl::TPointF> points, double width) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "curve %.1f", width);
+    std::string call = text.data();
+    for (const owl::TPointF& point : points) {
+        std::snprintf(text.data(), text.size(), " %.2f,%.2f", point.x, point.y);
+        call += text.data();
+    }
+    calls_.push_back(call);
+}
+
 void RecordingDC::Polygon(std::span<const owl::TPoint> points) {
     calls_.push_back("polygon" + Written(points));
 }

@@ -19,6 +19,7 @@ namespace orvanta::test {
 ///     textcolor #RRGGBB
 ///     align right                    (or left, center)
 ///     polyline 10,20 30,40
+///     curve 1.2 0.50,20.50 1.25,30.00
 ///     polygon 10,20 30,40 50,20
 ///     ellipse 0,0,5,5
 ///     line 10,20 30,40
@@ -53,6 +54,7 @@ public:
     void SetTextColor(owl::TColor color) override;
     owl::TextAlign SetTextAlign(owl::TextAlign align) override;
     void Polyline(std::span<const owl::TPoint> points) override;
+    void Curve(std::span<const owl::TPointF> points, double width) override;
     void Polygon(std::span<const owl::TPoint> points) override;
     void Ellipse(const owl::TRect& rect) override;
     void Line(const owl::TPoint& from, const owl::TPoint& to) override;

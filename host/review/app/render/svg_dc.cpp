@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace orvanta::review {
 
@@ -139,6 +140,32 @@ void SvgDC::Polyline(std::span<const owl::TPoint> points) {
     Points(points);
     xml_.writeAttribute("fill", "none");
     Stroke(pen_, "round");
+    xml_.writeAttribute("stroke-linejoin", "round");
+}
+
+void SvgDC::Curve(std::span<const owl::TPointF> points, double width) {
+    if (pen_.style == owl::PenStyle::None) {
+        return;
+    }
+    QString path;
+    const char* step = "M";
+    for (const owl::TPointF& point : points) {
+        if (std::isfinite(point.x) && std::isfinite(point.y)) {
+            path += step + QString::number(point.x, 'f', 2) + ' ' + QString::number(point.y, 'f', 2);
+            step = "L";
+        } else {
+            step = "M";
+        }
+    }
+    if (path.isEmpty()) {
+        return;
+    }
+    xml_.writeEmptyElement("path");
+    xml_.writeAttribute("d", path);
+    xml_.writeAttribute("fill", "none");
+    xml_.writeAttribute("stroke", ColorName(pen_.color));
+    Number("stroke-width", width);
+    xml_.writeAttribute("stroke-linecap", "round");
     xml_.writeAttribute("stroke-linejoin", "round");
 }
 

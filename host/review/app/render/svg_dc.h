@@ -32,6 +32,7 @@ public:
     void SetTextColor(owl::TColor color) override { textColor_ = color; }
     owl::TextAlign SetTextAlign(owl::TextAlign align) override { return std::exchange(align_, align); }
     void Polyline(std::span<const owl::TPoint> points) override;
+    void Curve(std::span<const owl::TPointF> points, double width) override;
     void Polygon(std::span<const owl::TPoint> points) override;
     void Ellipse(const owl::TRect& rect) override;
     void Line(const owl::TPoint& from, const owl::TPoint& to) override;

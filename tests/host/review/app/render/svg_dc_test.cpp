@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -66,6 +67,15 @@ TEST(SvgDC, DrawsCurvesThroughTheMiddlesOfPixels) {
               }),
               "<polyline points=\"0.5,0.5 4.5,2.5 6.5,9.5\" fill=\"none\" stroke=\"#000000\" "
               "stroke-linecap=\"round\" stroke-linejoin=\"round\"/>\n");
+}
+
+TEST(SvgDC, DrawsFineCurvesWhereTheyAreAndBreaksThemWhereThereIsNoPoint) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(Written([none](SvgDC& dc) {
+                  dc.Curve(std::vector<owl::TPointF>{{0, 1.25}, {4, 2}, {5, none}, {6, 1}, {7, 2}}, 0.8);
+              }),
+              "<path d=\"M0.00 1.25L4.00 2.00M6.00 1.00L7.00 2.00\" fill=\"none\" stroke=\"#000000\" "
+              "stroke-width=\"0.8\" stroke-linecap=\"round\" stroke-linejoin=\"round\"/>\n");
 }
 
 TEST(SvgDC, KeepsThePenOfARectangleInside) {
