@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kElectrodes = 100;
 constexpr int kColumnWidth = 100;
+constexpr int kAroundRow = 8;
 
 } // namespace
 
@@ -38,7 +39,7 @@ void CARElectSelDlg::SetupWindow() {
         auto* item = new QListWidgetItem(QString::fromStdString(sensor->GetName()), list_);
         item->setSelected(std::find(selected_.begin(), selected_.end(), sensor) != selected_.end());
     }
-    list_->setGridSize({kColumnWidth, list_->sizeHintForRow(0)});
+    list_->setGridSize({kColumnWidth, list_->fontMetrics().height() + kAroundRow});
     list_->setUpdatesEnabled(true);
 }
 

@@ -11,7 +11,7 @@
 #include "spectrum_view/dialogs/typed_range.h"
 
 #include <QLabel>
-#include <QWidget>
+#include <QRadioButton>
 
 #include <array>
 #include <cmath>
@@ -120,6 +120,7 @@ void Spect3DDlg::SetupWindow() {
 }
 
 void Spect3DDlg::ShowBands() {
+    const int rowHeight = QRadioButton("Band").sizeHint().height();
     for (int i = 0; i < kBands; ++i) {
         const SPECT::Band& band = spectraMgr->GetBand(static_cast<unsigned>(i));
         SetDlgItemText(kFirstBand + i, band.name);
@@ -127,6 +128,8 @@ void Spect3DDlg::ShowBands() {
         SetDlgItemText(kFirstHigh + i, LocalText(*platform, band.hi, 32));
         QWidget* button = GetDlgItem(kFirstBand + i);
         if (button != nullptr && band.name[0] == '\0') {
+            // Without a caption it would be lower than its neighbours.
+            button->setMinimumHeight(rowHeight);
             const std::string nameless = owl::TextOr(GetModule(), "DIALOG_1626", "nameless", "Band %s");
             button->setAccessibleName(QString::fromStdString(FillIn(nameless, {std::to_string(i + 1)})));
         }

@@ -17,6 +17,8 @@
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectra_contract/spectra_types.h"
+#include "spectral_maps/dialogs/electrodes_dialog.h"
+#include "spectral_maps/dialogs/map_dialog.h"
 #include "spectrum_view/dialogs/band_dialog.h"
 #include "spectrum_view/dialogs/comments_dialog.h"
 #include "spectrum_view/dialogs/info_dialog.h"
@@ -29,6 +31,8 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QVBoxLayout>
+
+#include <iterator>
 
 namespace orvanta::review {
 
@@ -194,6 +198,30 @@ void ShowInfo(const GallerySample& sample, const TakePicture& take) {
     take(dialog);
 }
 
+void ShowMapDialog(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    Spect3DDlg dialog(nullptr, &sample.platform, &manager);
+    dialog.plotSet = {2, 2, 0, 60, false, true};
+    take(dialog);
+}
+
+/// A scale that will not be taken.
+void ShowMapDialogBeingTyped(const GallerySample& sample, const TakePicture& take) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    Spect3DDlg dialog(nullptr, &sample.platform, &manager);
+    dialog.applyToAllLocked = true;
+    dialog.ensurePolished();
+    dialog.SetDlgItemText(106, "60");
+    take(dialog);
+}
+
+void ShowElectrodes(const GallerySample& sample, const TakePicture& take) {
+    const SensorList sensors = EegSensors(sample.recording);
+    SensorList selected(sensors.begin(), std::next(sensors.begin(), 7));
+    CARElectSelDlg dialog(nullptr, selected, sensors);
+    take(dialog);
+}
+
 /// A bar with every kind of gadget.
 void ShowGadgetBar(const GallerySample& /*sample*/, const TakePicture& take) {
     owl::TEventHandler handler;
@@ -244,6 +272,9 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("axis-ranges", ShowScale),
             page("axis-ranges-typed", ShowScaleBeingTyped),
             page("spectra-info", ShowInfo),
+            page("map-options", ShowMapDialog),
+            page("map-options-typed", ShowMapDialogBeingTyped),
+            page("electrodes", ShowElectrodes),
             page("spectrum-view", ShowSpectrumView),
             page("spectrum-view-small", ShowSmallSpectrumView),
             page("spectra-panel", ShowSpectraPanel),
