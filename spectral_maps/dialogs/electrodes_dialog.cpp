@@ -34,12 +34,14 @@ void CARElectSelDlg::SetupWindow() {
     if (list_ == nullptr) {
         return;
     }
+    const QSize place(kColumnWidth, list_->fontMetrics().height() + kAroundRow);
+    list_->setGridSize(place);
     list_->setUpdatesEnabled(false);
     for (const SensorType* sensor : all_) {
         auto* item = new QListWidgetItem(QString::fromStdString(sensor->GetName()), list_);
+        item->setSizeHint(place);
         item->setSelected(std::find(selected_.begin(), selected_.end(), sensor) != selected_.end());
     }
-    list_->setGridSize({kColumnWidth, list_->fontMetrics().height() + kAroundRow});
     list_->setUpdatesEnabled(true);
 }
 
