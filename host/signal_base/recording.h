@@ -47,6 +47,9 @@ public:
     double Rate() const;
     /// Timeline at Rate(), or at the highest rate of any signal when there is no EEG.
     const Timeline& Time() const;
+    /// Timeline of a signal as it lies in Source(), so at Rate() for every EEG sensor; empty for a signal
+    /// without a rate. \throws std::out_of_range when there is no such signal
+    Timeline TimeOf(std::size_t signal) const;
     /// Where an EEG sensor's samples are. \throws std::invalid_argument for a sensor of another kind
     SensorSamples Samples(const SensorType& sensor) const;
     /// Repairs of the file, of the labels and units, and of the events table, and remarks on what the numbers

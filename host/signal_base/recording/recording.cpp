@@ -68,12 +68,13 @@ void ReportResampling(const SensorVector& sensors, double rate_hz, std::vector<s
     }
 }
 
-Timeline LayOutTime(const RecordingData& data, const BlockSource& source, const SensorType* sensor) {
-    if (sensor == nullptr) {
+Timeline LayOutTime(const RecordingData& data, const BlockSource& source, std::size_t signal,
+                    double rate_hz) {
+    if (!(rate_hz > 0)) {
         return {};
     }
-    const std::uint64_t perBlock = source.Layout(sensor->GetSignalIndex()).samples;
-    const std::uint64_t stored = source.SampleCount(sensor->GetSignalIndex());
+    const std::uint64_t perBlock = source.Layout(signal).samples;
+    const std::uint64_t stored = source.SampleCount(signal);
     std::vector<Segment> segments;
     for (const BlockSegment& blocks : data.segments) {
         const std::uint64_t first = std::min(blocks.first_block * perBlock, stored);
@@ -83,7 +84,7 @@ Timeline LayOutTime(const RecordingData& data, const BlockSource& source, const 
                 {static_cast<std::int64_t>(first), static_cast<std::int64_t>(count), blocks.start_s});
         }
     }
-    return Timeline(sensor->GetRateHz(), std::move(segments));
+    return Timeline(rate_hz, std::move(segments));
 }
 
 } // namespace
@@ -114,7 +115,9 @@ Recording::Recording(RecordingData data) : impl_(std::make_unique<Impl>()) {
             return sensor.IsSignal() && sensor.GetRateHz() > 0;
         });
     }
-    impl_->time = LayOutTime(found, *impl_->source, fastest);
+    if (fastest != nullptr) {
+        impl_->time = TimeOf(fastest->GetSignalIndex());
+    }
 }
 
 Recording::~Recording() = default;
@@ -137,6 +140,11 @@ double Recording::Rate() const {
 
 const Timeline& Recording::Time() const {
     return impl_->time;
+}
+
+Timeline Recording::TimeOf(std::size_t signal) const {
+    const SensorType& sensor = *impl_->sensors.at(signal);
+    return LayOutTime(impl_->data, *impl_->source, signal, sensor.IsEeg() ? impl_->rate : sensor.GetRateHz());
 }
 
 SensorSamples Recording::Samples(const SensorType& sensor) const {

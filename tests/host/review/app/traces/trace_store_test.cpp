@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/traces/trace_store.h"
+
+#include "host/signal_base/recording_error.h"
+#include "tests/support/edf_file.h"
+#include "tests/support/small_recording.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace orvanta::review {
+namespace {
+
+using test::MadeSignal;
+using testing::ElementsAre;
+using testing::SizeIs;
+
+constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+const std::vector<std::size_t> kFirst{0};
+
+std::vector<double> Counting(std::size_t count) {
+    std::vector<double> values(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        values[i] = static_cast<double>(i);
+    }
+    return values;
+}
+
+/// A store of the signals, as recorded.
+struct Opened {
+    explicit Opened(signal::RecordingData data)
+        : recording(signal::MakeRecording(std::move(data))), store(recording->GetRecording()) {
+        store.SetLines(ChannelsOf(*recording), {});
+    }
+
+    TraceLine Line(const PageRequest& request, std::size_t line = 0) const {
+        return store.Read(request, std::vector<std::size_t>{line}).lines.at(0);
+    }
+
+    std::unique_ptr<EEGFileInfoType> recording;
+    TraceStore store;
+};
+
+Opened CountingCz(std::size_t seconds, const std::vector<test::Gap>& gaps = {}) {
+    return Opened(test::MakeData({MadeSignal{"Cz", 8, Counting(8 * seconds)}}, {}, gaps));
+}
+
+TEST(TraceStore, GivesSamplesWhereFewMeetAColumn) {
+    const Opened opened = CountingCz(5);
+
+    const TraceLine line = opened.Line({1, 1, 2});
+
+    // Eight samples of the page and a neighbour on either side.
+    ASSERT_THAT(line.runs, SizeIs(1));
+    EXPECT_EQ(line.runs[0].start, 0.875);
+    EXPECT_EQ(line.runs[0].step, 0.125);
+    EXPECT_THAT(line.runs[0].values, ElementsAre(7, 8, 9, 10, 11, 12, 13, 14, 15, 16));
+    EXPECT_THAT(line.columns, SizeIs(0));
+}
+
+TEST(TraceStore, GivesLeastAndGreatestWhereManyMeetAColumn) {
+    const Opened opened = CountingCz(5);
+
+    const TraceLine line = opened.Line({1, 2, 2});
+
+    EXPECT_THAT(line.runs, SizeIs(0));
+    EXPECT_THAT(line.columns, ElementsAre(TraceColumn{8, 15}, TraceColumn{16, 23}));
+}
+
+TEST(TraceStore, BreaksRunsAtGaps) {
+    const Opened opened = CountingCz(4, {{2, 0.5}});
+
+    const TraceLine line = opened.Line({1.5, 1.5, 10});
+
+    ASSERT_THAT(line.runs, SizeIs(2));
+    EXPECT_THAT(line.runs[0].values, ElementsAre(11, 12, 13, 14, 15));
+    EXPECT_EQ(line.runs[1].start, 2.5);
+    EXPECT_THAT(line.runs[1].values, ElementsAre(16, 17, 18, 19, 20));
+}
+
+TEST(TraceStore, LeavesColumnsInGapsEmpty) {
+    const Opened opened = CountingCz(4, {{2, 2}});
+
+    const TraceLine line = opened.Line({0, 6, 6});
+
+    EXPECT_THAT(line.columns, ElementsAre(TraceColumn{0, 7}, TraceColumn{8, 15}, TraceColumn{}, TraceColumn{},
+                                          TraceColumn{16, 23}, TraceColumn{24, 31}));
+}
+
+TEST(TraceStore, LeavesColumnsOutsideTheRecordingEmpty) {
+    const Opened opened = CountingCz(2);
+
+    const TraceLine line = opened.Line({-1, 4, 4});
+
+    EXPECT_THAT(line.columns,
+                ElementsAre(TraceColumn{}, TraceColumn{0, 7}, TraceColumn{8, 15}, TraceColumn{}));
+}
+
+TEST(TraceStore, HasNothingFarOutside) {
+    const Opened opened = CountingCz(2);
+
+    EXPECT_THAT(opened.Line({100, 1, 10}).runs, SizeIs(0));
+    EXPECT_THAT(opened.Line({-1e18, 1, 10}).runs, SizeIs(0));
+    EXPECT_THAT(opened.Line({0, 1e300, 1}).columns, ElementsAre(TraceColumn{0, 15}));
+}
+
+TEST(TraceStore, AnswersWrongRequestsWithEmptyLines) {
+    const Opened opened = CountingCz(2);
+
+    for (const PageRequest& request :
+         {PageRequest{0, 0, 10}, PageRequest{0, -1, 10}, PageRequest{0, kNaN, 10}, PageRequest{kNaN, 1, 10},
+          PageRequest{0, 1, 0}}) {
+        const TraceLine line = opened.Line(request);
+        EXPECT_THAT(line.runs, SizeIs(0));
+        EXPECT_THAT(line.columns, SizeIs(0));
+    }
+}
+
+TEST(TraceStore, KeepsEachSignalsRate) {
+    const Opened opened(
+        test::MakeData({MadeSignal{"Cz", 8, Counting(16)}, MadeSignal{"Resp", 2, Counting(4), "L"}}));
+
+    const TracePage page = opened.store.Read({0, 2, 3}, std::vector<std::size_t>{1, 0});
+
+    ASSERT_THAT(page.lines, SizeIs(2));
+    ASSERT_THAT(page.lines[0].runs, SizeIs(1));
+    EXPECT_EQ(page.lines[0].runs[0].step, 0.5);
+    EXPECT_THAT(page.lines[0].runs[0].values, ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(page.lines[1].columns,
+                ElementsAre(TraceColumn{0, 5}, TraceColumn{6, 10}, TraceColumn{11, 15}));
+}
+
+TEST(TraceStore, WeighsSignalsAndSubtractsTheAverage) {
+    const auto recording = test::SmallRecording();
+    recording->ChangeMntg(0, false, recording->GetMontageList()->Find("Average reference"));
+    TraceStore store(recording->GetRecording());
+    store.SetLines(ChannelsOf(*recording), {});
+
+    const TracePage page = store.Read({0, 1, 10}, kFirst);
+
+    ASSERT_THAT(page.lines[0].runs, SizeIs(1));
+    const std::vector<float>& values = page.lines[0].runs[0].values;
+    const auto fp1 = test::Fp1Values(9), f3 = test::F3Values(9), cz = test::CzValues(9);
+    ASSERT_THAT(values, SizeIs(9));
+    for (std::size_t i = 0; i < 9; ++i) {
+        EXPECT_FLOAT_EQ(values[i], static_cast<float>(fp1[i] - (fp1[i] + f3[i] + cz[i]) / 3)) << i;
+    }
+}
+
+TEST(TraceStore, BreaksRunsWhereValuesAreNoNumbers) {
+    std::vector<double> values = Counting(8);
+    values[3] = kNaN;
+    values[6] = std::numeric_limits<double>::infinity();
+    const Opened opened(test::MakeData({MadeSignal{"Cz", 8, values}}));
+
+    const TraceLine runs = opened.Line({0, 1, 10});
+    const TraceLine columns = opened.Line({0, 1, 1});
+
+    ASSERT_THAT(runs.runs, SizeIs(3));
+    EXPECT_THAT(runs.runs[1].values, ElementsAre(4, 5));
+    EXPECT_EQ(runs.runs[1].start, 0.5);
+    EXPECT_THAT(columns.columns, ElementsAre(TraceColumn{0, 7}));
+}
+
+TEST(TraceStore, ReadsASingleSample) {
+    const Opened opened(test::MakeData({MadeSignal{"Cz", 1, {5}}}));
+
+    EXPECT_THAT(opened.Line({0, 10, 100}).runs.at(0).values, ElementsAre(5));
+}
+
+TEST(TraceStore, ReadsNothingFromARecordingWithoutSamples) {
+    const Opened opened(test::MakeData({MadeSignal{"Cz", 8, {}}}));
+
+    EXPECT_THAT(opened.Line({0, 10, 100}).runs, SizeIs(0));
+}
+
+TEST(TraceStore, ReadsNoLines) {
+    const Opened opened = CountingCz(2);
+
+    const TracePage page = opened.store.Read({0, 1, 10}, {});
+
+    EXPECT_THAT(page.lines, SizeIs(0));
+    EXPECT_TRUE(page.complete);
+}
+
+TEST(TraceStore, SaysWhenTheFileWasCut) {
+    const test::TempFolder folder;
+    const std::string path = folder.Write("cut.edf", test::PlainEdf(20).Bytes());
+    const auto recording = signal::OpenRecording(path);
+    TraceStore store(recording->GetRecording());
+    store.SetLines(ChannelsOf(*recording), {});
+    std::filesystem::resize_file(path, 900);
+
+    EXPECT_THROW(store.Read({10, 5, 100}, kFirst), signal::RecordingError);
+}
+
+} // namespace
+} // namespace orvanta::review
