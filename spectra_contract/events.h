@@ -4,9 +4,11 @@
 
 #include "spectra_contract/time.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -37,14 +39,34 @@ private:
 
 using EventsCountMap = std::map<XEventType, unsigned>;
 
+/// Where an event is kept.
+enum class EventSource : int {
+    Recording = 0, ///< in the recording itself; never changed
+    Table = 1,     ///< in the table beside it; the user's
+};
+
 /// One event. A spot event's interval is empty (end equal to begin).
 struct EventRecord {
     std::string Label;
     EventClass Class = EventClass::Spot;
     XTimeInterval Interval;
+    EventSource Source = EventSource::Recording;
+    /// Line of the table as it was read, from 2 on; 0 for an event that was not read from one.
+    std::size_t Line = 0;
 
-    bool operator==(const EventRecord&) const = default;
+    /// Equal are events that say the same, wherever they are kept.
+    bool operator==(const EventRecord& other) const {
+        return Label == other.Label && Class == other.Class && Interval == other.Interval;
+    }
 };
+
+/// An event and its place among the events of its recording.
+struct PlacedEvent {
+    std::size_t Place = 0;
+    EventRecord Event;
+};
+
+class ManagedFlag;
 
 /// The events of one recording, in time order.
 class ORVANTA_API EventsManager {
@@ -65,10 +87,19 @@ public:
     std::uint32_t GetEventsSR() const;
 
     const std::vector<EventRecord>& GetEvents() const;
-    /// Inserts in time order, after events of the same time.
-    void Add(const EventRecord& event);
+    /// Inserts in time order, after events of the same time. \return its place
+    std::size_t Add(const EventRecord& event);
+    /// The place that an event which begins at \p begin would get.
+    std::size_t PlaceFor(const XTime& begin) const;
+    /// Takes out the events at the places \p removed, counted before the change, and puts in \p inserted,
+    /// each at its place after the change: one change, told once. Places ascend. \throws
+    /// std::invalid_argument, and changes nothing, for places that are none or do not ascend, for an event of
+    /// the recording itself, and when the events would not be in time order
+    void Change(std::span<const std::size_t> removed, std::span<const PlacedEvent> inserted);
     /// Changes with every change of the events.
     std::uint64_t GetGeneration() const;
+    /// Set after every change.
+    ManagedFlag& GetChangedFlag() const;
     /// Labels offered as rejected by default: those that start with "bad", case ignored.
     std::vector<std::string> GetDefaultRejectLabels() const;
 
@@ -76,8 +107,6 @@ private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };
-
-class ManagedFlag;
 
 /// Is told when a flag is set; registered under a name for as long as it lives.
 class ORVANTA_API FlagListener {

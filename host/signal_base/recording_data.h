@@ -27,11 +27,18 @@ struct SignalHeader {
     bool status = false;      ///< a trigger or status signal
 };
 
-/// A mark inside the recording. Times are seconds since the first sample.
+/// A mark inside the recording or in the table beside it. Times are seconds since the first sample.
 struct Annotation {
     double onset_s = 0;
     std::optional<double> duration_s;
-    std::string text; ///< UTF-8
+    std::string text;     ///< UTF-8
+    std::size_t line = 0; ///< in the events table, from 2 on; 0 for a mark inside the recording
+};
+
+/// The events table beside a recording, where the user's events are kept.
+struct EventsTableFile {
+    std::string path; ///< also of one that is yet to be written; empty: there is no place for one
+    std::optional<std::string> text; ///< as it was read; none when there was no table or it could not be read
 };
 
 /// A stretch of blocks without a gap.
@@ -60,6 +67,7 @@ struct RecordingData {
     std::vector<SignalHeader> signals; ///< in file order; index = signal index of the source
     std::vector<BlockSegment> segments;
     std::vector<Annotation> annotations;
+    EventsTableFile events_table;
     std::vector<std::string> repairs; ///< one line each: what was wrong and what was done
     std::shared_ptr<const BlockSource> source;
 };
@@ -70,9 +78,10 @@ ORVANTA_API RecordingData ReadEdf(const std::string& path);
 /// RecordingError
 ORVANTA_API RecordingData ReadBrainVision(const std::string& path);
 /// Appends the events of a BIDS events table (onset, duration, trial_type or value columns). Rows that cannot
-/// be understood are left out and named in \p repairs. \throws RecordingError when the table as a whole is
-/// none
-ORVANTA_API void ReadEventsTsv(const std::string& path, std::vector<Annotation>& annotations,
-                               std::vector<std::string>& repairs);
+/// be understood are left out and named in \p repairs.
+/// \return the table's text
+/// \throws RecordingError when the table as a whole is none
+ORVANTA_API std::string ReadEventsTsv(const std::string& path, std::vector<Annotation>& annotations,
+                                      std::vector<std::string>& repairs);
 
 } // namespace orvanta::signal

@@ -31,7 +31,8 @@ std::vector<EventRecord> EventsOf(const std::vector<Annotation>& annotations,
         const XTime begin = XTime::FromSeconds(annotation.onset_s);
         const XTime end = XTime::FromSeconds(annotation.onset_s + std::max(0.0, duration));
         const EventClass eventClass = begin < end ? EventClass::State : EventClass::Spot;
-        records.push_back({annotation.text, eventClass, {begin, end}});
+        const EventSource source = annotation.line == 0 ? EventSource::Recording : EventSource::Table;
+        records.push_back({annotation.text, eventClass, {begin, end}, source, annotation.line});
     }
     std::stable_sort(records.begin(), records.end(), [](const EventRecord& a, const EventRecord& b) {
         return *a.Interval.GetBeginPtr() < *b.Interval.GetBeginPtr();

@@ -32,23 +32,26 @@ RecordingData ReadFile(const std::string& path) {
                          "open an EDF, EDF+, BDF, BDF+ or BrainVision file, or export to one of these");
 }
 
-/// The events table beside a recording; empty when there is none.
-std::string EventsTableOf(const std::string& path) {
+/// The events table beside a recording: the one that is there, else the one to be written.
+std::filesystem::path EventsTableOf(const std::string& path) {
     const std::filesystem::path recording(path);
     const std::string stem = recording.stem().string();
     constexpr std::string_view kBids = "_eeg";
-    std::vector<std::string> names{stem + ".events.tsv", stem + "_events.tsv"};
-    if (stem.ends_with(kBids)) {
-        names.insert(names.begin(), stem.substr(0, stem.size() - kBids.size()) + "_events.tsv");
+    constexpr const char* kTable = "_events.tsv";
+    std::vector<std::string> names{stem + ".events.tsv", stem + kTable};
+    const std::string bids =
+        stem.ends_with(kBids) ? stem.substr(0, stem.size() - kBids.size()) + kTable : stem + kTable;
+    if (bids != names.back()) {
+        names.insert(names.begin(), bids);
     }
     for (const std::string& name : names) {
         const std::filesystem::path table = recording.parent_path() / name;
         std::error_code unreadable;
         if (std::filesystem::exists(table, unreadable)) {
-            return table.string();
+            return table;
         }
     }
-    return {};
+    return recording.parent_path() / bids;
 }
 
 double EndOf(const RecordingData& data) {
@@ -79,13 +82,15 @@ void ReportOutside(const std::string& table, std::size_t first, RecordingData& d
 
 std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
     RecordingData data = ReadFile(path);
-    const std::string table = EventsTableOf(path);
-    if (!table.empty()) {
+    const std::filesystem::path table = EventsTableOf(path);
+    data.events_table.path = table.string();
+    std::error_code unreadable;
+    if (std::filesystem::exists(table, unreadable)) {
         try {
-            data.files.push_back(table);
+            data.files.push_back(table.string());
             const std::size_t before = data.annotations.size();
-            ReadEventsTsv(table, data.annotations, data.repairs);
-            ReportOutside(table, before, data);
+            data.events_table.text = ReadEventsTsv(table.string(), data.annotations, data.repairs);
+            ReportOutside(table.string(), before, data);
         } catch (const RecordingError& error) {
             data.repairs.push_back(std::string("events table left out: ") + error.what());
         }

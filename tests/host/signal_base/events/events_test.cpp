@@ -4,6 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
 namespace {
 
 using testing::ElementsAre;
@@ -98,6 +102,80 @@ TEST(EventsManager, EveryChangeIsANewGeneration) {
     const std::uint64_t before = events.GetGeneration();
     events.Add(Spot("b", 1));
     EXPECT_NE(events.GetGeneration(), before);
+}
+
+EventRecord Own(EventRecord event) {
+    event.Source = EventSource::Table;
+    return event;
+}
+
+/// Counts how often it is told.
+struct Told : FlagListener {
+    explicit Told(const EventsManager& events) : FlagListener("test", events.GetChangedFlag()) {}
+    void PerformAction() override { ++times; }
+    int times = 0;
+};
+
+TEST(EventsManager, SaysWhereItPutAnEvent) {
+    EventsManager events(100);
+    EXPECT_EQ(events.Add(Spot("b", 1)), 0U);
+    EXPECT_EQ(events.Add(Spot("a", 1)), 1U);
+    EXPECT_EQ(events.Add(Spot("c", 0)), 0U);
+    EXPECT_EQ(events.PlaceFor(XTime::FromSeconds(1)), 3U);
+}
+
+TEST(EventsManager, ChangesSeveralEventsAtOnce) {
+    EventsManager events(100);
+    for (const char* label : {"a", "b", "c", "d"}) {
+        events.Add(Own(Spot(label, 1)));
+    }
+    const Told told(events);
+    const std::uint64_t before = events.GetGeneration();
+    events.Change(std::vector<std::size_t>{1, 2},
+                  std::vector<PlacedEvent>{{0, Spot("first", 0)}, {2, Spot("x", 1)}, {4, Spot("last", 2)}});
+    EXPECT_THAT(events.GetEvents(),
+                ElementsAre(Spot("first", 0), Spot("a", 1), Spot("x", 1), Spot("d", 1), Spot("last", 2)));
+    EXPECT_EQ(told.times, 1);
+    EXPECT_NE(events.GetGeneration(), before);
+}
+
+TEST(EventsManager, ExchangesAnEventAtItsPlace) {
+    EventsManager events(100);
+    events.Add(Own(Spot("a", 1)));
+    events.Add(Own(Spot("b", 1)));
+    events.Change(std::vector<std::size_t>{0}, std::vector<PlacedEvent>{{0, Spot("new", 1)}});
+    EXPECT_THAT(events.GetEvents(), ElementsAre(Spot("new", 1), Spot("b", 1)));
+}
+
+TEST(EventsManager, RefusesChangesAsAWhole) {
+    EventsManager events(100);
+    events.Add(Own(Spot("a", 1)));
+    events.Add(Spot("recorded", 2));
+    const Told told(events);
+    const std::uint64_t before = events.GetGeneration();
+    const struct {
+        const char* what;
+        std::vector<std::size_t> removed;
+        std::vector<PlacedEvent> inserted;
+    } table[] = {
+        {"of the recording", {0, 1}, {}},
+        {"no such event", {0, 2}, {}},
+        {"twice", {0, 0}, {}},
+        {"no such place", {}, {{4, Spot("x", 9)}}},
+        {"place twice", {}, {{0, Spot("x", 0)}, {0, Spot("y", 0)}}},
+        {"not in time order", {}, {{0, Spot("x", 9)}}},
+    };
+    for (const auto& row : table) {
+        EXPECT_THROW(events.Change(row.removed, row.inserted), std::invalid_argument) << row.what;
+    }
+    EXPECT_THAT(events.GetEvents(), ElementsAre(Spot("a", 1), Spot("recorded", 2)));
+    EXPECT_EQ(events.GetGeneration(), before);
+    EXPECT_EQ(told.times, 0);
+}
+
+TEST(EventsManager, EventsThatSayTheSameAreEqualWhereverTheyAreKept) {
+    EXPECT_EQ(Own(Spot("a", 1)), Spot("a", 1));
+    EXPECT_NE(Own(Spot("a", 1)), Spot("b", 1));
 }
 
 TEST(EventsManager, CountsInMillisecondsWithoutARate) {

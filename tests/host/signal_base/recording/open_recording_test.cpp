@@ -8,6 +8,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <utility>
+
 namespace orvanta::signal {
 namespace {
 
@@ -83,6 +86,32 @@ TEST_F(OpenRecordingFrom, AnyNameHasItsEventsTable) {
     Write("b_events.tsv", "onset\tduration\ttrial_type\n1\t0\tunderscore\n");
     EXPECT_THAT(Labels(*OpenRecording(Write("a.edf", edf_))), ElementsAre("dot"));
     EXPECT_THAT(Labels(*OpenRecording(Write("b.edf", edf_))), ElementsAre("underscore"));
+}
+
+TEST_F(OpenRecordingFrom, TellsTheEventsOfTheTableFromItsOwn) {
+    Write("a_events.tsv", "onset\tduration\ttrial_type\n1\t0\tmine\n");
+    test::EdfFile edf = test::PlusEdf();
+    edf.signals.back().texts.front() += test::AnnotationBytes("0.5", "", "tone");
+    const auto file = OpenRecording(Write("a.edf", edf.Bytes()));
+    const auto& events = file->GetEventsManager()->GetEvents();
+    ASSERT_EQ(events.size(), 2U);
+    EXPECT_EQ(events[0].Source, EventSource::Recording);
+    EXPECT_EQ(events[0].Line, 0U);
+    EXPECT_EQ(events[1].Source, EventSource::Table);
+    EXPECT_EQ(events[1].Line, 2U);
+}
+
+TEST_F(OpenRecordingFrom, KnowsWhereTheEventsAreKeptAndWhatIsThere) {
+    const auto table = [&](const std::string& name) {
+        const EventsTableFile file = OpenRecording(Write(name, edf_))->GetRecording()->Data().events_table;
+        return std::pair(std::filesystem::path(file.path).filename().string(), file.text.value_or("none"));
+    };
+    EXPECT_EQ(table("a.edf"), std::pair(std::string("a_events.tsv"), std::string("none")));
+    EXPECT_EQ(table("b_eeg.edf"), std::pair(std::string("b_events.tsv"), std::string("none")));
+    Write("a.events.tsv", "onset\n1\n");
+    EXPECT_EQ(table("a.edf"), std::pair(std::string("a.events.tsv"), std::string("onset\n1\n")));
+    Write("a.events.tsv", "nothing of use\n");
+    EXPECT_EQ(table("a.edf"), std::pair(std::string("a.events.tsv"), std::string("none")));
 }
 
 TEST_F(OpenRecordingFrom, ABadEventsTableIsARepair) {
