@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sixteen maps of 200 × 200 pixels from the values of their electrodes, and a head of 400 × 400 pixels.
-#include "host/chart_view/topography/flat_map.h"
+#include "host/chart_view/topography/electrode_hull.h"
 #include "host/chart_view/topography/head_picture.h"
 #include "host/chart_view/topography/spherical_spline.h"
 
@@ -32,16 +32,22 @@ std::vector<HeadPosition> Electrodes(std::int64_t count) {
     return electrodes;
 }
 
-std::vector<HeadPosition> Points(const MapRaster& raster) {
-    std::vector<HeadPosition> points(raster.Places().size());
-    std::transform(raster.Places().begin(), raster.Places().end(), points.begin(), OnHead);
+/// Of the pixels of a map.
+std::vector<HeadPosition> Points() {
+    std::vector<HeadPosition> points;
+    for (int pixel = 0; pixel < kSide * kSide; ++pixel) {
+        const Place place{(pixel % kSide + 0.5) / kSide * 2 - 1, (pixel / kSide + 0.5) / kSide * 2 - 1};
+        if (std::hypot(place.x, place.y) <= 1) {
+            points.push_back(OnHead(place));
+        }
+    }
     return points;
 }
 
 /// Argument: electrodes.
 void WeightsOfAMap(benchmark::State& state) {
     const std::vector<HeadPosition> electrodes = Electrodes(state.range(0));
-    const std::vector<HeadPosition> points = Points(MapRaster(kSide, 1));
+    const std::vector<HeadPosition> points = Points();
     for ([[maybe_unused]] const auto round : state) {
         benchmark::DoNotOptimize(SphericalSpline(electrodes).WeightsAt(points));
     }
@@ -50,7 +56,7 @@ BENCHMARK(WeightsOfAMap)->Arg(32)->Arg(64)->Arg(128)->Unit(benchmark::kMilliseco
 
 /// Argument: electrodes.
 void FieldsOfSixteenMaps(benchmark::State& state) {
-    const std::vector<HeadPosition> points = Points(MapRaster(kSide, 1));
+    const std::vector<HeadPosition> points = Points();
     const SplineWeights weights = SphericalSpline(Electrodes(state.range(0))).WeightsAt(points);
     std::mt19937 random(1);
     std::normal_distribution<float> normal;

@@ -97,8 +97,13 @@ protected:
     void EvLButtonUp(unsigned modKeys, const owl::TPoint& point);
     void EvLButtonDblClk(unsigned modKeys, const owl::TPoint& point);
     void EvMouseMove(unsigned modKeys, const owl::TPoint& point);
+    void changeEvent(QEvent* event) override;
 
 private:
+    void Describe();
+    void ShowTip(const owl::TPoint& point);
+    void TellParent(unsigned message, LPARAM second);
+
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };

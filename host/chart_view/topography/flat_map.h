@@ -2,9 +2,9 @@
 // A head seen from above with the values of one moment or measure, and its scale.
 #pragma once
 
-#include "host/chart_view/topography/map_raster.h"
-#include "host/chart_view/topography/palettes.h"
-#include "host/toolkit/dc.h"
+#include "host/chart_view/head_places.h"
+#include "host/chart_view/topography/electrode_marks.h"
+#include "host/chart_view/topography/map_frame.h"
 
 #include <span>
 #include <string>
@@ -12,60 +12,34 @@
 
 namespace orvanta::chart {
 
-/// The scale beside a map.
-struct ColorScale {
-    double low = 0, high = 1;
-    std::string lowText, highText; ///< numbers of its ends
-    std::string unit = {};         ///< may be empty
-};
-
-/// An electrode on a map.
-struct MapElectrode {
-    Place place;
-    std::string name;
-    std::string value; ///< as text
-    bool used = true;  ///< its value went into the map
-};
-
 /// What one map is drawn from.
 struct FlatMap {
     owl::TRect area;
     std::string title;
-    const MapRaster& raster;         ///< as fine as the device
-    std::span<const float> field;    ///< for each pixel of the raster; empty when nothing is known
-    const std::vector<bool>& beyond; ///< the same: extrapolated
+    double reach = 1; ///< radius of the coloured disc, in radii of the head
+    /// For each node of the grid the value, and how far it is extrapolated, as FlatSurface has them; empty
+    /// when nothing is known.
+    std::span<const float> field, beyond;
     const Colors& colors;
     ColorScale scale;
-    std::vector<MapElectrode> electrodes;
-    bool showElectrodes = true;
-    bool showNames = false;
-    bool showValues = false;
-    bool showScale = true;
-    int contours = 6; ///< number of levels between the ends of the scale
-    owl::TFont font = {};
-    owl::TColor textColor = owl::Rgb(0, 0, 0);
-    owl::TColor backColor = owl::Rgb(255, 255, 255);
-    std::string nothing = {}; ///< said in the middle of an empty map
+    std::vector<MapElectrode> electrodes; ///< all of them with a place on the head
+    MapLook look = {};
+    std::string notice = {}; ///< said in the middle of an empty map
 };
 
-/// Where the parts of a map lie. A part without room is empty.
-struct FlatMapLayout {
-    owl::TRect title;
-    owl::TRect disc;  ///< the square of the raster
-    owl::TRect scale; ///< the bar; its numbers stand to its right
-    int numbersWidth = 0;
-    int headRadius = 0;
+/// Where the head lies in the room that it has.
+struct FlatHead {
+    owl::TRect disc; ///< around the coloured part
+    int radius = 0;  ///< of the head, pixels; 0 without room
     owl::TPoint centre;
 };
+ORVANTA_API FlatHead PlaceFlatHead(const owl::TRect& room, double reach);
 
-/// \param lineHeight of the font, pixels \param numbersWidth of the widest text beside the bar
-ORVANTA_API FlatMapLayout LayOutFlatMap(const owl::TRect& area, double reach, int lineHeight,
-                                        int numbersWidth, bool withTitle, bool withScale);
+/// The coloured disc, transparent around it: contours, and stripes of the background where the values are
+/// extrapolated. \param side pixels of the device, at least 1
+ORVANTA_API owl::TImage DiscOf(const FlatMap& map, int side);
 
-/// The coloured disc: one pixel of the picture for each of the raster, transparent around it, with stripes of
-/// the background where the values are extrapolated.
-ORVANTA_API owl::TImage DiscOf(const FlatMap& map);
-
-ORVANTA_API void PaintFlatMap(owl::TDC& dc, const FlatMap& map);
+/// \return where the electrodes were drawn
+ORVANTA_API std::vector<ElectrodeMark> PaintFlatMap(owl::TDC& dc, const FlatMap& map);
 
 } // namespace orvanta::chart

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/topography/flat_map.h"
 
+#include "host/chart_view/topography/map_surface.h"
 #include "tests/support/qt/recording_dc.h"
 
 #include <algorithm>
@@ -16,153 +17,168 @@ bool Contains(const owl::TRect& outer, const owl::TRect& inner) {
            inner.bottom <= outer.bottom;
 }
 
-/// A map of 8 × 8 pixels over the whole head, its values growing from 0 at the top to 7 at the bottom.
+/// Values that grow evenly from 0 at the forehead to 7 at the back of the head.
 class FlatMapTest : public testing::Test {
 protected:
     FlatMapTest() {
-        for (const std::uint32_t pixel : raster.Pixels()) {
-            const std::uint32_t row = pixel / 8;
-            field.push_back(static_cast<float>(row));
-            beyond.push_back(false);
+        for (int node = 0; node < kGridSide * kGridSide; ++node) {
+            field.push_back(static_cast<float>(3.5 * (NodeAt(node / kGridSide) + 1)));
         }
+        beyond.assign(field.size(), -1);
+        map.field = field;
+        map.beyond = beyond;
+        map.look.contours = 0;
     }
 
-    FlatMap Map() {
-        return {{0, 0, 240, 200},
-                "Alpha",
-                raster,
-                field,
-                beyond,
-                FindPalette("grey")->colors,
-                {0, 7, "0.0", "7.0", "µV"},
-                {{{0, 0}, "Cz", "3.5", true}, {{0.5, 0}, "C4", "n/a", false}}};
-    }
-    std::vector<std::string> TextsOf(const FlatMap& map) {
+    std::vector<std::string> TextsOf() {
         dc.Clear();
         PaintFlatMap(dc, map);
         return dc.Texts();
     }
-    bool Writes(const FlatMap& map, const std::string& text) {
-        const auto texts = TextsOf(map);
+    bool Writes(const std::string& text) {
+        const auto texts = TextsOf();
         return std::find(texts.begin(), texts.end(), text) != texts.end();
     }
+    /// A pixel of a disc of 80 pixels.
+    std::uint32_t At(int column, int row) const {
+        return DiscOf(map, 80).pixels[static_cast<std::size_t>(row * 80 + column)];
+    }
 
-    MapRaster raster{8, 1};
-    std::vector<float> field;
-    std::vector<bool> beyond;
+    std::vector<float> field, beyond;
+    FlatMap map{{0, 0, 240, 200},
+                "Alpha",
+                1,
+                {},
+                {},
+                FindPalette("grey")->colors,
+                {0, 7, {"0.0", "3.5", "7.0"}, "µV"},
+                {{{0, 0, 1}, "Cz", "3.5", true, 0}, {{0.7071, 0, 0.7071}, "C4", "n/a", false, 1}}};
     RecordingDC dc;
 };
 
-TEST(LayOutFlatMap, KeepsTheDiscAndTheBarInTheArea) {
-    const owl::TRect area{10, 20, 250, 220};
-    const FlatMapLayout layout = LayOutFlatMap(area, 1.2, 12, 40, true, true);
-    EXPECT_TRUE(Contains(area, layout.disc));
-    EXPECT_TRUE(Contains(area, layout.scale));
-    EXPECT_TRUE(Contains(area, layout.title));
+TEST(PlaceFlatHead, LeavesRoomForTheNose) {
+    const FlatHead head = PlaceFlatHead({4, 4, 196, 196}, 1);
+    // 192 pixels across for two ears at 1.08 radii; 192 rows for 1.14 radii up and 1 down: 88 and 89.
+    EXPECT_EQ(head.radius, 88);
+    EXPECT_EQ(head.disc, (owl::TRect{12, 18, 188, 194}));
 }
 
-TEST(LayOutFlatMap, PutsTheBarBesideTheDiscAndTheTitleAbove) {
-    const FlatMapLayout layout = LayOutFlatMap({0, 0, 240, 200}, 1, 12, 40, true, true);
-    EXPECT_GT(layout.scale.left, layout.disc.right);
-    EXPECT_LE(layout.scale.right + 4 + 40, 240 - 4);
-    EXPECT_LE(layout.title.bottom, layout.disc.top);
+TEST(PlaceFlatHead, KeepsAWiderDiscInTheRoom) {
+    const owl::TRect room{10, 20, 250, 220};
+    EXPECT_TRUE(Contains(room, PlaceFlatHead(room, 1.3).disc));
 }
 
-TEST(LayOutFlatMap, LeavesRoomForTheNose) {
-    const FlatMapLayout layout = LayOutFlatMap({0, 0, 200, 200}, 1, 12, 0, false, false);
-    // 192 pixels across for two ears at 1.08 radii; 188 rows for 1.14 radii up and 1 down.
-    EXPECT_EQ(layout.headRadius, 88);
-    EXPECT_EQ(layout.disc, (owl::TRect{12, 18, 188, 194}));
-}
-
-TEST(LayOutFlatMap, LeavesOutTheBarWhereTheHeadWouldBeTooSmall) {
-    const FlatMapLayout layout = LayOutFlatMap({0, 0, 90, 90}, 1, 12, 40, true, true);
-    EXPECT_TRUE(layout.scale.IsEmpty());
-    EXPECT_GT(layout.headRadius, 24);
-}
-
-TEST(LayOutFlatMap, HasNoHeadWithoutRoom) {
-    EXPECT_EQ(LayOutFlatMap({0, 0, 6, 6}, 1, 12, 40, true, true).headRadius, 0);
+TEST(PlaceFlatHead, HasNoHeadWithoutRoom) {
+    EXPECT_EQ(PlaceFlatHead({0, 0, 2, 1}, 1).radius, 0);
 }
 
 TEST_F(FlatMapTest, ColorsEachPixelByItsValue) {
-    const owl::TImage disc = DiscOf(Map());
-    // Row 3 of 7 is 255 · 3 / 7 = 109, in the middle of the disc.
-    EXPECT_EQ(disc.pixels[3 * 8 + 3], 0xFF6D6D6DU);
+    EXPECT_EQ(At(40, 40), 0xFF818181U); // 255 * 40.5 / 80 = 129.1
+    EXPECT_EQ(At(40, 20), 0xFF414141U); // 255 * 20.5 / 80 = 65.3
 }
 
 TEST_F(FlatMapTest, LeavesTheCornersTransparent) {
-    EXPECT_EQ(DiscOf(Map()).pixels[0], 0U);
+    EXPECT_EQ(At(0, 0) >> 24, 0U);
+    EXPECT_EQ(At(79, 79) >> 24, 0U);
+}
+
+TEST_F(FlatMapTest, HasOneColorOnAScaleWithoutWidth) {
+    map.scale = {7, 7, {"7.0"}, ""};
+    EXPECT_EQ(At(40, 20), 0xFF808080U);
+    EXPECT_EQ(At(40, 60), 0xFF808080U);
 }
 
 TEST_F(FlatMapTest, StripesWhatIsExtrapolated) {
-    beyond.assign(beyond.size(), true);
-    const owl::TImage striped = DiscOf(Map());
-    beyond.assign(beyond.size(), false);
-    const owl::TImage plain = DiscOf(Map());
-    // Pixel (3, 4) lies on diagonal 7: 7000 / 8 = 875, 875 mod 24 = 11, between stripes; pixel (3, 3) on
-    // diagonal 6: 750 mod 24 = 6, on one.
-    EXPECT_EQ(striped.pixels[3 * 8 + 4], plain.pixels[3 * 8 + 4]);
-    EXPECT_EQ(striped.pixels[3 * 8 + 3], 0xFFBDBDBDU); // 109 + 0.55 · (255 - 109)
+    std::fill(beyond.begin(), beyond.end(), 1.0F);
+    // On a row of equal values some pixels are lighter than they would be, others as they would be.
+    int plain = 0;
+    int lighter = 0;
+    for (int column = 20; column < 60; ++column) {
+        const std::uint32_t grey = At(column, 40) & 0xFFU;
+        plain += grey == 0x81U ? 1 : 0;
+        lighter += grey > 0x81U ? 1 : 0;
+    }
+    EXPECT_GT(plain, 10);
+    EXPECT_GT(lighter, 10);
+    EXPECT_EQ(plain + lighter, 40);
+}
+
+TEST_F(FlatMapTest, DrawsALineAtEachLevel) {
+    map.look.contours = 6; // at 1, 2, ... 6 of 7: every 80 / 7 = 11.4 rows from 11.4
+    const owl::TImage disc = DiscOf(map, 80);
+    map.look.contours = 0;
+    const owl::TImage plain = DiscOf(map, 80);
+    std::vector<int> rows;
+    for (int row = 0; row < 80; ++row) {
+        const auto at = static_cast<std::size_t>(row * 80 + 40);
+        if (disc.pixels[at] != plain.pixels[at] && (rows.empty() || row > rows.back() + 2)) {
+            rows.push_back(row);
+        }
+    }
+    EXPECT_EQ(rows, (std::vector<int>{10, 22, 33, 45, 56, 68}));
+}
+
+TEST_F(FlatMapTest, IsFinerOnAFinerScreen) {
+    PaintFlatMap(dc, map);
+    const int plain = dc.Images().back().width;
+    map.look.pixelRatio = 2;
+    PaintFlatMap(dc, map);
+    EXPECT_EQ(dc.Images().back().width, 2 * plain);
 }
 
 TEST_F(FlatMapTest, WritesTitleAndScale) {
-    EXPECT_EQ(TextsOf(Map()), (std::vector<std::string>{"Alpha", "7.0", "0.0", "µV"}));
+    EXPECT_EQ(TextsOf(), (std::vector<std::string>{"Alpha", "µV", "0.0", "3.5", "7.0"}));
 }
 
 TEST_F(FlatMapTest, WritesNamesAndValuesOnRequest) {
-    FlatMap map = Map();
-    map.showNames = true;
-    EXPECT_TRUE(Writes(map, "Cz"));
-    map.showValues = true;
-    EXPECT_TRUE(Writes(map, "Cz 3.5"));
-    map.showNames = false;
-    EXPECT_TRUE(Writes(map, "3.5"));
+    map.look.names = true;
+    EXPECT_TRUE(Writes("Cz"));
+    map.look.values = true;
+    EXPECT_TRUE(Writes("Cz 3.5"));
+    map.look.names = false;
+    EXPECT_TRUE(Writes("3.5"));
 }
 
 TEST_F(FlatMapTest, WritesNothingOnASmallHead) {
-    FlatMap map = Map();
-    map.showNames = true;
-    map.area = {0, 0, 100, 100};
-    EXPECT_FALSE(Writes(map, "Cz"));
+    map.look.names = true;
+    map.area = {0, 0, 90, 90};
+    EXPECT_FALSE(Writes("Cz"));
 }
 
 TEST_F(FlatMapTest, MarksElectrodesThatWereLeftOut) {
-    PaintFlatMap(dc, Map());
-    EXPECT_EQ(dc.CallsOf("brush"), (std::vector<std::string>{"brush #000000", "brush #FFFFFF"}));
-    EXPECT_EQ(dc.CallsOf("ellipse").size(), 2U);
+    PaintFlatMap(dc, map);
+    EXPECT_EQ(dc.CallsOf("brush"),
+              (std::vector<std::string>{"brush hollow", "brush #000000", "brush #FFFFFF"}));
+}
+
+TEST_F(FlatMapTest, TellsWhereElectrodesAre) {
+    const std::vector<ElectrodeMark> marks = PaintFlatMap(dc, map);
+    ASSERT_EQ(marks.size(), 2U);
+    EXPECT_EQ(marks[0].electrode, 0U);
+    EXPECT_EQ(marks[0].at.y, marks[1].at.y);
+    EXPECT_LT(marks[0].at.x, marks[1].at.x); // C4 is on the right
 }
 
 TEST_F(FlatMapTest, HidesElectrodes) {
-    FlatMap map = Map();
-    map.showElectrodes = false;
     PaintFlatMap(dc, map);
-    EXPECT_TRUE(dc.CallsOf("ellipse").empty());
+    const std::size_t shown = dc.CallsOf("ellipse").size();
+    dc.Clear();
+    map.look.electrodes = false;
+    PaintFlatMap(dc, map);
+    EXPECT_EQ(dc.CallsOf("ellipse").size(), shown - 2);
 }
 
-TEST_F(FlatMapTest, DrawsAContourForEachLevel) {
-    const auto linesWith = [this](int contours) {
-        FlatMap map = Map();
-        map.contours = contours;
-        dc.Clear();
-        PaintFlatMap(dc, map);
-        return dc.CallsOf("polyline").size();
-    };
-    EXPECT_EQ(linesWith(6) - linesWith(0), 6U);
-}
-
-TEST_F(FlatMapTest, SaysThatNothingIsKnown) {
-    FlatMap map = Map();
+TEST_F(FlatMapTest, SaysWhyNothingIsShown) {
     map.field = {};
-    map.nothing = "n/a";
-    EXPECT_EQ(TextsOf(map), (std::vector<std::string>{"Alpha", "n/a"}));
+    map.notice = "No values";
+    EXPECT_EQ(TextsOf(), (std::vector<std::string>{"Alpha", "No values"}));
     EXPECT_TRUE(dc.Images().empty());
 }
 
-TEST_F(FlatMapTest, DrawsNothingButTheTitleWithoutRoom) {
-    FlatMap map = Map();
-    map.area = {0, 0, 10, 10};
-    EXPECT_EQ(TextsOf(map), (std::vector<std::string>{"Alpha"}));
+TEST_F(FlatMapTest, DrawsNothingWithoutRoom) {
+    map.area = {0, 0, 9, 9};
+    EXPECT_EQ(TextsOf(), std::vector<std::string>());
+    EXPECT_TRUE(dc.Images().empty());
 }
 
 } // namespace

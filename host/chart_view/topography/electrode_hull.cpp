@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/chart_view/topography/map_raster.h"
+#include "host/chart_view/topography/electrode_hull.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <iterator>
 #include <numbers>
+#include <utility>
 
 namespace orvanta::chart {
 
@@ -12,6 +13,8 @@ namespace {
 
 /// Room between the lowest electrode and the edge.
 constexpr double kRim = 0.06;
+/// Farther than anything on a map.
+constexpr double kNowhere = 10;
 
 /// Twice the area of the triangle, positive when c lies to the left of the way from a to b.
 double Turn(const Place& a, const Place& b, const Place& c) {
@@ -50,19 +53,6 @@ double DistanceToSide(const Place& from, const Place& to, const Place& place) {
     return std::hypot(place.x - from.x - share * dx, place.y - from.y - share * dy);
 }
 
-/// 0 inside.
-double DistanceTo(const std::vector<Place>& hull, const Place& place) {
-    bool inside = true;
-    double nearest = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 0; i < hull.size(); ++i) {
-        const Place& from = hull[i];
-        const Place& to = hull[(i + 1) % hull.size()];
-        inside = inside && Turn(from, to, place) >= 0;
-        nearest = std::min(nearest, DistanceToSide(from, to, place));
-    }
-    return inside ? 0 : nearest;
-}
-
 } // namespace
 
 HeadPosition OnHead(const Place& place) {
@@ -75,23 +65,6 @@ HeadPosition OnHead(const Place& place) {
     return {place.x * across, -place.y * across, std::cos(angle)};
 }
 
-MapRaster::MapRaster(int side, double reach) : side_(std::max(2, side)), reach_(std::max(1.0, reach)) {
-    for (int row = 0; row < side_; ++row) {
-        for (int column = 0; column < side_; ++column) {
-            const Place place = PlaceOf(column, row);
-            if (std::hypot(place.x, place.y) <= reach_) {
-                pixels_.push_back(static_cast<std::uint32_t>(row * side_ + column));
-                places_.push_back(place);
-            }
-        }
-    }
-}
-
-Place MapRaster::PlaceOf(double column, double row) const {
-    const double half = side_ / 2.0;
-    return {(column + 0.5 - half) / half * reach_, (row + 0.5 - half) / half * reach_};
-}
-
 double ReachOf(std::span<const HeadPosition> electrodes) {
     double reach = 1;
     for (const HeadPosition& electrode : electrodes) {
@@ -101,16 +74,22 @@ double ReachOf(std::span<const HeadPosition> electrodes) {
     return std::min(reach, kFarthest);
 }
 
-std::vector<bool> BeyondElectrodes(std::span<const Place> places, std::span<const HeadPosition> electrodes,
-                                   double margin) {
-    std::vector<Place> known;
-    std::transform(electrodes.begin(), electrodes.end(), std::back_inserter(known), Projected);
-    const std::vector<Place> hull = HullOf(std::move(known));
-    std::vector<bool> beyond(places.size(), true);
-    for (std::size_t i = 0; i < places.size() && !hull.empty(); ++i) {
-        beyond[i] = DistanceTo(hull, places[i]) > margin;
+ElectrodeHull::ElectrodeHull(std::span<const HeadPosition> electrodes) {
+    std::vector<Place> places;
+    std::transform(electrodes.begin(), electrodes.end(), std::back_inserter(places), Projected);
+    corners_ = HullOf(std::move(places));
+}
+
+double ElectrodeHull::DistanceTo(const Place& place) const {
+    bool inside = !IsEmpty();
+    double nearest = kNowhere;
+    for (std::size_t i = 0; i < corners_.size(); ++i) {
+        const Place& from = corners_[i];
+        const Place& to = corners_[(i + 1) % corners_.size()];
+        inside = inside && Turn(from, to, place) >= 0;
+        nearest = std::min(nearest, DistanceToSide(from, to, place));
     }
-    return beyond;
+    return inside ? 0 : nearest;
 }
 
 } // namespace orvanta::chart

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/chart_view/topography/map_frame.h"
+
+#include "host/chart_view/topography/contours.h"
+#include "host/chart_view/topography/map_colors.h"
+#include "host/chart_view/topography/text_fit.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvanta::chart {
+
+namespace {
+
+constexpr int kGap = 4;
+constexpr int kBarWidth = 10;
+constexpr int kTallestBar = 260;
+/// A scale leaves so much for the head on each side, or is left out.
+constexpr int kSmallestBody = 48;
+/// Below so many lines of the font a map has no title.
+constexpr int kLinesForTitle = 4;
+constexpr double kPale = 0.6;
+
+/// Of the bar's height, from its upper end.
+double ShareOf(std::size_t number, std::size_t count) {
+    return count < 2 ? 0.5 : 1 - static_cast<double>(number) / static_cast<double>(count - 1);
+}
+
+void PaintNumbers(owl::TDC& dc, const owl::TRect& bar, const ColorScale& scale) {
+    const int line = dc.GetTextExtent("0").cy;
+    // The ends stand flush with the bar; what lies between is left out where it would touch them.
+    const auto count = scale.numbers.size();
+    const std::size_t step = static_cast<int>(count) * line * 3 / 2 <= bar.Height() ? 1 : count - 1;
+    for (std::size_t i = 0; i < count; i += std::max<std::size_t>(1, step)) {
+        const int top = bar.top + static_cast<int>(std::lround(ShareOf(i, count) * (bar.Height() - line)));
+        dc.TextOut({bar.right + kGap, top}, scale.numbers[i]);
+    }
+}
+
+} // namespace
+
+owl::TSize ScaleExtent(const owl::TDC& dc, const ColorScale& scale) {
+    int numbers = 0;
+    for (const std::string& number : scale.numbers) {
+        numbers = std::max(numbers, dc.GetTextExtent(number).cx);
+    }
+    return {std::max(kBarWidth + kGap + numbers, dc.GetTextExtent(scale.unit).cx),
+            3 * dc.GetTextExtent("0").cy};
+}
+
+MapFrame LayOutMap(const owl::TRect& area, int lineHeight, const owl::TSize& scale, bool withTitle) {
+    MapFrame frame;
+    frame.body = area.InflatedBy(-kGap, -kGap);
+    if (withTitle && frame.body.Height() >= kLinesForTitle * lineHeight) {
+        frame.title = {frame.body.left, frame.body.top, frame.body.right, frame.body.top + lineHeight};
+        frame.body.top = frame.title.bottom + kGap;
+    }
+    const int left = frame.body.right - scale.cx;
+    if (scale.cx > 0 && left - 2 * kGap - frame.body.left >= kSmallestBody &&
+        frame.body.Height() >= std::max(kSmallestBody, scale.cy)) {
+        frame.scale = {left, frame.body.top, frame.body.right, frame.body.bottom};
+        frame.body.right = left - 2 * kGap;
+    }
+    return frame;
+}
+
+void PaintTitle(owl::TDC& dc, const owl::TRect& area, const std::string& title, owl::TColor color) {
+    dc.SetTextColor(color);
+    dc.SetTextAlign(owl::TextAlign::Center);
+    dc.TextOut({(area.left + area.right) / 2, area.top}, Elided(dc, title, area.Width()));
+}
+
+void PaintScale(owl::TDC& dc, const owl::TRect& area, const Colors& colors, const ColorScale& scale,
+                const MapLook& look) {
+    const int line = dc.GetTextExtent("0").cy;
+    const int above = scale.unit.empty() ? 0 : line + kGap / 2;
+    const int height = std::min(area.Height() - 2 * above, kTallestBar);
+    const int top = area.top + (area.Height() - height) / 2;
+    const owl::TRect bar{area.left, top, area.left + kBarWidth, top + height};
+    if (bar.IsEmpty()) {
+        return;
+    }
+    owl::TImage strip{1, static_cast<int>(kPaletteColors), {}};
+    for (std::size_t i = kPaletteColors; i-- > 0;) {
+        const bool flat = !(scale.high > scale.low);
+        strip.pixels.push_back(PixelOf(colors[flat ? kPaletteColors / 2 : i], 1));
+    }
+    dc.DrawImage(bar, strip);
+    for (const double level : ContourLevels(scale.low, scale.high, look.contours)) {
+        const double share = (scale.high - level) / (scale.high - scale.low);
+        const int y = bar.top + static_cast<int>(std::lround(share * (bar.Height() - 1)));
+        dc.SelectPen({LineOn(colors[ColorIndex(level, scale.low, scale.high)]), 1});
+        dc.Line({bar.left + 1, y}, {bar.right - 2, y});
+    }
+    dc.FrameRect(bar, Mixed(look.textColor, look.backColor, 0.4));
+    dc.SetTextColor(look.textColor);
+    dc.SetTextAlign(owl::TextAlign::Left);
+    if (!scale.unit.empty()) {
+        dc.TextOut({area.left, bar.top - above}, scale.unit);
+    }
+    PaintNumbers(dc, bar, scale);
+}
+
+void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& text, const MapLook& look) {
+    const int line = dc.GetTextExtent("0").cy;
+    const std::vector<std::string> lines = Wrapped(dc, text, area.Width());
+    const auto height = static_cast<int>(lines.size()) * line;
+    if (height > area.Height()) {
+        return;
+    }
+    dc.SetTextColor(look.textColor);
+    dc.SetTextAlign(owl::TextAlign::Center);
+    int top = (area.top + area.bottom - height) / 2;
+    for (const std::string& part : lines) {
+        dc.TextOut({(area.left + area.right) / 2, top}, part);
+        top += line;
+    }
+}
+
+Colors ShownColors(const Colors& colors, const MapLook& look) {
+    Colors shown = colors;
+    if (!look.enabled) {
+        std::transform(shown.begin(), shown.end(), shown.begin(),
+                       [&look](owl::TColor color) { return Mixed(color, look.backColor, kPale); });
+    }
+    return shown;
+}
+
+} // namespace orvanta::chart
