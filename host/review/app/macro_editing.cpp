@@ -26,18 +26,6 @@ std::string FolderOf(const std::string& path) {
     return path.substr(0, path.rfind(FilePath::Separator) + 1);
 }
 
-/// The macros in a folder that can be read.
-std::vector<SpectraMacro> MacrosIn(const std::string& folder) {
-    std::vector<SpectraMacro> macros;
-    for (const std::string& name : owl::CurrentServices().files->FilesIn(folder, ".smx")) {
-        SpectraMacro macro;
-        if (macro.Load(folder + name) != kUnreadable) {
-            macros.push_back(macro);
-        }
-    }
-    return macros;
-}
-
 /// \throws cli::UsageError unless the file can be replaced
 void RequireWritable(const std::string& path) {
     const owl::FileAccess& files = *owl::CurrentServices().files;

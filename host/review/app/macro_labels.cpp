@@ -1,12 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/macro_labels.h"
 
+#include "host/toolkit/services.h"
 #include "spectra_contract/events.h"
 #include "spectra_contract/spectra_macro.h"
 
 #include <set>
 
 namespace orvanta::review {
+
+std::vector<SpectraMacro> MacrosIn(const std::string& folder) {
+    constexpr int kUnreadable = 2; // of SpectraMacro::Load
+    std::vector<SpectraMacro> macros;
+    for (const std::string& name : owl::CurrentServices().files->FilesIn(folder, ".smx")) {
+        SpectraMacro macro;
+        if (macro.Load(folder + name) != kUnreadable) {
+            macros.push_back(macro);
+        }
+    }
+    return macros;
+}
 
 void AddLabelsOf(const std::vector<SpectraMacro>& macros, EventsManager& events) {
     std::set<XEventType> types;

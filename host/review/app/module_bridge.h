@@ -17,8 +17,10 @@ class EventsManager;
 class GenericPlatform;
 class GlobalWindow;
 class QWidget;
+class SpectMacroResult;
 class SpectraMacro;
 class SpectraMgr;
+class TheChild;
 
 namespace owl {
 class TDC;
@@ -73,6 +75,21 @@ public:
     virtual std::vector<DrawnPlot> DrawSpectrum(GlobalWindow& window, EEGFileInfoType& recording,
                                                 SpectraMgr& manager, const SpectrumPage& page,
                                                 const owl::TSize& size, owl::TDC& dc) = 0;
+
+    /// A view that its main window owns; recording and manager must outlive it.
+    virtual TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,
+                                       SpectraMgr& manager) = 0;
+    /// Computes what a view of analyses shows and is not up to date, draws it anew, and lets its panels fill
+    /// themselves. The view may be gone afterwards.
+    virtual void RefreshView(TheChild& view) = 0;
+    /// Lets the user choose the settings of a new analysis and appends it, not yet computed.
+    /// \return 1 appended, 2 chosen by hand (nothing appended), -2 cancelled
+    virtual std::int32_t CreateNewSpectrum(const GenericPlatform& platform, HWND parent, SpectraMgr& manager,
+                                           EEGFileInfoType& recording) = 0;
+    /// Computes an analysis. Failures are told through the platform's GUI.
+    virtual void PerformComputation(const GenericPlatform& platform, HWND parent, SpectMacroResult& analysis,
+                                    EEGFileInfoType& recording) = 0;
+
     virtual std::vector<GalleryPage> MakeGalleryPages(const GallerySample& sample) = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "host/review/app/gui.h"
 #include "host/review/app/host_strings.h"
 #include "host/review/app/macro_editing.h"
+#include "host/review/app/main_window/review_run.h"
 #include "host/review/app/module_library.h"
 #include "host/review/app/render/render.h"
 #include "host/review/cli/exit_status.h"
@@ -43,6 +44,10 @@ int Serve(const GalleryRequest& request) {
 
 int Serve(const RenderRequest& request) {
     return RunRender(request);
+}
+
+int Serve(const ReviewRequest& request) {
+    return RunReview(request);
 }
 
 } // namespace

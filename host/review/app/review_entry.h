@@ -44,7 +44,15 @@ struct RenderRequest {
     std::string out;  ///< ends in .png, .svg or .pdf
 };
 
-using Request = std::variant<EditMacroRequest, GalleryRequest, RenderRequest>;
+/// Open the review application.
+struct ReviewRequest {
+    std::string file; ///< empty for the last one
+    Style style = Style::OfTheSystem;
+    bool safeMode = false; ///< settings, session and layout are neither read nor kept
+    std::string log;       ///< file that messages are appended to; empty for none
+};
+
+using Request = std::variant<EditMacroRequest, GalleryRequest, RenderRequest, ReviewRequest>;
 
 /// The library's one function. Results go to standard output. \return the exit status; failures are thrown
 /// as the commands throw them

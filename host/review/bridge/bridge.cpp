@@ -2,10 +2,14 @@
 #include "host/review/app/module_bridge.h"
 
 #include "host/review/bridge/gallery_pages.h"
+#include "host/review/bridge/refresh_view.h"
 #include "host/review/bridge/spectrum_drawing.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/api.h"
+#include "spectra_contract/module_entry.h"
+#include "spectra_contract/recording.h"
+#include "spectrum_view/spectrum.h"
 
 namespace {
 
@@ -29,6 +33,28 @@ public:
                                         const SpectrumPage& page, const owl::TSize& size,
                                         owl::TDC& dc) override {
         return DrawSpectrumPage(window, recording, manager, page, size, dc);
+    }
+
+    TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,
+                               SpectraMgr& manager) override {
+        auto* view = new Spectrum(window, &recording, &manager, false);
+        // The grid shows bipolar channels; a montage without any would leave it empty.
+        if (recording.GetTraceInfo()->GetMtg().GetNumBip() == 0) {
+            view->ChangeViewMode(Layout::Mode::Scalp);
+        }
+        return view;
+    }
+
+    void RefreshView(TheChild& view) override { RefreshAnalysisView(view); }
+
+    std::int32_t CreateNewSpectrum(const GenericPlatform& platform, HWND parent, SpectraMgr& manager,
+                                   EEGFileInfoType& recording) override {
+        return ::CreateNewSpectrum(&platform, parent, manager, &recording);
+    }
+
+    void PerformComputation(const GenericPlatform& platform, HWND parent, SpectMacroResult& analysis,
+                            EEGFileInfoType& recording) override {
+        ::PerformComputation(&platform, parent, &analysis, &recording);
     }
 
     std::vector<GalleryPage> MakeGalleryPages(const GallerySample& sample) override {

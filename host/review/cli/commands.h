@@ -24,5 +24,7 @@ void AddMacro(CLI::App& app, Command& run);
 void AddMacroEdit(CLI::App& macro, Command& run);
 void AddRender(CLI::App& app, Command& run);
 void AddGallery(CLI::App& app, Command& run);
+/// Runs, too, when no command is given.
+void AddReview(CLI::App& app, Command& run);
 
 } // namespace orvanta::cli

@@ -27,9 +27,9 @@ int Run(int argc, char** argv) {
     CLI::App app("Spectra of EEG recordings: mean and SD per sensor and channel, band measures, comparisons.",
                  "orvanta");
     app.set_version_flag("--version", kVersion);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     app.get_formatter()->column_width(34);
-    app.footer("orvanta COMMAND --help tells a command's options. Exit status: 0 done, 1 nothing computable, "
+    app.footer("Without a command the review application opens. orvanta COMMAND --help tells a command's options. Exit status: 0 done, 1 nothing computable, "
                "2 bad usage or a refused file.");
 
     Command run;
@@ -42,6 +42,7 @@ int Run(int argc, char** argv) {
     AddRender(app, run);
     AddMacro(app, run);
     AddGallery(app, run);
+    AddReview(app, run);
 
     try {
         app.parse(argc, argv);

@@ -58,6 +58,17 @@ public:
                  owl::TDC& /*dc*/) override {
         return {};
     }
+    TheChild* MakeSpectrumView(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/,
+                               SpectraMgr& /*manager*/) override {
+        return nullptr;
+    }
+    void RefreshView(TheChild& /*view*/) override {}
+    std::int32_t CreateNewSpectrum(const GenericPlatform& /*platform*/, HWND /*parent*/,
+                                   SpectraMgr& /*manager*/, EEGFileInfoType& /*recording*/) override {
+        return 0;
+    }
+    void PerformComputation(const GenericPlatform& /*platform*/, HWND /*parent*/,
+                            SpectMacroResult& /*analysis*/, EEGFileInfoType& /*recording*/) override {}
     std::vector<orvanta::review::GalleryPage>
     MakeGalleryPages(const orvanta::review::GallerySample& /*sample*/) override {
         return {};

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the user can ask the application for, in its menus and on its pages.
+#pragma once
+
+#include "host/review/app/main_window/view_area.h"
+
+#include <string>
+#include <vector>
+
+namespace orvanta::review {
+
+/// Failures are shown to the user, not thrown. GUI thread.
+class Commands {
+public:
+    virtual ~Commands() = default;
+
+    virtual void AskForFile() = 0;
+    /// Also while a computation runs: it is cancelled first.
+    virtual void OpenFile(const std::string& path) = 0;
+    virtual void CloseFile() = 0;
+    virtual void Quit() = 0;
+    virtual std::vector<std::string> RecentPaths() const = 0;
+    virtual void ClearRecent() = 0;
+
+    virtual bool HasDocument() const = 0;
+    virtual bool HasModule() const = 0;
+    /// False, among others, for views of a module that could not be loaded.
+    virtual bool CanShow(ViewKind kind) const = 0;
+    virtual bool IsShown(ViewKind kind) const = 0;
+    virtual void Show(ViewKind kind, bool show) = 0;
+    virtual Arrangement GetArrangement() const = 0;
+    virtual void Arrange(Arrangement arrangement) = 0;
+
+    virtual bool CanAnalyse() const = 0;
+    virtual void NewAnalysis() = 0;
+    virtual void Recompute() = 0;
+
+    virtual std::vector<std::string> MontageNames() const = 0;
+    virtual std::size_t CurrentMontage() const = 0;
+    virtual void ChooseMontage(std::size_t index) = 0;
+
+    virtual void EditMacros() = 0;
+    virtual bool UsesRegression() const = 0;
+    virtual void UseRegression(bool use) = 0;
+
+    virtual void ShowManual() = 0;
+    virtual void ShowLog() = 0;
+    virtual void ShowAbout() = 0;
+};
+
+} // namespace orvanta::review

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/main_window/document.h"
+
+#include "host/signal_base/recording.h"
+#include "spectra_contract/spectra_mgr.h"
+
+#include <filesystem>
+
+namespace orvanta::review {
+
+namespace {
+
+std::string FullPath(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(path, error);
+    return error ? path : full.lexically_normal().string();
+}
+
+} // namespace
+
+Document::Document(const std::string& path, const GenericGUI& gui)
+    : path_(FullPath(path)), recording_(signal::OpenRecording(path_)),
+      analyses_(std::make_unique<SpectraMgr>(recording_.get(), &gui)) {}
+
+Document::~Document() = default;
+
+const std::vector<std::string>& Document::Repairs() const {
+    return recording_->GetRecording()->Repairs();
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// An open recording with its events and analyses.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class EEGFileInfoType;
+class GenericGUI;
+class SpectraMgr;
+
+namespace orvanta::review {
+
+/// Knows nothing of windows. GUI thread.
+class Document {
+public:
+    /// \param gui must outlive this
+    /// \throws signal::RecordingError when the file is refused
+    Document(const std::string& path, const GenericGUI& gui);
+    ~Document();
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    /// Full path.
+    const std::string& Path() const { return path_; }
+    EEGFileInfoType& Recording() const { return *recording_; }
+    SpectraMgr& Analyses() const { return *analyses_; }
+    /// What was repaired or is worth knowing, a sentence each.
+    const std::vector<std::string>& Repairs() const;
+
+private:
+    std::string path_;
+    std::unique_ptr<EEGFileInfoType> recording_;
+    std::unique_ptr<SpectraMgr> analyses_;
+};
+
+} // namespace orvanta::review

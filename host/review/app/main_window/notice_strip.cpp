@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/main_window/notice_strip.h"
+
+#include "host/review/app/main_window/host_text.h"
+#include "host/toolkit/icon.h"
+#include "host/toolkit/modal_gateway.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+
+namespace orvanta::review {
+
+NoticeStrip::NoticeStrip(QWidget* parent)
+    : QFrame(parent), text_(new QLabel(this)), more_(new QToolButton(this)) {
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    text_->setForegroundRole(QPalette::ToolTipText);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto* icon = new QLabel(this);
+    constexpr int kIcon = 16;
+    icon->setPixmap(owl::IconOf(QStringLiteral("information")).pixmap(kIcon, kIcon));
+    more_->setText(HostQText("notice.more", "Show all..."));
+    more_->setAutoRaise(true);
+    auto* close = new QToolButton(this);
+    close->setIcon(owl::IconOf(QStringLiteral("view_close")));
+    close->setToolTip(HostQText("notice.close", "Close this notice"));
+    close->setAccessibleName(close->toolTip());
+    close->setAutoRaise(true);
+    connect(close, &QToolButton::clicked, this, &QWidget::hide);
+    connect(more_, &QToolButton::clicked, this, [this] {
+        owl::CurrentModalGateway().ShowMessage(HWND(window()), lines_.join('\n').toStdString(),
+                                               heading_.toStdString(), owl::kMbOk);
+    });
+    auto* row = new QHBoxLayout(this);
+    constexpr int kMargin = 4;
+    row->setContentsMargins(2 * kMargin, kMargin / 2, kMargin, kMargin / 2);
+    row->addWidget(icon);
+    row->addWidget(text_, 1);
+    row->addWidget(more_);
+    row->addWidget(close);
+    hide();
+}
+
+void NoticeStrip::Tell(const QString& heading, const QStringList& lines) {
+    heading_ = heading;
+    lines_ = lines;
+    text_->setText(lines.isEmpty() ? QString() : heading + ": " + lines.first());
+    text_->setToolTip(lines.join('\n').toHtmlEscaped().replace('\n', "<br>"));
+    more_->setVisible(lines.size() > 1);
+    setVisible(!lines.isEmpty());
+}
+
+QString NoticeStrip::Text() const {
+    return text_->text();
+}
+
+} // namespace orvanta::review

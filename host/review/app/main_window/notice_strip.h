@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A line at the top that tells of something the user should know but need not answer.
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QToolButton;
+
+namespace orvanta::review {
+
+/// Hidden until it has something to say; can be closed.
+class NoticeStrip final : public QFrame {
+public:
+    explicit NoticeStrip(QWidget* parent = nullptr);
+
+    /// \param lines plain text; the first is shown, the others as a tip and behind a button. None hides.
+    void Tell(const QString& heading, const QStringList& lines);
+    QString Text() const;
+
+private:
+    QLabel* text_;
+    QToolButton* more_;
+    QString heading_;
+    QStringList lines_;
+};
+
+} // namespace orvanta::review

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/main_window/open_views.h"
+
+#include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/main_window.h"
+#include "host/review/app/module_bridge.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace orvanta::review {
+
+namespace {
+constexpr std::array kKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps};
+} // namespace
+
+OpenViews::OpenViews(MainWindow& window, ModuleBridge* bridge) : window_(window), bridge_(bridge) {}
+
+bool OpenViews::CanShow(ViewKind kind) const {
+    return kind == ViewKind::Spectrum && bridge_ != nullptr;
+}
+
+bool OpenViews::IsShown(ViewKind kind) const {
+    return window_.Views().ViewOf(kind) != nullptr;
+}
+
+TheChild* OpenViews::Make(ViewKind /*kind*/, Document& document) {
+    return bridge_->MakeSpectrumView(window_, document.Recording(), document.Analyses());
+}
+
+void OpenViews::Open(ViewKind kind, Document& document, std::function<void()> close) {
+    if (CanShow(kind) && !IsShown(kind)) {
+        TheChild* view = Make(kind, document);
+        view->Create();
+        window_.Views().Place(kind, *view, std::move(close));
+    }
+}
+
+void OpenViews::Close(ViewKind kind) {
+    if (TheChild* view = window_.Views().ViewOf(kind)) {
+        view->Destroy();
+        delete view; // and its tool bar and panes, which stand in the frame
+        window_.Views().Remove(kind);
+    }
+}
+
+void OpenViews::CloseAll() {
+    for (const ViewKind kind : kKinds) {
+        Close(kind);
+    }
+}
+
+void OpenViews::RefreshAnalyses() {
+    for (const ViewKind kind : {ViewKind::Spectrum, ViewKind::Maps}) {
+        // A view may go while another computes.
+        if (TheChild* view = window_.Views().ViewOf(kind)) {
+            bridge_->RefreshView(*view);
+        }
+    }
+}
+
+void OpenViews::Focus() {
+    if (TheChild* traces = window_.Views().ViewOf(ViewKind::Traces)) {
+        traces->SetFocus();
+    } else {
+        window_.SetFocus();
+    }
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What is remembered of a recording from one day to the next.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+class GenericGUI;
+
+namespace orvanta::review {
+
+class Document;
+
+/// Settings of one analysis that was made.
+struct SavedAnalysis {
+    std::string file;     ///< of the macro; empty for none
+    std::string settings; ///< content of a macro file
+
+    bool operator==(const SavedAnalysis&) const = default;
+};
+
+/// Place, montage and analyses of one recording.
+struct Session {
+    double position = 0; ///< seconds since the recording's first sample
+    std::string montage;
+    std::vector<SavedAnalysis> analyses;
+    std::optional<std::size_t> main, secondary; ///< among them
+
+    bool operator==(const Session&) const = default;
+};
+
+Session SessionOf(const Document& document);
+/// Makes the analyses, not computed, and goes to montage and place. What no longer fits the recording is left
+/// out. \param gui must outlive the document
+void Restore(const Session& session, Document& document, const GenericGUI& gui);
+
+/// The file of a recording's session. \param folder with trailing separator
+std::string SessionFile(const std::string& folder, const std::string& recording);
+/// Nothing for a file that is missing or makes no sense, which is logged.
+std::optional<Session> LoadSession(const std::string& file);
+/// \throws std::runtime_error "FILE: reason (remedy)"
+void SaveSession(const std::string& file, const Session& session);
+
+} // namespace orvanta::review

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sessions as JSON files.
+#include "host/platform/atomic_file.h"
+#include "host/review/app/main_window/session.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr int kVersion = 1;
+constexpr qint64 kMostBytes = 16 << 20;
+constexpr qsizetype kMostAnalyses = 1000;
+
+QJsonValue Number(const std::optional<std::size_t>& place) {
+    return place ? QJsonValue(static_cast<qint64>(*place)) : QJsonValue(QJsonValue::Null);
+}
+
+std::optional<std::size_t> Place(const QJsonValue& value) {
+    const qint64 place = value.toInteger(-1);
+    return place >= 0 ? std::optional(static_cast<std::size_t>(place)) : std::nullopt;
+}
+
+std::string Text(const QJsonValue& value) {
+    return value.toString().toStdString();
+}
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+std::string SessionFile(const std::string& folder, const std::string& recording) {
+    const QByteArray hash =
+        QCryptographicHash::hash(QByteArray::fromStdString(recording), QCryptographicHash::Sha256).toHex();
+    constexpr int kDigits = 24;
+    return folder + hash.left(kDigits).toStdString() + ".json";
+}
+
+std::optional<Session> LoadSession(const std::string& file) {
+    QFile stored(Text(file));
+    if (!stored.exists()) {
+        return std::nullopt;
+    }
+    if (!stored.open(QIODevice::ReadOnly) || stored.size() > kMostBytes) {
+        qInfo("%s: the session cannot be read", file.c_str());
+        return std::nullopt;
+    }
+    const QJsonObject root = QJsonDocument::fromJson(stored.readAll()).object();
+    const QJsonArray analyses = root["analyses"].toArray();
+    if (root["version"].toInt() != kVersion || analyses.size() > kMostAnalyses) {
+        qInfo("%s: this is no session of this release", file.c_str());
+        return std::nullopt;
+    }
+    Session session;
+    session.position = root["position"].toDouble();
+    session.montage = Text(root["montage"]);
+    for (const QJsonValue& value : analyses) {
+        session.analyses.push_back({Text(value["macro"]), Text(value["settings"])});
+    }
+    session.main = Place(root["main"]);
+    session.secondary = Place(root["secondary"]);
+    return session;
+}
+
+void SaveSession(const std::string& file, const Session& session) {
+    QJsonArray analyses;
+    for (const SavedAnalysis& analysis : session.analyses) {
+        analyses.append(QJsonObject{{"macro", Text(analysis.file)}, {"settings", Text(analysis.settings)}});
+    }
+    const QJsonObject root{
+        {"version", kVersion},  {"position", session.position}, {"montage", Text(session.montage)},
+        {"analyses", analyses}, {"main", Number(session.main)}, {"secondary", Number(session.secondary)}};
+    platform::WriteFileAtomically(file, QJsonDocument(root).toJson().toStdString());
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/main_window/shell.h"
+
+#include "host/review/app/main_window/side_bar.h"
+#include "host/review/app/main_window/text_setting.h"
+#include "host/toolkit/icon.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr const char* kGeometry = "WindowGeometry";
+constexpr const char* kState = "WindowState";
+constexpr int kStateVersion = 1;
+
+QLabel* AddField(QStatusBar& bar, const char* name) {
+    auto* field = new QLabel(&bar);
+    field->setObjectName(name);
+    field->setTextFormat(Qt::PlainText);
+    constexpr int kIndent = 6;
+    field->setContentsMargins(kIndent, 0, kIndent, 0);
+    field->hide();
+    bar.addPermanentWidget(field);
+    return field;
+}
+
+void Show(QLabel& field, const QString& text) {
+    field.setText(text);
+    field.setVisible(!text.isEmpty());
+}
+
+/// The one local file that is dragged; empty for anything else.
+QString FileOf(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+std::string Encoded(const QByteArray& bytes) {
+    return bytes.toBase64().toStdString();
+}
+
+QByteArray Decoded(const std::string& text) {
+    return QByteArray::fromBase64(QByteArray::fromStdString(text));
+}
+
+} // namespace
+
+Shell::Shell(Answers answers)
+    : answers_(std::move(answers)), sideBar_(new SideBar(this)), text_(new QLabel(this)),
+      recording_(AddField(*statusBar(), "recordingField")), montage_(AddField(*statusBar(), "montageField")),
+      place_(AddField(*statusBar(), "placeField")) {
+    setObjectName(QStringLiteral("Shell"));
+    setWindowIcon(owl::IconOf(QStringLiteral("orvanta")));
+    setAcceptDrops(true);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(text_, 1);
+    addDockWidget(Qt::RightDockWidgetArea, sideBar_);
+    sideBar_->hide();
+    ShowTitle({}, false);
+}
+
+void Shell::ShowText(const std::string& text) {
+    text_->setText(QString::fromStdString(text));
+}
+
+std::string Shell::ShownText() const {
+    return text_->text().toStdString();
+}
+
+void Shell::ShowFields(const QString& recording, const QString& montage, const QString& place) {
+    Show(*recording_, recording);
+    Show(*montage_, montage);
+    Show(*place_, place);
+}
+
+void Shell::ShowTitle(const QString& file, bool changed) {
+    setWindowTitle(file.isEmpty() ? QStringLiteral("Orvanta") : file + "[*] - Orvanta");
+    setWindowModified(changed);
+}
+
+void Shell::Restore(const GenericPlatform& platform) {
+    constexpr int kWidth = 1280;
+    constexpr int kHeight = 800;
+    constexpr double kOfScreen = 0.9;
+    const QSize room = screen()->availableSize() * kOfScreen;
+    resize(std::min(kWidth, room.width()), std::min(kHeight, room.height()));
+    // Qt refuses what is no state of this window, and moves a window that would lie on no screen.
+    restoreGeometry(Decoded(ReadText(platform, kGeometry)));
+    restoreState(Decoded(ReadText(platform, kState)), kStateVersion);
+    sideBar_->Update();
+}
+
+void Shell::Store(GenericPlatform& platform) const {
+    WriteText(platform, kGeometry, Encoded(saveGeometry()));
+    WriteText(platform, kState, Encoded(saveState(kStateVersion)));
+}
+
+void Shell::closeEvent(QCloseEvent* event) {
+    event->setAccepted(answers_.close());
+}
+
+void Shell::dragEnterEvent(QDragEnterEvent* event) {
+    if (!FileOf(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void Shell::dropEvent(QDropEvent* event) {
+    const QString file = FileOf(*event->mimeData());
+    if (!file.isEmpty()) {
+        event->acceptProposedAction();
+        // The program that the file comes from waits for the end of this event.
+        QMetaObject::invokeMethod(
+            this, [this, path = file.toStdString()] { answers_.drop(path); }, Qt::QueuedConnection);
+    }
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What is shown while no recording is open.
+#pragma once
+
+#include <QWidget>
+
+namespace orvanta::review {
+
+class Commands;
+
+/// Opens a recording: by a button, from the list of the recent ones, or by dropping a file.
+class WelcomePage final : public QWidget {
+public:
+    /// \param commands must outlive the page
+    explicit WelcomePage(Commands& commands, QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void FillRecent();
+
+    Commands& commands_;
+    QWidget* recent_;
+};
+
+} // namespace orvanta::review

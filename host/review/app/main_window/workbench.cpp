@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How recordings are opened, switched and closed.
+#include "host/review/app/main_window/workbench.h"
+
+#include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/host_text.h"
+#include "host/review/app/main_window/main_window.h"
+#include "host/review/app/main_window/menus.h"
+#include "host/review/app/main_window/notice_strip.h"
+#include "host/review/app/main_window/session.h"
+#include "host/review/app/main_window/shell.h"
+#include "host/review/app/main_window/side_bar.h"
+#include "host/review/app/main_window/status_fields.h"
+#include "host/review/app/main_window/text_setting.h"
+#include "host/review/app/main_window/welcome_page.h"
+#include "host/toolkit/modal_gateway.h"
+#include "spectra_contract/file_path.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spect_globals.h"
+#include "spectra_contract/spectra_mgr.h"
+
+#include <QMenuBar>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr const char* kLastFile = "LastFile";
+constexpr const char* kFolder = "Folder";
+constexpr const char* kLayout = "ViewLayout";
+constexpr const char* kHidden = "HiddenViews";
+constexpr const char* kStatMode = "StatMode";
+constexpr int kStatePoll = 200; // ms
+constexpr std::array kKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps};
+
+QStringList Lines(const std::vector<std::string>& texts) {
+    QStringList lines;
+    for (const std::string& text : texts) {
+        lines << QString::fromStdString(text);
+    }
+    return lines;
+}
+
+unsigned Bit(ViewKind kind) {
+    return 1U << static_cast<unsigned>(kind);
+}
+
+} // namespace
+
+Workbench::Workbench(Setup setup)
+    : setup_(std::move(setup)), platform_(gui_, setup_.settingsFile, setup_.dataFolder), recent_(platform_) {
+    SPECT::GetGlobals().LoadInfo(&platform_);
+    shell_ = std::make_unique<Shell>(Shell::Answers{
+        [this] { return MayClose(); },
+        [this](const std::string& path) { OpenFile(path); },
+    });
+    middle_ = new MainWindow({&platform_, &shell_->GetSideBar(),
+                              [this](const std::string& text) { shell_->ShowText(text); },
+                              [this](TheChild* child) {
+                                  if (menus_ != nullptr) {
+                                      menus_->ShowMenuOf(child);
+                                  }
+                              },
+                              [](const XTime&) {}, [](const std::string&) {}});
+    shell_->setCentralWidget(middle_);
+    middle_->SetWelcome(*new WelcomePage(*this, middle_));
+    views_ = std::make_unique<OpenViews>(*middle_, setup_.bridge);
+    menus_ = std::make_unique<Menus>(*shell_->menuBar(), *this);
+    middle_->Views().RestoreLayout(ReadText(platform_, kLayout));
+    shell_->Restore(platform_);
+    middle_->ShowWelcome(true);
+    if (!setup_.moduleProblem.empty()) {
+        middle_->Problem().Tell(HostQText("noModule", "Only traces can be shown"),
+                                {QString::fromStdString(setup_.moduleProblem)});
+    }
+    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] { ShowState(); });
+    statePoll_.start(kStatePoll);
+}
+
+Workbench::~Workbench() {
+    statePoll_.stop();
+    StoreSession();
+    views_->CloseAll();
+    SPECT::GetGlobals().SaveInfo(&platform_);
+    menus_.reset();
+    views_.reset();
+    shell_.reset(); // before what its views look at
+}
+
+void Workbench::Start(const std::string& file) {
+    shell_->show();
+    const std::string first = file.empty() && KeepsSessions() ? ReadText(platform_, kLastFile) : file;
+    if (!first.empty()) {
+        OpenFile(first);
+    }
+}
+
+void Workbench::AskForFile() {
+    const std::string names = HostText("open.recordings", "Recordings");
+    const std::optional<std::string> chosen = owl::CurrentModalGateway().AskFileToOpen(
+        HWND(shell_.get()),
+        {.title = HostText("open.title", "Open a Recording"),
+         .filter = names +
+                   "|*.edf *.bdf *.rec *.vhdr|EDF, EDF+|*.edf *.rec|BDF, BDF+|*.bdf|BrainVision|*.vhdr|" +
+                   HostText("open.all", "All files") + "|*",
+         .extension = {},
+         .folder = ReadText(platform_, kFolder),
+         .name = {}});
+    if (chosen) {
+        OpenFile(*chosen);
+    }
+}
+
+void Workbench::OpenFile(const std::string& path) {
+    gui_.WhenIdle([this, path] {
+        if (!Load(path)) {
+            return;
+        }
+        recent_.Add(document_->Path());
+        WriteText(platform_, kLastFile, document_->Path());
+        WriteText(platform_, kFolder, FilePath(document_->Path()).GetFolder());
+    });
+}
+
+bool Workbench::Load(const std::string& path) {
+    std::unique_ptr<Document> opened;
+    try {
+        opened = std::make_unique<Document>(path, gui_);
+    } catch (const std::exception& error) {
+        gui_.ShowError(error.what());
+        return false;
+    }
+    Unload();
+    document_ = std::move(opened);
+    document_->Analyses().SetStatMode(platform_.GetUser()->GetInt(kHostSection, kStatMode, 0));
+    if (KeepsSessions()) {
+        if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
+            Restore(*session, *document_, gui_);
+        }
+    }
+    middle_->Repairs().Tell(HostQText("repairs", "About this recording"), Lines(document_->Repairs()));
+    middle_->ShowWelcome(false);
+    const auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
+    for (const ViewKind kind : kKinds) {
+        if ((hidden & Bit(kind)) == 0) {
+            OpenView(kind);
+        }
+    }
+    views_->Focus();
+    ShowState();
+    menus_->Update();
+    // Once everything can be seen.
+    QMetaObject::invokeMethod(
+        &statePoll_, [this] { ComputeRestored(); }, Qt::QueuedConnection);
+    return true;
+}
+
+void Workbench::ComputeRestored() {
+    if (document_ != nullptr && document_->Analyses().GetMain() != nullptr && !gui_.IsBusy()) {
+        views_->RefreshAnalyses();
+    }
+}
+
+void Workbench::CloseFile() {
+    gui_.WhenIdle([this] {
+        if (document_ != nullptr) {
+            WriteText(platform_, kLastFile, {});
+            Unload();
+            menus_->Update();
+        }
+    });
+}
+
+void Workbench::Unload() {
+    StoreSession();
+    if (document_ != nullptr) {
+        WriteText(platform_, kLayout, middle_->Views().Layout());
+    }
+    views_->CloseAll();
+    document_.reset();
+    middle_->Repairs().Tell({}, {});
+    middle_->ShowWelcome(true);
+    shell_->ShowText({});
+    ShowState();
+}
+
+std::string Workbench::SessionPath(const std::string& recording) const {
+    return SessionFile(platform_.GetAppFolder("sessions"), recording);
+}
+
+void Workbench::StoreSession() {
+    if (document_ == nullptr || !KeepsSessions()) {
+        return;
+    }
+    try {
+        SaveSession(SessionPath(document_->Path()), SessionOf(*document_));
+    } catch (const std::exception& error) {
+        gui_.ShowError(error.what());
+    }
+}
+
+void Workbench::OpenView(ViewKind kind) {
+    views_->Open(kind, *document_, [this, kind] { Show(kind, false); });
+}
+
+bool Workbench::CanShow(ViewKind kind) const {
+    return document_ != nullptr && views_->CanShow(kind);
+}
+
+bool Workbench::IsShown(ViewKind kind) const {
+    return views_->IsShown(kind);
+}
+
+void Workbench::Show(ViewKind kind, bool show) {
+    gui_.WhenIdle([this, kind, show] {
+        if (show && CanShow(kind)) {
+            OpenView(kind);
+        } else {
+            views_->Close(kind);
+        }
+        unsigned hidden = 0;
+        for (const ViewKind one : kKinds) {
+            hidden |= views_->CanShow(one) && !views_->IsShown(one) ? Bit(one) : 0;
+        }
+        platform_.GetUser()->PutInt(kHostSection, kHidden, static_cast<int>(hidden));
+    });
+}
+
+Arrangement Workbench::GetArrangement() const {
+    return middle_->Views().GetArrangement();
+}
+
+void Workbench::Arrange(Arrangement arrangement) {
+    middle_->Views().Arrange(arrangement);
+    WriteText(platform_, kLayout, middle_->Views().Layout());
+}
+
+bool Workbench::UsesRegression() const {
+    constexpr int kRegression = 2;
+    return platform_.GetUser()->GetInt(kHostSection, kStatMode, 0) == kRegression;
+}
+
+void Workbench::UseRegression(bool use) {
+    constexpr int kRegression = 2;
+    platform_.GetUser()->PutInt(kHostSection, kStatMode, use ? kRegression : 0);
+    if (document_ == nullptr) {
+        return;
+    }
+    document_->Analyses().SetStatMode(use ? kRegression : 0);
+    // The view looks at it when it makes its side bar.
+    if (IsShown(ViewKind::Spectrum)) {
+        views_->Close(ViewKind::Spectrum);
+        OpenView(ViewKind::Spectrum);
+    }
+}
+
+void Workbench::ShowState() {
+    shell_->ShowTitle(document_ != nullptr ? QString::fromStdString(document_->Recording().GetFileNameText())
+                                           : QString(),
+                      false);
+    const StatusFields fields = document_ != nullptr ? StatusOf(document_->Recording()) : StatusFields();
+    shell_->ShowFields(fields.recording, fields.montage, fields.place);
+}
+
+bool Workbench::MayClose() {
+    if (gui_.IsBusy()) {
+        gui_.WhenIdle([this] { shell_->close(); });
+        return false;
+    }
+    StoreSession();
+    if (document_ != nullptr) {
+        WriteText(platform_, kLayout, middle_->Views().Layout());
+    }
+    shell_->Store(platform_);
+    platform_.SaveSettings();
+    return true;
+}
+
+void Workbench::Quit() {
+    shell_->close();
+}
+
+void Workbench::ClearRecent() {
+    recent_.Clear();
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The review application: one window, one recording at a time.
+#pragma once
+
+#include "host/platform/host_platform.h"
+#include "host/review/app/main_window/commands.h"
+#include "host/review/app/main_window/open_views.h"
+#include "host/review/app/main_window/recent_files.h"
+#include "host/review/app/main_window/work_gui.h"
+
+#include <QTimer>
+
+#include <memory>
+#include <string>
+
+namespace orvanta::review {
+
+class Document;
+class MainWindow;
+class Menus;
+class ModuleBridge;
+class Shell;
+
+/// Opens, switches and closes recordings and does what the menus ask for. GUI thread.
+class Workbench final : public Commands {
+public:
+    struct Setup {
+        std::string settingsFile; ///< empty: settings live in memory, and no session is read or kept
+        std::string dataFolder;
+        ModuleBridge* bridge = nullptr; ///< null without the module
+        std::string moduleProblem;      ///< why there is none
+    };
+
+    explicit Workbench(Setup setup);
+    /// Ends the views; the window must not be in the middle of work.
+    ~Workbench() override;
+    Workbench(const Workbench&) = delete;
+    Workbench& operator=(const Workbench&) = delete;
+
+    /// Shows the window with this file, else the last one, else none.
+    void Start(const std::string& file);
+
+    Shell& Window() const { return *shell_; }
+    MainWindow& Middle() const { return *middle_; }
+    /// Null while no recording is open.
+    Document* Current() const { return document_.get(); }
+
+    void AskForFile() override;
+    void OpenFile(const std::string& path) override;
+    void CloseFile() override;
+    void Quit() override;
+    std::vector<std::string> RecentPaths() const override { return recent_.Paths(); }
+    void ClearRecent() override;
+
+    bool HasDocument() const override { return document_ != nullptr; }
+    bool HasModule() const override { return setup_.bridge != nullptr; }
+    bool CanShow(ViewKind kind) const override;
+    bool IsShown(ViewKind kind) const override;
+    void Show(ViewKind kind, bool show) override;
+    Arrangement GetArrangement() const override;
+    void Arrange(Arrangement arrangement) override;
+
+    bool CanAnalyse() const override;
+    void NewAnalysis() override;
+    void Recompute() override;
+
+    std::vector<std::string> MontageNames() const override;
+    std::size_t CurrentMontage() const override;
+    void ChooseMontage(std::size_t index) override;
+
+    void EditMacros() override;
+    bool UsesRegression() const override;
+    void UseRegression(bool use) override;
+
+    void ShowManual() override;
+    void ShowLog() override;
+    void ShowAbout() override;
+
+private:
+    bool KeepsSessions() const { return !setup_.settingsFile.empty(); }
+    std::string SessionPath(const std::string& recording) const;
+    /// \return false after a message when the file is refused; what is open then stays
+    bool Load(const std::string& path);
+    void Unload();
+    void StoreSession();
+    void OpenView(ViewKind kind);
+    void ShowState();
+    bool MayClose();
+    void ComputeRestored();
+
+    Setup setup_;
+    WorkGui gui_;
+    platform::HostPlatform platform_;
+    RecentFiles recent_;
+    std::unique_ptr<Document> document_;
+    std::unique_ptr<Shell> shell_;
+    MainWindow* middle_; ///< of the shell
+    std::unique_ptr<OpenViews> views_;
+    std::unique_ptr<Menus> menus_;
+    QTimer statePoll_; ///< nobody tells when cursor, montage and analyses change
+};
+
+} // namespace orvanta::review

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the menus of analyses, montages, tools and help do.
+#include "host/review/app/macro_labels.h"
+#include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/help.h"
+#include "host/review/app/main_window/main_window.h"
+#include "host/review/app/main_window/menus.h"
+#include "host/review/app/main_window/shell.h"
+#include "host/review/app/main_window/workbench.h"
+#include "host/review/app/module_bridge.h"
+#include "spectra_contract/recording.h"
+#include "spectra_contract/spectra_mgr.h"
+
+namespace orvanta::review {
+
+bool Workbench::CanAnalyse() const {
+    return document_ != nullptr && setup_.bridge != nullptr;
+}
+
+void Workbench::NewAnalysis() {
+    if (!CanAnalyse() || gui_.IsBusy()) {
+        return;
+    }
+    constexpr std::int32_t kAppended = 1;
+    SpectraMgr& manager = document_->Analyses();
+    const HWND window(shell_.get());
+    try {
+        if (setup_.bridge->CreateNewSpectrum(platform_, window, manager, document_->Recording()) !=
+            kAppended) {
+            return;
+        }
+        SpectMacroResult* added = *(manager.end() - 1);
+        setup_.bridge->PerformComputation(platform_, window, *added, document_->Recording());
+        manager.SetMain(added);
+    } catch (const std::exception& error) {
+        gui_.ShowError(error.what());
+    }
+    if (!IsShown(ViewKind::Spectrum) && !IsShown(ViewKind::Maps)) {
+        Show(ViewKind::Spectrum, true);
+    }
+    views_->RefreshAnalyses();
+}
+
+void Workbench::Recompute() {
+    if (CanAnalyse() && !gui_.IsBusy()) {
+        views_->RefreshAnalyses();
+    }
+}
+
+std::vector<std::string> Workbench::MontageNames() const {
+    std::vector<std::string> names;
+    if (document_ != nullptr) {
+        for (const auto& montage : *document_->Recording().GetMontageList()) {
+            names.push_back(montage->GetName());
+        }
+    }
+    return names;
+}
+
+std::size_t Workbench::CurrentMontage() const {
+    return document_ != nullptr ? document_->Recording().GetMontageList()->GetCurrentIndex() : 0;
+}
+
+void Workbench::ChooseMontage(std::size_t index) {
+    if (document_ != nullptr && !gui_.IsBusy() && document_->Recording().ChangeMntg(index, true)) {
+        Recompute();
+    }
+}
+
+void Workbench::EditMacros() {
+    if (setup_.bridge == nullptr) {
+        return;
+    }
+    constexpr int kModeEdit = 2;
+    EventsManager ownEvents;
+    EventsManager* events = &ownEvents;
+    SensorList sensors;
+    if (document_ != nullptr) {
+        events = document_->Recording().GetEventsManager();
+        document_->Recording().GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily,
+                                                                    Sensor::Class::Eeg);
+    } else {
+        AddLabelsOf(MacrosIn(platform_.GetAppFolder("MACRO")), ownEvents);
+    }
+    SpectraMacro macro;
+    setup_.bridge->SelectMacro(HWND(shell_.get()), macro, events, sensors, kModeEdit, platform_);
+}
+
+void Workbench::ShowManual() {
+    review::ShowManual(*shell_);
+}
+
+void Workbench::ShowLog() {
+    review::ShowLog(*shell_);
+}
+
+void Workbench::ShowAbout() {
+    review::ShowAbout(*shell_);
+}
+
+} // namespace orvanta::review
