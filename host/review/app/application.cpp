@@ -48,7 +48,7 @@ void RequireDisplay() {
     if (!qEnvironmentVariableIsSet(kPlatform) && qEnvironmentVariableIsEmpty("DISPLAY") &&
         qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
         throw cli::UsageError("no display: neither DISPLAY nor WAYLAND_DISPLAY is set (run this in a desktop "
-                              "session; orvanta macro new and macro show need none)");
+                              "session; the other commands need none)");
     }
 }
 

@@ -29,7 +29,8 @@ int Run(int argc, char** argv) {
     app.set_version_flag("--version", kVersion);
     app.require_subcommand(0, 1);
     app.get_formatter()->column_width(34);
-    app.footer("Without a command the review application opens. orvanta COMMAND --help tells a command's options. Exit status: 0 done, 1 nothing computable, "
+    app.footer("Without a command the review application opens. orvanta COMMAND --help tells a command's "
+               "options. Exit status: 0 done, 1 nothing computable, "
                "2 bad usage or a refused file.");
 
     Command run;
