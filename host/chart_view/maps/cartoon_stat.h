@@ -42,6 +42,7 @@ public:
     void Pause();
 
     void SetMapValues(bool fetch) override;
+    void ResetWindows(std::uint16_t rows, std::uint16_t columns) override;
 
     void Destroy(int retVal = 0) override;
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
@@ -49,7 +50,9 @@ public:
 protected:
     static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
 
-    void SetupWindow() override;
+    void LoadUserSettings() override;
+    void customEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void EvSetFocus(HWND lost);
     void EvKeyDown(unsigned key, unsigned repeat, unsigned flags);
 
@@ -62,5 +65,13 @@ protected:
 
 private:
     struct Impl;
+
+    void MoveTo(std::uint64_t step);
+    void UpdateStretch();
+    void StepTo(std::uint64_t step);
+    void StepBy(std::int64_t steps);
+    void Tick();
+    void ShowState();
+
     std::unique_ptr<Impl> impl_;
 };

@@ -2,6 +2,7 @@
 // A view of several topographic maps.
 #pragma once
 
+#include "host/chart_view/maps/map_array_layout.h"
 #include "host/chart_view/maps/map_window.h"
 #include "host/chart_view/the_child.h"
 #include "spectra_contract/time.h"
@@ -13,6 +14,10 @@
 #include <vector>
 
 class QSlider;
+
+namespace orvanta::chart {
+struct ColorScale;
+}
 
 /// Maps in rows and columns, with shared palette, fonts, electrodes, turning, table and clipboard. What the
 /// maps show is the derived view's business. GUI thread.
@@ -74,6 +79,16 @@ protected:
     void SetupWindow() override;
     void LoadUserSettings() override;
     void EvSize(unsigned sizeType, const owl::TSize& size);
+    LPARAM EvTurned(WPARAM index, LPARAM);
+    /// One of the views from 14100.
+    void CmHeadView(unsigned command);
+    void CmNames();
+    void CmValues();
+    void CmSinglePalette();
+    void CmValuesTable();
+
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
     // What a derived view supplies.
     /// A new map; the caller owns it as a widget of this window.
@@ -98,10 +113,32 @@ protected:
     /// What new maps are made with.
     const orvanta::chart::MapDisplay& GetDisplay() const;
     int GetPaletteIndex() const;
+    /// So many maps from the first show something, nothing for all of them; the others have no part in ranges
+    /// and tables.
+    void SetMapsInUse(std::optional<std::size_t> count);
+    /// From now on the overall range is this one, whatever the maps show; nothing for that of the maps.
+    void SetFixedRange(const std::optional<orvanta::chart::ValueRange>& range);
+    /// UpdateMaps; when that throws, what is remembered of the maps is as it was.
+    void UpdateMapsOrKeep(const XTimeList& list);
+    /// What is remembered of the maps comes to the screen, with its ranges.
+    void PushMaps();
+    /// Controls below the maps, shown while they are not hidden; owned as a widget of this window.
+    void SetLowerBar(QWidget* bar);
     /// Kept by the view for the transparency slider of its tool bar.
     void SetTransparencySlider(QSlider* slider);
 
 private:
     struct Impl;
+
+    void ApplyDisplay();
+    void MakeMaps(const orvanta::chart::MapGrid& grid);
+    orvanta::chart::MapArrayLayout Layout() const;
+    /// What the one bar for all maps shows; nothing without one.
+    std::optional<orvanta::chart::ColorScale> SharedScale() const;
+    void LayOut();
+    void ShareScale();
+    void ShowTable(bool show);
+    void FillTable();
+
     std::unique_ptr<Impl> impl_;
 };
