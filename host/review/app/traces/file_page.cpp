@@ -11,6 +11,11 @@ namespace orvanta::review {
 
 namespace {
 
+// What an ordinary desktop takes, rounded up.
+constexpr double kSecondsPerByte = 0.5e-9;
+constexpr double kSecondsPerValue = 5e-9;
+constexpr double kSecondsPerFiltered = 5e-9;
+
 constexpr auto kNeverStop = [] { return false; };
 
 /// Appends values to the last run, or to a new one after a break.
@@ -85,7 +90,7 @@ std::int64_t SampleFrom(double samples, std::int64_t count) {
 FilePage::FilePage(const signal::Recording& recording, std::span<const TraceChannel> lines,
                    const TraceFilter& filter, const PageRequest& request)
     : recording_(recording), request_(request), lineCount_(lines.size()) {
-    if (!(request.duration > 0) || !std::isfinite(request.start) || request.columns < 1) {
+    if (!IsPage(request)) {
         return;
     }
     std::uint64_t lastBlock = 0;
@@ -137,14 +142,18 @@ void FilePage::FindPieces(Part& part, std::int64_t settling) const {
     }
 }
 
-std::uint64_t FilePage::Values() const {
-    std::uint64_t values = 0;
+double FilePage::Seconds() const {
+    double seconds = kSecondsPerByte * static_cast<double>(Bytes());
     for (const Part& part : parts_) {
+        double perSample = 0;
+        for (const std::vector<Biquad>& sections : part.sections) {
+            perSample += kSecondsPerValue + kSecondsPerFiltered * static_cast<double>(sections.size());
+        }
         for (const Piece& piece : part.pieces) {
-            values += static_cast<std::uint64_t>(piece.shown.last - piece.from) * part.group.Members().size();
+            seconds += perSample * static_cast<double>(piece.shown.last - piece.from);
         }
     }
-    return values;
+    return seconds;
 }
 
 std::uint64_t FilePage::Bytes() const {

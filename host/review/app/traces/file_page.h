@@ -22,10 +22,8 @@ public:
     FilePage(const signal::Recording& recording, std::span<const TraceChannel> lines,
              const TraceFilter& filter, const PageRequest& request);
 
-    /// Values to be worked out for all lines, the filters' settling included.
-    std::uint64_t Values() const;
-    /// Bytes to be read.
-    std::uint64_t Bytes() const;
+    /// About how long reading takes on an ordinary desktop, the filters' settling included.
+    double Seconds() const;
     /// Whether all lines that have samples here are runs.
     bool HasRunsOnly() const;
     /// One read of the file. \throws signal::RecordingError when it cannot be read any more
@@ -45,6 +43,7 @@ private:
         std::vector<Piece> pieces;
     };
 
+    std::uint64_t Bytes() const;
     void FindPieces(Part& part, std::int64_t settling) const;
     /// First samples of the columns, and of what follows the last, counted from the segment's begin.
     std::vector<std::int64_t> EdgesIn(const signal::Segment& segment, double rate) const;

@@ -2,6 +2,7 @@
 // Values of traces on one page.
 #pragma once
 
+#include <cmath>
 #include <vector>
 
 namespace orvanta::review {
@@ -15,6 +16,10 @@ struct PageRequest {
     double duration = 10; ///< seconds, above 0
     int columns = 1000;   ///< at least 1
 };
+
+inline bool IsPage(const PageRequest& request) {
+    return request.duration > 0 && std::isfinite(request.start) && request.columns > 0;
+}
 
 /// Samples of a line that follow each other without a gap. A run reaches one sample beyond the page on either
 /// side, so that what is drawn reaches the page's edges.

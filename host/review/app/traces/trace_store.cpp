@@ -2,22 +2,52 @@
 #include "host/review/app/traces/trace_store.h"
 
 #include "host/review/app/traces/file_page.h"
+#include "host/review/app/traces/pyramid_worker.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace orvanta::review {
 
+namespace {
+
+/// A page that is read within this many seconds needs no pyramid.
+constexpr double kAtOnce = 0.005;
+/// So long may a page take for details that the pyramid does not have.
+constexpr double kForDetails = 0.03;
+
+bool SameValues(const std::vector<TraceChannel>& a, const std::vector<TraceChannel>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const TraceChannel& x, const TraceChannel& y) { return SameValues(x, y); });
+}
+
+} // namespace
+
 struct TraceStore::Impl {
     std::shared_ptr<const signal::Recording> recording;
+    std::size_t budget = 0;
     std::vector<TraceChannel> lines;
     TraceFilter filter;
+    std::shared_ptr<Pyramid> pyramid;
+    PyramidWorker worker;
 };
 
-TraceStore::TraceStore(std::shared_ptr<const signal::Recording> recording) : impl_(std::make_unique<Impl>()) {
+TraceStore::TraceStore(std::shared_ptr<const signal::Recording> recording, std::size_t budget)
+    : impl_(std::make_unique<Impl>()) {
     impl_->recording = std::move(recording);
+    impl_->budget = budget;
+    impl_->pyramid = std::make_shared<Pyramid>(impl_->recording, impl_->lines, impl_->filter, budget);
 }
 
 TraceStore::~TraceStore() = default;
 
 void TraceStore::SetLines(std::vector<TraceChannel> lines, const TraceFilter& filter) {
+    const bool same = SameValues(lines, impl_->lines) && filter == impl_->filter;
+    if (!same) {
+        auto pyramid = std::make_shared<Pyramid>(impl_->recording, lines, filter, impl_->budget);
+        impl_->pyramid = pyramid;
+        impl_->worker.Start(std::move(pyramid));
+    }
     impl_->lines = std::move(lines);
     impl_->filter = filter;
 }
@@ -27,17 +57,26 @@ TracePage TraceStore::Read(const PageRequest& request, std::span<const std::size
     for (const std::size_t line : lines) {
         wanted.push_back(impl_->lines.at(line));
     }
-    return FilePage(*impl_->recording, wanted, impl_->filter, request).Read();
+    FilePage fromFile(*impl_->recording, wanted, impl_->filter, request);
+    const Pyramid& pyramid = *impl_->pyramid;
+    const double seconds = fromFile.Seconds();
+    const bool hasPyramidAll = pyramid.Covers(request) && pyramid.IsFineEnough(request);
+    if (fromFile.HasRunsOnly() || seconds <= kAtOnce || (seconds <= kForDetails && !hasPyramidAll)) {
+        return fromFile.Read();
+    }
+    return pyramid.Read(request, lines);
 }
 
 double TraceStore::Progress() const {
-    return 1;
+    return impl_->pyramid->Progress();
 }
 
 std::string TraceStore::Failure() const {
-    return {};
+    return impl_->worker.Failure();
 }
 
-void TraceStore::SetGrown(std::function<void()>) {}
+void TraceStore::SetGrown(std::function<void()> grown) {
+    impl_->worker.SetGrown(std::move(grown));
+}
 
 } // namespace orvanta::review

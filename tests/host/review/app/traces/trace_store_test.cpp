@@ -3,13 +3,20 @@
 
 #include "host/signal_base/recording_error.h"
 #include "tests/support/edf_file.h"
+#include "tests/support/failing_source.h"
 #include "tests/support/small_recording.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <functional>
 #include <limits>
+#include <thread>
 
 namespace orvanta::review {
 namespace {
@@ -195,6 +202,112 @@ TEST(TraceStore, SaysWhenTheFileWasCut) {
     std::filesystem::resize_file(path, 900);
 
     EXPECT_THROW(store.Read({10, 5, 100}, kFirst), signal::RecordingError);
+}
+
+/// A recording of so many values that reading all of them takes too long for a page.
+signal::RecordingData LongData() {
+    return test::MakeData({MadeSignal{"Cz", 1000, std::vector<double>(6'000'000, 2)}});
+}
+
+void WaitUntil(const std::function<bool()>& done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (!done() && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_TRUE(done());
+}
+
+TEST(TraceStore, ShowsLongPagesOnceTheBackgroundIsThere) {
+    const Opened opened(LongData());
+
+    WaitUntil([&] { return opened.store.Progress() == 1; });
+    const TracePage page = opened.store.Read({0, 6'000, 4}, kFirst);
+
+    EXPECT_TRUE(page.complete);
+    EXPECT_THAT(page.lines[0].columns, testing::Each(TraceColumn{2, 2}));
+    EXPECT_EQ(opened.store.Failure(), "");
+}
+
+TEST(TraceStore, TellsThatItGrowsAndWhenItIsDone) {
+    const auto recording = signal::MakeRecording(LongData());
+    TraceStore store(recording->GetRecording());
+    std::atomic<int> calls = 0;
+    store.SetGrown([&] { ++calls; });
+
+    store.SetLines(ChannelsOf(*recording), {});
+    WaitUntil([&] { return store.Progress() == 1 && calls > 0; });
+
+    EXPECT_TRUE(store.Read({0, 6'000, 4}, kFirst).complete);
+}
+
+TEST(TraceStore, SaysWhyTheBackgroundGaveUp) {
+    signal::RecordingData data = LongData();
+    const auto failing = std::make_shared<test::FailingSource>(data.source);
+    failing->BeforeRead = [] {
+        throw signal::RecordingError("long.edf", "was changed while open", "open it again");
+    };
+    data.source = failing;
+
+    const Opened opened(std::move(data));
+    WaitUntil([&] { return !opened.store.Failure().empty(); });
+    const TracePage page = opened.store.Read({0, 6'000, 4}, kFirst);
+
+    EXPECT_EQ(opened.store.Failure(), "long.edf: was changed while open (open it again)");
+    EXPECT_FALSE(page.complete);
+    EXPECT_THAT(page.lines[0].columns, testing::Each(TraceColumn{}));
+}
+
+TEST(TraceStore, BeginsAnewWithOtherValuesOnly) {
+    Opened opened(LongData());
+    WaitUntil([&] { return opened.store.Progress() == 1; });
+    std::vector<TraceChannel> lines = ChannelsOf(*opened.recording);
+
+    lines[0].bad = true;
+    opened.store.SetLines(lines, {});
+    EXPECT_EQ(opened.store.Progress(), 1);
+
+    lines[0].terms[0].weight = -1;
+    opened.store.SetLines(lines, {});
+    WaitUntil([&] { return opened.store.Progress() == 1; });
+    EXPECT_THAT(opened.store.Read({0, 6'000, 2}, kFirst).lines[0].columns,
+                testing::Each(TraceColumn{-2, -2}));
+}
+
+TEST(TraceStore, EndsWorkInTheBackgroundAtOnce) {
+    signal::RecordingData data = LongData();
+    const auto slow = std::make_shared<test::FailingSource>(data.source);
+    slow->BeforeRead = [] { std::this_thread::sleep_for(std::chrono::milliseconds(10)); };
+    data.source = slow;
+    auto opened = std::make_unique<Opened>(std::move(data));
+
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < 10; ++i) {
+        opened->store.SetLines(ChannelsOf(*opened->recording), {0.5 + i, 0, 0});
+    }
+    opened.reset();
+
+    // Eleven times at most one read, with room for a busy machine.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST(TraceStore, LooksTheSameWhereverAPageBegins) {
+    std::vector<double> values = test::Fp1Values(256 * 120);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = 5 * values[i] + 100'000 + static_cast<double>(i) / 10;
+    }
+    Opened opened(test::MakeData({MadeSignal{"Cz", 256, values}}));
+    const TraceFilter filter{0.1, 70, 50};
+    opened.store.SetLines(ChannelsOf(*opened.recording), filter);
+    FilterRun(SectionsOf(filter, 256)).Apply(values);
+
+    for (const double start : {1.0, 31.5, 59.996, 80.0, 100.0}) {
+        const std::vector<TraceRun> runs = opened.Line({start, 10, 2000}).runs;
+        ASSERT_THAT(runs, SizeIs(1));
+        const auto first = static_cast<std::size_t>(std::lround(runs[0].start * 256));
+        for (std::size_t i = 0; i < runs[0].values.size(); ++i) {
+            ASSERT_NEAR(runs[0].values[i], values[first + i], 0.01) << start << " " << i;
+        }
+    }
 }
 
 } // namespace
