@@ -29,7 +29,7 @@ QString Text(const char* key, const char* builtIn) {
 }
 
 /// Whole tenths of a second.
-QString TimeText(const XTime& time) {
+QString ClockText(const XTime& time) {
     constexpr std::int64_t kTenth = 100'000'000;
     constexpr std::int64_t kMinute = 600;
     constexpr std::int64_t kHour = 36'000;
@@ -49,18 +49,18 @@ int ToSlider(std::uint64_t epoch) {
 
 } // namespace
 
-QString WhereText(const CartoonState& state) {
+QString EpochText(const CartoonState& state) {
     if (state.count == 0) {
         return Text("none", "No epochs");
     }
     const std::uint64_t end = std::min(state.first + std::max<std::uint64_t>(1, state.length), state.count);
-    QString text = end - state.first == 1
-                       ? Text("epoch", "Epoch %1 of %2").arg(state.first + 1).arg(state.count)
-                       : Text("epochs", "Epochs %1–%2 of %3").arg(state.first + 1).arg(end).arg(state.count);
-    if (state.time) {
-        text += "   " + TimeText(*state.time->GetBeginPtr()) + " – " + TimeText(*state.time->GetEndPtr());
-    }
-    return text;
+    return end - state.first == 1
+               ? Text("epoch", "Epoch %1 of %2").arg(state.first + 1).arg(state.count)
+               : Text("epochs", "Epochs %1–%2 of %3").arg(state.first + 1).arg(end).arg(state.count);
+}
+
+QString TimeText(const std::optional<XTimeInterval>& time) {
+    return time ? ClockText(*time->GetBeginPtr()) + " – " + ClockText(*time->GetEndPtr()) : QString();
 }
 
 CartoonBar::CartoonBar(QWidget* parent, Requests requests) : QWidget(parent), requests_(std::move(requests)) {
@@ -90,7 +90,9 @@ CartoonBar::CartoonBar(QWidget* parent, Requests requests) : QWidget(parent), re
     row->addWidget(slider_, 1);
     where_ = new QLabel(this);
     where_->setObjectName("cartoonWhere");
+    row->addSpacing(4);
     row->addWidget(where_);
+    row->addSpacing(4);
     speed_ = new QComboBox(this);
     speed_->setObjectName("cartoonSpeed");
     speed_->setFocusPolicy(Qt::TabFocus);
@@ -125,6 +127,7 @@ QToolButton* CartoonBar::AddButton(const char* name, const char* icon, const cha
 }
 
 void CartoonBar::Show(const CartoonState& state) {
+    state_ = state;
     const QSignalBlocker silent(slider_);
     slider_->setRange(0, ToSlider(state.last));
     slider_->setPageStep(ToSlider(std::max<std::uint64_t>(1, state.length)));
@@ -132,8 +135,8 @@ void CartoonBar::Show(const CartoonState& state) {
     for (QWidget* control : moving_) {
         control->setEnabled(state.last > 0);
     }
-    where_->setText(WhereText(state));
-    slider_->setToolTip(where_->text());
+    slider_->setToolTip(EpochText(state) + "\n" + TimeText(state.time));
+    Fit();
     play_->setIcon(owl::IconOf(QString(state.playing ? "cartoon_pause" : "cartoon_play")));
     play_->setToolTip(state.playing ? Text("pause", "Pause (Space)") : Text("play", "Play (Space)"));
     play_->setAccessibleName(play_->toolTip());
@@ -162,16 +165,35 @@ QSize CartoonBar::sizeHint() const {
 
 void CartoonBar::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    Fit();
+}
+
+void CartoonBar::Fit() {
+    SayWhere(true);
     // What is left out first stands first.
-    QWidget* const spare[] = {where_, loop_, speed_};
+    QWidget* const spare[] = {loop_, speed_, where_};
     for (QWidget* control : spare) {
         control->show();
     }
-    for (QWidget* control : spare) {
-        if (layout()->minimumSize().width() > width()) {
-            control->hide();
-        }
+    const auto tooWide = [this] { return layout()->minimumSize().width() > width(); };
+    if (tooWide()) {
+        SayWhere(false);
     }
+    for (QWidget* control : spare) {
+        control->setVisible(!tooWide());
+    }
+}
+
+void CartoonBar::SayWhere(bool withTime) {
+    const auto text = [withTime](const CartoonState& state) {
+        return withTime ? EpochText(state) + "   " + TimeText(state.time) : EpochText(state);
+    };
+    CartoonState last = state_;
+    last.first = state_.last;
+    last.time = state_.lastTime;
+    where_->setText(text(state_).trimmed());
+    const int widest = where_->fontMetrics().horizontalAdvance(text(last).trimmed());
+    where_->setMinimumWidth(std::max(widest, where_->fontMetrics().horizontalAdvance(where_->text())) + 1);
 }
 
 } // namespace orvanta::chart

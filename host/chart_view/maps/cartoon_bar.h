@@ -18,11 +18,12 @@ namespace orvanta::chart {
 
 /// Where a cartoon is.
 struct CartoonState {
-    std::uint64_t count = 0;  ///< epochs
-    std::uint64_t first = 0;  ///< epoch of the first map
-    std::uint64_t length = 0; ///< epochs seen at once
-    std::uint64_t last = 0;   ///< the first epoch of the last stretch
-    std::optional<XTimeInterval> time;
+    std::uint64_t count = 0;               ///< epochs
+    std::uint64_t first = 0;               ///< epoch of the first map
+    std::uint64_t length = 0;              ///< epochs seen at once
+    std::uint64_t last = 0;                ///< the first epoch of the last stretch
+    std::optional<XTimeInterval> time;     ///< of what is seen
+    std::optional<XTimeInterval> lastTime; ///< of the last stretch
     bool playing = false;
 };
 
@@ -30,7 +31,8 @@ struct CartoonState {
 inline constexpr int kSpeeds[] = {1, 2, 5, 10, 25};
 
 /// Buttons, a slider over the epochs, where it is as text, speed and loop. Reached with the Tab key; a click
-/// leaves the focus where it is. What does not fit is left out, the texts first. GUI thread.
+/// leaves the focus where it is. What does not fit is left out, the time first and the epoch last. GUI
+/// thread.
 class ORVANTA_API CartoonBar final : public QWidget {
 public:
     /// What the user asks for.
@@ -57,10 +59,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void Fit();
+    /// As wide as for the last stretch, so that nothing moves while it plays.
+    void SayWhere(bool withTime);
     QToolButton* AddButton(const char* name, const char* icon, const char* key, const char* tip,
                            std::function<void()> request);
 
     Requests requests_;
+    CartoonState state_;
     QToolButton* play_ = nullptr;
     QSlider* slider_ = nullptr;
     QLabel* where_ = nullptr;
@@ -69,7 +75,9 @@ private:
     std::vector<QWidget*> moving_; ///< of no use while all epochs are seen
 };
 
-/// "Epoch 5 of 120" or "Epochs 5–8 of 120", numbered from 1, and their time as h:mm:ss.s.
-ORVANTA_API QString WhereText(const CartoonState& state);
+/// "Epoch 5 of 120" or "Epochs 5–8 of 120", numbered from 1.
+ORVANTA_API QString EpochText(const CartoonState& state);
+/// "0:00:04.0 – 0:00:08.0", from the recording's start; empty where it is not known.
+ORVANTA_API QString TimeText(const std::optional<XTimeInterval>& time);
 
 } // namespace orvanta::chart

@@ -293,11 +293,13 @@ void CartoonStat::ShowState() {
         return;
     }
     const std::uint64_t length = GetNumMaps();
+    const std::uint64_t last = impl_->steps.LastStart(length);
     impl_->bar->Show({.count = impl_->steps.Count(),
                       .first = impl_->first,
                       .length = length,
-                      .last = impl_->steps.LastStart(length),
+                      .last = last,
                       .time = impl_->steps.Time(impl_->first, length),
+                      .lastTime = impl_->steps.Time(last, length),
                       .playing = IsPlaying()});
 }
 

@@ -115,6 +115,7 @@ void MultiMapWin::PushMaps() {
         if (const QPointer<TMapWindow>& map = impl_->maps[i]) {
             map->SetValues(impl_->contents[i].values, impl_->contents[i].title, false);
             map->SetMeasureUnit(impl_->UnitOf(i));
+            map->EnableWindow(i < impl_->InUse());
         }
     }
     SetRange();
@@ -168,6 +169,8 @@ void MultiMapWin::ShowTable(bool show) {
     if (show && !impl_->table) {
         impl_->table = new MapValuesTable(impl_->electrodes, *GW().GetPlatform());
         Panes().addWidget(impl_->table);
+        Panes().setStretchFactor(Panes().indexOf(this), 1);
+        Panes().setStretchFactor(Panes().indexOf(impl_->table), 0);
     }
     if (impl_->table) {
         impl_->table->setVisible(show);
