@@ -23,9 +23,10 @@ void RefreshPanels(TheChild& view) {
 void RefreshAnalysisView(TheChild& view) {
     const QPointer<TheChild> alive(&view);
     if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
-        spectrum->CmRecompute();
+        spectrum->CheckAndRecompute(spectrum->GW().IsQuiet());
     }
     if (alive && alive->IsCreated()) {
+        view.Invalidate();
         RefreshPanels(view);
     }
 }

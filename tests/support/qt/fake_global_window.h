@@ -72,11 +72,13 @@ public:
     bool IsQuiet() const override { return quiet; }
     void SetMessageText(const std::string& text) override { messages.push_back(text); }
     SideBarManager& GetSideBar() override { return sideBar; }
+    void PointAtChannel(const std::string& name) override { pointedAt.push_back(name); }
 
     mutable FakePlatform platform;
     FakeSideBar sideBar;
     bool quiet = false;
-    std::vector<std::string> messages; ///< of the message bar, in order
+    std::vector<std::string> messages;  ///< of the message bar, in order
+    std::vector<std::string> pointedAt; ///< channels, in order
 };
 
 } // namespace orvanta::test
