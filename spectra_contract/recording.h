@@ -77,6 +77,8 @@ public:
                                    XTime::DTMode dateTime, XTime::ARMode absolute) const;
     /// Moves to a memory sample, kept inside the recording.
     void SetPosition(std::int64_t sample);
+    /// Set when SetPosition moved to another sample.
+    ManagedFlag& GetPositionFlag() const;
     /// The montage in use (the recording's one).
     const MontageType& GetMtg() const;
 

@@ -42,8 +42,8 @@ void Extend(Reaches& reaches, double left, const TPointF& from, const TPointF& t
         reaches.Extend(static_cast<std::size_t>(end), to.y);
     }
     const double slope = end > begin ? (to.y - from.y) / (end - begin) : 0;
-    const auto last = static_cast<std::size_t>(std::min(count, end + 0.5));
-    for (auto strip = static_cast<std::size_t>(std::max(0.0, begin + 0.5)); strip < last; ++strip) {
+    const auto last = static_cast<std::size_t>(std::min(count, std::round(end)));
+    for (auto strip = static_cast<std::size_t>(std::max(0.0, std::round(begin))); strip < last; ++strip) {
         reaches.Extend(strip, from.y + slope * (static_cast<double>(strip) + 0.5 - begin));
     }
 }

@@ -15,6 +15,7 @@ struct TraceCursorType::Impl {
     EEGTraceInfoType* traceInfo = nullptr;
     std::int64_t position = 0;
     XTime start;
+    ManagedFlag positionFlag;
 };
 
 struct EEGFileInfoType::Impl {

@@ -60,8 +60,17 @@ std::string TraceCursorType::GetTimeStrFromSmpl(Sample::Mode mode, unsigned rate
 void TraceCursorType::SetPosition(std::int64_t sample) {
     const unsigned rate = GetMemDataSR();
     const auto count = static_cast<std::int64_t>(std::ceil(impl_->recording->Time().Duration() * rate));
-    impl_->position = std::clamp<std::int64_t>(sample, 0, std::max<std::int64_t>(0, count - 1));
-    impl_->start = rate == 0 ? XTime() : XTime::FromSeconds(static_cast<double>(impl_->position) / rate);
+    const auto position = std::clamp<std::int64_t>(sample, 0, std::max<std::int64_t>(0, count - 1));
+    if (position == impl_->position) {
+        return;
+    }
+    impl_->position = position;
+    impl_->start = rate == 0 ? XTime() : XTime::FromSeconds(static_cast<double>(position) / rate);
+    impl_->positionFlag.Set();
+}
+
+ManagedFlag& TraceCursorType::GetPositionFlag() const {
+    return impl_->positionFlag;
 }
 
 const MontageType& TraceCursorType::GetMtg() const {

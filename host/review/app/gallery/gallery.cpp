@@ -7,6 +7,7 @@
 #include "host/review/app/gallery/host_pages.h"
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gallery/sample.h"
+#include "host/review/app/gallery/trace_pages.h"
 #include "host/review/app/host_strings.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
@@ -52,6 +53,7 @@ std::vector<GalleryPage> MakePages(const ModuleLibrary* module, const GallerySam
         pages = module->Bridge().MakeGalleryPages(sample);
     }
     std::ranges::move(MakeHostPages(), std::back_inserter(pages));
+    std::ranges::move(MakeTracePages(sample), std::back_inserter(pages));
     return pages;
 }
 

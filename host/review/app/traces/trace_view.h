@@ -50,6 +50,29 @@ protected:
     void LoadUserSettings() override;
     void CreateGadgets() override;
 
+    /// \param id of the view's commands
+    void CmTraces(unsigned id);
+    void CeTraces(owl::TCommandEnabler& item);
+    // The user chose an entry of a box of the tool bar.
+    void EvPageLength(WPARAM index, LPARAM);
+    void EvGain(WPARAM index, LPARAM);
+    void EvLowCut(WPARAM index, LPARAM);
+    void EvHighCut(WPARAM index, LPARAM);
+    void EvNotch(WPARAM index, LPARAM);
+    void EvMontage(WPARAM index, LPARAM);
+    /// More of the recording was looked at in the background.
+    void EvGrown(WPARAM, LPARAM);
+
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
 private:
     struct Impl;
     std::unique_ptr<Impl> impl_;

@@ -106,6 +106,21 @@ TEST_F(Cursor, TellsTheClockAndTheDate) {
               "2024-01-01 00:00:01.500");
 }
 
+TEST_F(Cursor, TellsWhenItMovedToAnotherSample) {
+    struct Counter : FlagListener {
+        using FlagListener::FlagListener;
+        void PerformAction() override { ++count; }
+        int count = 0;
+    };
+    Counter counter("counter", cursor_->GetPositionFlag());
+    cursor_->SetPosition(7);
+    EXPECT_EQ(counter.count, 1);
+    cursor_->SetPosition(7);
+    cursor_->SetPosition(0);
+    cursor_->SetPosition(-3); // kept at 0
+    EXPECT_EQ(counter.count, 2);
+}
+
 TEST_F(Cursor, OfARecordingWithoutDataStaysAtZero) {
     const auto file = MakeRecording(test::MakeData({{"C3", 100, {}}}));
     file->GetTraceCursor()->SetPosition(5);

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/traces/scale_bars.h"
+
+#include "host/review/app/traces/trace_scales.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr int kFromLeft = 4;
+/// Of a line's room, at least 20 pixels.
+constexpr double kMostOfRoom = 0.9;
+constexpr double kLeastHeight = 20;
+
+} // namespace
+
+std::string ValueText(double value, const std::string& unit) {
+    const double size = std::abs(value);
+    const int decimals = size >= 100 || size == 0 ? 0 : size >= 10 ? 1 : size >= 1 ? 2 : 3;
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
+    std::string number = text.data();
+    if (number.find('.') != std::string::npos) {
+        number.erase(number.find_last_not_of('0') + 1);
+        if (number.ends_with('.')) {
+            number.pop_back();
+        }
+    }
+    return unit.empty() ? number : number + " " + unit;
+}
+
+std::vector<ScaleBar> ScaleBarsOf(const PageInput& page) {
+    std::vector<ScaleBar> bars;
+    std::vector<std::pair<TraceGroup, std::string>> seen;
+    const owl::TRect& plot = page.layout.plot;
+    for (std::size_t i = 0; i < page.lines.size(); ++i) {
+        const LineInput& line = page.lines[i];
+        const std::pair kind{GroupOf(line.channel->type), line.channel->unit};
+        const bool known = std::find(seen.begin(), seen.end(), kind) != seen.end();
+        if ((known && !line.selected) || line.data == nullptr) {
+            continue;
+        }
+        if (!known) {
+            seen.push_back(kind);
+        }
+        const double most = std::max(kLeastHeight, page.layout.spacing * kMostOfRoom);
+        const double value = RoundValueBelow(most * line.scaling.unitsPerPixel);
+        const double height = value / line.scaling.unitsPerPixel;
+        const double middle = page.layout.YOf(static_cast<int>(i));
+        const double top = std::clamp(middle - height / 2, double(plot.top),
+                                      std::max<double>(plot.top, plot.bottom - height));
+        bars.push_back({plot.left + kFromLeft, static_cast<int>(std::lround(top)),
+                        static_cast<int>(std::lround(top + height)), ValueText(value, line.channel->unit),
+                        page.colors.Of(kind.first)});
+    }
+    return bars;
+}
+
+void PaintScaleBars(owl::TDC& dc, const PageInput& page) {
+    for (const ScaleBar& bar : ScaleBarsOf(page)) {
+        const owl::TSize size = dc.GetTextExtent(bar.text);
+        const int y = (bar.top + bar.bottom - size.cy) / 2;
+        dc.BlendRect({bar.x, std::min(bar.top, y), bar.x + size.cx + 10, std::max(bar.bottom, y + size.cy)},
+                     page.colors.background, 205);
+        dc.FillRect({bar.x, bar.top, bar.x + 2, bar.bottom}, bar.color);
+        dc.FillRect({bar.x, bar.top, bar.x + 5, bar.top + 1}, bar.color);
+        dc.FillRect({bar.x, bar.bottom - 1, bar.x + 5, bar.bottom}, bar.color);
+        dc.SetTextColor(bar.color);
+        dc.TextOut({bar.x + 7, y}, bar.text);
+    }
+}
+
+} // namespace orvanta::review

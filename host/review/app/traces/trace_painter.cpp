@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/traces/trace_painter.h"
+
+#include "host/review/app/traces/fitted_text.h"
+#include "host/review/app/traces/scale_bars.h"
+#include "host/review/app/traces/time_ruler.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace orvanta::review {
+
+namespace {
+
+constexpr int kMargin = 6;
+constexpr int kTagPadding = 4;
+constexpr std::uint8_t kBand = 34;
+constexpr std::uint8_t kSelectedBand = 72;
+constexpr std::uint8_t kShade = 46;
+constexpr int kHatch = 8;
+
+owl::TRect Between(const TraceLayout& layout, double begin, double end, int top, int bottom) {
+    const auto at = [&layout](double time) {
+        return static_cast<int>(
+            std::floor(std::clamp(layout.XOf(time), double(layout.plot.left), double(layout.plot.right))));
+    };
+    return {at(begin), top, at(end), bottom};
+}
+
+void PaintShades(owl::TDC& dc, const PageInput& page) {
+    for (const Shade& shade : page.shades) {
+        const double begin = shade.interval.GetBeginPtr()->Seconds();
+        const double end = shade.interval.GetEndPtr()->Seconds();
+        const owl::TRect& plot = page.layout.plot;
+        const owl::TRect area = Between(page.layout, begin, end, plot.top, plot.bottom);
+        if (area.IsEmpty()) {
+            continue;
+        }
+        dc.BlendRect(area, shade.color, kShade);
+        // Neighbours of one colour can be told apart by their edges.
+        dc.BlendRect({area.left, area.top, area.left + 1, area.bottom}, shade.color, 2 * kShade);
+        dc.BlendRect({area.left, area.bottom - 3, area.right, area.bottom}, shade.color, 3 * kShade);
+    }
+}
+
+void PaintGrid(owl::TDC& dc, const PageInput& page, const RulerSteps& steps) {
+    const TraceLayout& layout = page.layout;
+    for (int line = 0; line < layout.lineCount; ++line) {
+        const int y = static_cast<int>(layout.YOf(line));
+        dc.FillRect({layout.plot.left, y, layout.plot.right, y + 1}, page.colors.baseline);
+    }
+    const auto upright = [&](double step, owl::TColor color) {
+        for (const double tick : TicksOf(layout.start, layout.duration, step)) {
+            const int x = static_cast<int>(std::floor(layout.XOf(tick)));
+            if (x > layout.plot.left && x < layout.plot.right) {
+                dc.FillRect({x, layout.plot.top, x + 1, layout.plot.bottom}, color);
+            }
+        }
+    };
+    if (steps.grid < steps.label) {
+        upright(steps.grid, page.colors.grid);
+    }
+    upright(steps.label, page.colors.labelledGrid);
+}
+
+std::string GapText(double seconds) {
+    return "no data for " + ElapsedText(seconds, seconds < 10 ? 0.1 : 1);
+}
+
+void PaintGaps(owl::TDC& dc, const PageInput& page) {
+    const owl::TRect& plot = page.layout.plot;
+    for (const TraceGap& gap : page.gaps) {
+        owl::TRect area = Between(page.layout, gap.begin, gap.end, plot.top, plot.bottom);
+        if (gap.end < page.layout.start || gap.begin > page.layout.start + page.layout.duration) {
+            continue;
+        }
+        area.right = std::max(area.right, area.left + 2);
+        dc.FillRect(area, page.colors.margin);
+        dc.SetClip(area);
+        dc.SelectPen({page.colors.gap});
+        for (int x = area.left - plot.Height(); x < area.right; x += kHatch) {
+            if (x + plot.Height() >= area.left) {
+                dc.Line({x, plot.bottom}, {x + plot.Height(), plot.top});
+            }
+        }
+        dc.ClearClip();
+        dc.FillRect({area.left, plot.top, area.left + 1, plot.bottom}, page.colors.faint);
+        dc.FillRect({area.right - 1, plot.top, area.right, plot.bottom}, page.colors.faint);
+        const std::string text = GapText(gap.end - gap.begin);
+        const owl::TSize size = dc.GetTextExtent(text);
+        if (size.cx + 2 * kMargin < area.Width()) {
+            const int x = (area.left + area.right) / 2;
+            const int y = (area.top + area.bottom) / 2;
+            dc.FillRect(owl::TRect{x, y, x, y}.InflatedBy(size.cx / 2 + kMargin, size.cy / 2 + 3),
+                        page.colors.margin);
+            dc.SetTextColor(page.colors.faint);
+            dc.SetTextAlign(owl::TextAlign::Center);
+            dc.TextOut({x, y - size.cy / 2}, text);
+            dc.SetTextAlign(owl::TextAlign::Left);
+        }
+    }
+}
+
+void PaintBands(owl::TDC& dc, const PageInput& page, std::span<const EventTag> tags) {
+    const owl::TRect& plot = page.layout.plot;
+    for (const EventTag& tag : tags) {
+        if (tag.input->event->Class == EventClass::State) {
+            dc.BlendRect({tag.begin, plot.top, tag.end, plot.bottom}, ColorOf(*tag.input, page.colors),
+                         tag.input->selected ? kSelectedBand : kBand);
+        }
+    }
+}
+
+void PaintEvents(owl::TDC& dc, const PageInput& page, std::span<const EventTag> tags) {
+    const TraceLayout& layout = page.layout;
+    for (const EventTag& tag : tags) {
+        const owl::TColor color = ColorOf(*tag.input, page.colors);
+        const int top = tag.box.IsEmpty() ? layout.plot.top : tag.box.top;
+        const bool spot = tag.input->event->Class == EventClass::Spot;
+        const int width = tag.input->selected ? 2 : 1;
+        dc.FillRect({tag.begin, top, tag.begin + width, layout.plot.bottom}, color);
+        if (!spot) {
+            dc.FillRect({tag.begin, layout.plot.top - 2, tag.end, layout.plot.top + 1}, color);
+        }
+        if (tag.box.IsEmpty()) {
+            continue;
+        }
+        // The user's own stand out.
+        if (tag.input->own || tag.input->selected) {
+            dc.FillRect(tag.box, color);
+        } else {
+            dc.FillRect(tag.box, Blended(color, page.colors.margin, 0.16));
+            dc.FillRect({tag.box.left, tag.box.top, tag.box.left + 1, tag.box.bottom}, color);
+        }
+        if (tag.input->selected) {
+            dc.FrameRect(tag.box, page.colors.text);
+        }
+        dc.SetTextColor(tag.input->own || tag.input->selected ? TextOn(color) : page.colors.text);
+        const std::string text = FittedText(dc, tag.input->event->Label, tag.box.Width() - 2 * kTagPadding);
+        dc.TextOut({tag.box.left + kTagPadding, tag.box.top + 1}, text);
+    }
+}
+
+void PaintTraces(owl::TDC& dc, const PageInput& page) {
+    dc.SetClip(page.layout.plot);
+    for (const LineInput& line : page.lines) {
+        if (line.data == nullptr) {
+            continue;
+        }
+        const TraceGroup group = GroupOf(line.channel->type);
+        const owl::TColor color = line.channel->bad ? page.colors.bad : page.colors.Of(group);
+        dc.SelectPen({color});
+        const double width = line.selected ? page.lineWidth * 1.5 : page.lineWidth;
+        for (const TraceCurve& curve : CurvesOf(*line.data, page.layout, line.scaling)) {
+            dc.Curve(curve, width);
+        }
+    }
+    dc.ClearClip();
+}
+
+void PaintNames(owl::TDC& dc, const PageInput& page) {
+    const TraceLayout& layout = page.layout;
+    for (std::size_t i = 0; i < page.lines.size(); ++i) {
+        const LineInput& line = page.lines[i];
+        const int middle = static_cast<int>(layout.YOf(static_cast<int>(i)));
+        const int half = static_cast<int>(layout.spacing / 2);
+        if (line.selected) {
+            dc.FillRect({layout.names.left, middle - half, layout.names.right, middle + half + 1},
+                        Blended(page.colors.accent, page.colors.margin, 0.22));
+            dc.FillRect({layout.names.left, middle - half, layout.names.left + 3, middle + half + 1},
+                        page.colors.accent);
+        }
+        const TraceGroup group = GroupOf(line.channel->type);
+        const owl::TSize size = dc.GetTextExtent(line.channel->name);
+        const int top = middle - size.cy / 2;
+        dc.SetTextColor(line.channel->bad          ? page.colors.faint
+                        : group == TraceGroup::Eeg ? page.colors.text
+                                                   : page.colors.Of(group));
+        dc.SetTextAlign(owl::TextAlign::Right);
+        const int right = layout.names.right - kMargin;
+        const std::string name = FittedText(dc, line.channel->name, layout.names.Width() - 2 * kMargin);
+        dc.TextOut({right, top}, name);
+        dc.SetTextAlign(owl::TextAlign::Left);
+        if (line.channel->bad) {
+            const int width = std::min(size.cx, layout.names.Width() - 2 * kMargin);
+            dc.FillRect({right - width, middle, right, middle + 1}, page.colors.badEvent);
+        }
+    }
+}
+
+void PaintRuler(owl::TDC& dc, const PageInput& page, const RulerSteps& steps) {
+    const TraceLayout& layout = page.layout;
+    if (layout.ruler.IsEmpty()) {
+        return;
+    }
+    for (const double tick : TicksOf(layout.start, layout.duration, steps.grid)) {
+        const int x = static_cast<int>(std::floor(layout.XOf(tick)));
+        dc.FillRect({x, layout.ruler.top, x + 1, layout.ruler.top + 3}, page.colors.faint);
+    }
+    dc.SetTextAlign(owl::TextAlign::Center);
+    const int height = page.font.height;
+    for (const double tick : TicksOf(layout.start, layout.duration, steps.label)) {
+        const int x = static_cast<int>(std::floor(layout.XOf(tick)));
+        dc.FillRect({x, layout.ruler.top, x + 1, layout.ruler.top + 5}, page.colors.text);
+        const std::string clock = ClockTimeText(tick, steps.label, page.startTime);
+        const int half = dc.GetTextExtent(clock).cx / 2 + 1;
+        const int place =
+            std::clamp(x, layout.ruler.left + half - kMargin,
+                       std::max(layout.ruler.left + half - kMargin, layout.ruler.right - half + kMargin));
+        dc.SetTextColor(page.colors.text);
+        dc.TextOut({place, layout.ruler.top + 5}, clock);
+        dc.SetTextColor(page.colors.faint);
+        dc.TextOut({place, layout.ruler.top + 5 + height}, ElapsedText(tick, steps.label));
+    }
+    dc.SetTextAlign(owl::TextAlign::Left);
+}
+
+} // namespace
+
+owl::TColor ColorOf(const EventInput& event, const TraceColors& colors) {
+    const std::string& label = event.event->Label;
+    const bool bad = label.size() >= 3 && (label[0] == 'b' || label[0] == 'B') &&
+                     (label[1] == 'a' || label[1] == 'A') && (label[2] == 'd' || label[2] == 'D');
+    return bad ? colors.badEvent : event.own ? colors.ownEvent : colors.fileEvent;
+}
+
+void PaintPage(owl::TDC& dc, const PageInput& page, std::span<const EventTag> tags) {
+    const TraceLayout& layout = page.layout;
+    dc.SelectFont(page.font);
+    dc.FillRect({layout.names.left, layout.labels.top, layout.names.right, layout.ruler.bottom},
+                page.colors.margin);
+    dc.FillRect({layout.names.right, layout.labels.top, layout.plot.right + 2 * kMargin, layout.plot.top},
+                page.colors.margin);
+    dc.FillRect({layout.plot.right, layout.labels.top, layout.plot.right + 2 * kMargin, layout.ruler.bottom},
+                page.colors.margin);
+    dc.FillRect(layout.ruler, page.colors.margin);
+    if (!layout.plot.IsEmpty()) {
+        dc.FillRect(layout.plot, page.colors.background);
+        const int label = dc.GetTextExtent("00:00:00.000").cx + 2 * kMargin;
+        const RulerSteps steps = StepsOf(1 / layout.SecondsPerPixel(), label);
+        PaintShades(dc, page);
+        PaintBands(dc, page, tags);
+        PaintGrid(dc, page, steps);
+        PaintGaps(dc, page);
+        PaintTraces(dc, page);
+        PaintEvents(dc, page, tags);
+        PaintScaleBars(dc, page);
+        PaintRuler(dc, page, steps);
+    }
+    PaintNames(dc, page);
+}
+
+} // namespace orvanta::review

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keys, mouse and wheel of the trace view.
+#include "host/review/app/traces/trace_scales.h"
+#include "host/review/app/traces/trace_view_impl.h"
+#include "host/toolkit/event_guard.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace orvanta::review {
+
+namespace {
+
+/// How far the mouse moves before a click is a drag, pixels.
+constexpr int kDragDistance = 4;
+constexpr double kNotch = 120;
+/// Of the page: what a notch of the wheel scrolls by.
+constexpr double kWheelShare = 0.1;
+
+owl::TPoint PointOf(const QPointF& position) {
+    const QPoint whole = position.toPoint();
+    return {whole.x(), whole.y()};
+}
+
+} // namespace
+
+void TraceView::Impl::MoveToOverview(int x) {
+    const TraceLayout layout = Layout();
+    if (layout.overview.IsEmpty()) {
+        return;
+    }
+    const double share = static_cast<double>(x - layout.overview.left) / layout.overview.Width();
+    MoveTo(share * model.Total() - model.State().window.duration / 2);
+}
+
+void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
+                            Qt::KeyboardModifiers modifiers) {
+    const TraceLayout layout = Layout();
+    dragFrom = point;
+    dragWindow = model.State().window;
+    dragged = false;
+    drag = Drag::None;
+    if (button == Qt::LeftButton && layout.overview.Contains(point)) {
+        drag = Drag::Overview;
+        MoveToOverview(point.x);
+    } else if (button == Qt::LeftButton && layout.names.Contains(point)) {
+        const std::optional<int> line = layout.LineAt(point.y);
+        const std::string name =
+            line ? model.Channels()[model.Shown()[static_cast<std::size_t>(layout.firstLine + *line)]].name
+                 : std::string();
+        Select(name == model.Selected() ? std::string() : name);
+    } else if (layout.plot.Contains(point)) {
+        drag = button == Qt::MiddleButton                                   ? Drag::Pan
+               : button == Qt::RightButton || (modifiers & Qt::AltModifier) ? Drag::Zoom
+                                                                            : Drag::None;
+    }
+}
+
+void TraceView::Impl::Move(const owl::TPoint& point, Qt::KeyboardModifiers /*modifiers*/) {
+    dragged = dragged || std::abs(point.x - dragFrom.x) >= kDragDistance ||
+              std::abs(point.y - dragFrom.y) >= kDragDistance;
+    CursorInput cursor;
+    cursor.from = dragFrom;
+    cursor.at = point;
+    switch (drag) {
+    case Drag::Overview:
+        MoveToOverview(point.x);
+        break;
+    case Drag::Pan:
+        MoveTo(dragWindow.start - (point.x - dragFrom.x) * Layout().SecondsPerPixel());
+        break;
+    case Drag::Zoom:
+        cursor.kind = dragged ? CursorInput::Kind::Rectangle : CursorInput::Kind::None;
+        break;
+    default:
+        cursor.kind = Layout().plot.Contains(point) ? CursorInput::Kind::Cursor : CursorInput::Kind::None;
+        break;
+    }
+    overlay->SetCursor(cursor);
+}
+
+void TraceView::Impl::Release(const owl::TPoint& point) {
+    const Drag ended = std::exchange(drag, Drag::None);
+    overlay->SetCursor({});
+    if (ended == Drag::Zoom && dragged) {
+        const auto [left, right] = std::minmax(dragFrom.x, point.x);
+        const auto [top, bottom] = std::minmax(dragFrom.y, point.y);
+        ZoomInto({left, top, right + 1, bottom + 1});
+    }
+}
+
+void TraceView::Impl::Wheel(const owl::TPoint& point, double notches, Qt::KeyboardModifiers modifiers) {
+    const TraceLayout layout = Layout();
+    const TraceWindow& window = model.State().window;
+    if (modifiers & Qt::ControlModifier) {
+        const double share =
+            layout.plot.Width() > 0
+                ? std::clamp((layout.TimeAt(point.x) - window.start) / window.duration, 0.0, 1.0)
+                : 0;
+        SetDuration(NextStep(kPageLengths, window.duration, notches < 0), share);
+    } else if (modifiers & Qt::ShiftModifier) {
+        StepGain(notches > 0);
+    } else {
+        MoveBy(-notches * window.duration * kWheelShare);
+    }
+}
+
+bool TraceView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        // The view's own keys come before those of menus.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (CommandOfKey(key.key(), key.modifiers())) {
+            event->accept();
+            return true;
+        }
+    }
+    return TheChild::event(event);
+}
+
+void TraceView::keyPressEvent(QKeyEvent* event) {
+    const std::optional<unsigned> command = CommandOfKey(event->key(), event->modifiers());
+    if (!command || !IsCreated()) {
+        TheChild::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    owl::RunGuarded([&] { RunCommand(*command); });
+}
+
+void TraceView::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    owl::RunGuarded([&] { impl_->Press(PointOf(event->position()), event->button(), event->modifiers()); });
+}
+
+void TraceView::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+    owl::RunGuarded([&] { impl_->Move(PointOf(event->position()), event->modifiers()); });
+}
+
+void TraceView::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    owl::RunGuarded([&] { impl_->Release(PointOf(event->position())); });
+}
+
+void TraceView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void TraceView::leaveEvent(QEvent* event) {
+    if (impl_->overlay != nullptr && impl_->drag == Impl::Drag::None) {
+        impl_->overlay->SetCursor({});
+    }
+    TheChild::leaveEvent(event);
+}
+
+void TraceView::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    // With Shift or Alt some systems turn the wheel sideways.
+    const QPoint delta = event->angleDelta();
+    const double notches = (delta.y() != 0 ? delta.y() : delta.x()) / kNotch;
+    if (notches != 0) {
+        owl::RunGuarded([&] { impl_->Wheel(PointOf(event->position()), notches, event->modifiers()); });
+    }
+}
+
+void TraceView::resizeEvent(QResizeEvent* event) {
+    TheChild::resizeEvent(event);
+    if (impl_->overlay != nullptr) {
+        impl_->overlay->setGeometry(rect());
+        impl_->Refresh();
+    }
+}
+
+} // namespace orvanta::review
