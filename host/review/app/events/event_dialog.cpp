@@ -54,12 +54,13 @@ struct EventDialog::Impl {
 
 QString EventDialog::Impl::Problem(const EventRecord& typed) const {
     if (!ParseSeconds(ui.edBegin->text())) {
-        return EventText("noBegin", "the begin is no time (type seconds or h:mm:ss)");
+        return EventText("noBegin", "The begin is no time (type seconds or h:mm:ss)");
     }
     if (ui.rbState->isChecked() && !ParseSeconds(ui.edDuration->text())) {
-        return EventText("noDuration", "the duration is no time (type seconds or h:mm:ss)");
+        return EventText("noDuration", "The duration is no time (type seconds or h:mm:ss)");
     }
-    return QString::fromStdString(editor.WhyNot(typed));
+    QString reason = QString::fromStdString(editor.WhyNot(typed));
+    return reason.isEmpty() ? reason : reason.front().toUpper() + reason.mid(1);
 }
 
 EventDialog::EventDialog(HWND parent, const EventEditor& editor, const EventRecord& event, Purpose purpose)
@@ -71,7 +72,7 @@ EventDialog::EventDialog(HWND parent, const EventEditor& editor, const EventReco
                                            : EventText("changeTitle", "Change Event"));
     ui.btOk->setIcon(owl::IconOf(QStringLiteral("ok")));
     ui.btCancel->setIcon(owl::IconOf(QStringLiteral("cancel")));
-    constexpr int kProblemLines = 2;
+    constexpr int kProblemLines = 3;
     ui.lbProblem->setMinimumHeight(kProblemLines * ui.lbProblem->fontMetrics().lineSpacing());
     ui.cbLabel->addItems(KnownLabels(editor.Events()));
     const XTime begin = *event.Interval.GetBeginPtr();

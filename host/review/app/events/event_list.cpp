@@ -29,9 +29,27 @@ namespace orvanta::review {
 namespace {
 
 constexpr const char* kSection = "TFormEventList";
-/// Texts as wide as columns are at first.
-constexpr const char* kWidest[kEventColumns] = {"00:00:00.0000",  "00000.0000", "Duration (s)000",
-                                                "Eyes closed 00", "State00",    "Recording00"};
+/// Gives every column the room that its texts need, the labels what is left.
+void FitColumns(QTreeView& list) {
+    const QStringList widest[kEventColumns] = {
+        {"00:00:00.000"},
+        {"00000.000"},
+        {"0000.000"},
+        {},
+        {ClassText(EventClass::Spot), ClassText(EventClass::State)},
+        {SourceText(EventSource::Table), SourceText(EventSource::Recording)}};
+    constexpr int kSides = 3; // margins of a cell and the mark of the order, in characters
+    const QFontMetrics metrics = list.fontMetrics();
+    for (int column = 0; column < kEventColumns; ++column) {
+        int width = metrics.horizontalAdvance(list.model()->headerData(column, Qt::Horizontal).toString());
+        for (const QString& text : widest[column]) {
+            width = std::max(width, metrics.horizontalAdvance(text));
+        }
+        list.setColumnWidth(column, width + kSides * metrics.averageCharWidth());
+    }
+    list.header()->setStretchLastSection(false);
+    list.header()->setSectionResizeMode(static_cast<int>(EventColumn::Label), QHeaderView::Stretch);
+}
 
 } // namespace
 
@@ -82,11 +100,7 @@ void EventListPanel::SetUpControls() {
     ui.tvEvents->setAccessibleName(windowTitle());
     ui.cbKind->setAccessibleName(EventText("class", "Kind"));
     ui.tvEvents->setModel(&impl_->model);
-    ui.tvEvents->header()->setStretchLastSection(false);
-    ui.tvEvents->header()->setSectionResizeMode(static_cast<int>(EventColumn::Label), QHeaderView::Stretch);
-    for (int column = 0; column < kEventColumns; ++column) {
-        ui.tvEvents->setColumnWidth(column, ui.tvEvents->fontMetrics().horizontalAdvance(kWidest[column]));
-    }
+    FitColumns(*ui.tvEvents);
     const auto filter = [this] {
         const Ui::TFormEventList& form = impl_->ui;
         impl_->model.SetFilter(

@@ -24,10 +24,9 @@ QString TextOf(const EventRecord& event, EventColumn column, const EEGFileInfoTy
     case EventColumn::Label:
         return QString::fromStdString(event.Label);
     case EventColumn::Class:
-        return event.Class == EventClass::Spot ? EventText("spot", "Spot") : EventText("state", "State");
+        return ClassText(event.Class);
     case EventColumn::Source:
-        return event.Source == EventSource::Table ? EventText("own", "Mine")
-                                                  : EventText("recorded", "Recording");
+        return SourceText(event.Source);
     }
     return {};
 }

@@ -54,6 +54,14 @@ std::string DeleteText(std::size_t events) {
     return EventText("deleteMany", "Delete %1 Events").arg(events).toStdString();
 }
 
+QString ClassText(EventClass eventClass) {
+    return eventClass == EventClass::Spot ? EventText("spot", "Spot") : EventText("state", "State");
+}
+
+QString SourceText(EventSource source) {
+    return source == EventSource::Table ? EventText("own", "Mine") : EventText("recorded", "Recording");
+}
+
 QString SecondsText(const XTime& time) {
     return Numerals().toString(time.Seconds(), 'f', QLocale::FloatingPointShortest);
 }

@@ -28,6 +28,11 @@ std::string DeleteText(const std::string& label);
 /// "Delete 3 Events".
 std::string DeleteText(std::size_t events);
 
+/// "Spot" or "State".
+QString ClassText(EventClass eventClass);
+/// "Mine" or "Recording".
+QString SourceText(EventSource source);
+
 /// Shortest text of a time in seconds that is read again as it is: "12.5".
 QString SecondsText(const XTime& time);
 /// A time typed as seconds, "12.5", or as hours, minutes and seconds, "1:02:03.5" or "2:03.5"; none for any

@@ -78,15 +78,15 @@ TEST_F(EventForm, SaysWhatIsWrongAndStaysOpen) {
         const char* duration;
         const char* problem;
     } table[] = {
-        {"", "1", "1", "the event has no label (type one)"},
-        {"n/a", "1", "1", "the label \"n/a\" stands for none in the table (choose another)"},
-        {"a", "soon", "1", "the begin is no time (type seconds or h:mm:ss)"},
-        {"a", "nan", "1", "the begin is no time (type seconds or h:mm:ss)"},
-        {"a", "1", "", "the duration is no time (type seconds or h:mm:ss)"},
-        {"a", "1", "-1", "the event ends before it begins (exchange begin and end)"},
-        {"a", "1", "0", "a state event without a duration (make it longer or a spot event)"},
-        {"a", "11", "1", "the event lies outside the recording, which lasts 10 s (choose a time inside)"},
-        {"a", "-1", "1", "the event lies outside the recording, which lasts 10 s (choose a time inside)"},
+        {"", "1", "1", "The event has no label (type one)"},
+        {"n/a", "1", "1", "The label \"n/a\" stands for none in the table (choose another)"},
+        {"a", "soon", "1", "The begin is no time (type seconds or h:mm:ss)"},
+        {"a", "nan", "1", "The begin is no time (type seconds or h:mm:ss)"},
+        {"a", "1", "", "The duration is no time (type seconds or h:mm:ss)"},
+        {"a", "1", "-1", "The event ends before it begins (exchange begin and end)"},
+        {"a", "1", "0", "A state event without a duration (make it longer or a spot event)"},
+        {"a", "11", "1", "The event lies outside the recording, which lasts 10 s (choose a time inside)"},
+        {"a", "-1", "1", "The event lies outside the recording, which lasts 10 s (choose a time inside)"},
     };
     Adds(StateEvent("a", 1, 2), [&](const FormUser& form) {
         for (const auto& row : table) {
