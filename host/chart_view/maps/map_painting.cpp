@@ -9,6 +9,9 @@ namespace orvanta::chart {
 
 namespace {
 
+/// Of the background, over a map that is disabled: 0 to 255.
+constexpr std::uint8_t kPale = 150;
+
 std::vector<MapElectrode> ElectrodesOf(const GenericPlatform* platform, const MapData& data, int decimals) {
     std::vector<MapElectrode> electrodes;
     for (std::size_t i = 0; i < data.electrodes.size(); ++i) {
@@ -23,7 +26,7 @@ std::vector<MapElectrode> ElectrodesOf(const GenericPlatform* platform, const Ma
 
 MapLook LookOf(const MapDisplay& display, const MapSight& sight) {
     return {display.electrodes, display.names,   display.values,  display.ownScale, display.contours,
-            display.font,       sight.textColor, sight.backColor, sight.enabled,    sight.pixelRatio};
+            display.font,       sight.textColor, sight.backColor, sight.pixelRatio};
 }
 
 const Colors& ColorsOf(const MapDisplay& display) {
@@ -81,19 +84,39 @@ SeenElectrodes PaintMap(owl::TDC& dc, const GenericPlatform* platform, const Map
     const MapLook look = LookOf(display, sight);
     SeenElectrodes seen;
     if (sight.threeD) {
-        const HeadSurface* surface = fields.Head(data);
-        const std::span<const float> covers =
-            surface != nullptr ? std::span<const float>(surface->covers) : std::span<const float>();
-        seen = PaintHeadMap(dc, {sight.area, data.title, MapHead(), fields.Field(), covers, ColorsOf(display),
-                                 bar, electrodes, sight.view, display.opacity, sight.turning, look,
-                                 NoticeOf(data)});
+        HeadMap map{sight.area,
+                    data.title,
+                    MapHead(),
+                    {},
+                    {},
+                    {},
+                    ColorsOf(display),
+                    bar,
+                    electrodes,
+                    sight.view,
+                    display.opacity,
+                    sight.turning,
+                    look,
+                    NoticeOf(data)};
+        if (const HeadSurface* surface = fields.Head(data)) {
+            map.field = fields.Field();
+            map.covers = surface->covers;
+            map.beyond = surface->beyond;
+        }
+        seen = PaintHeadMap(dc, map);
     } else {
-        const FlatSurface* surface = fields.Flat(data);
-        const std::span<const float> beyond =
-            surface != nullptr ? std::span<const float>(surface->beyond) : std::span<const float>();
-        seen = PaintFlatMap(dc, {sight.area, data.title, surface != nullptr ? surface->reach : 1.0,
-                                 fields.Field(), beyond, ColorsOf(display), bar, electrodes, look,
-                                 NoticeOf(data)});
+        FlatMap map{sight.area, data.title,    {}, {}, {}, {}, ColorsOf(display), bar, electrodes,
+                    look,       NoticeOf(data)};
+        if (const FlatSurface* surface = fields.Flat(data)) {
+            map.reach = surface->reach;
+            map.field = fields.Field();
+            map.covers = surface->covers;
+            map.beyond = surface->beyond;
+        }
+        seen = PaintFlatMap(dc, map);
+    }
+    if (!sight.enabled) {
+        dc.BlendRect(sight.area, sight.backColor, kPale);
     }
     for (ElectrodeMark& mark : seen) {
         mark.electrode = electrodes[mark.electrode].number;

@@ -181,15 +181,14 @@ void TMapWindow::Describe() {
 
 void TMapWindow::Draw(owl::TDC& dc, bool erase, owl::TRect& rect) {
     TWindow::Draw(dc, erase, rect);
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
     MapSight sight;
     sight.area = GetClientRect();
     sight.threeD = impl_->threeD;
     sight.view = impl_->view;
     sight.turning = impl_->IsTurning();
     sight.enabled = isEnabled();
-    sight.textColor = owl::FromQColor(palette().color(group, QPalette::WindowText));
-    sight.backColor = owl::FromQColor(palette().color(group, QPalette::Window));
+    sight.textColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::WindowText));
+    sight.backColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::Window));
     sight.pixelRatio = devicePixelRatioF();
     if (!erase) {
         dc.FillRect(sight.area, sight.backColor);

@@ -4,26 +4,27 @@
 
 #include "spectra_contract/api.h"
 
-#include <span>
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace orvanta::chart {
 
-/// In pixels; whole numbers are the middles of pixels.
-struct GridPoint {
-    double column = 0;
-    double row = 0;
-
-    bool operator==(const GridPoint&) const = default;
-};
-
-/// Marching squares with linear interpolation between the pixels. A line that closes repeats its first point.
-/// \param field side × side values, row by row; lines keep away from those that are not finite
-/// \param level a pixel of exactly this value counts as above
-ORVANTA_API std::vector<std::vector<GridPoint>> ContourLines(std::span<const float> field, int side,
-                                                             double level);
-
 /// Levels that divide the scale in \p count + 1 equal parts; none when it has no width.
 ORVANTA_API std::vector<double> ContourLevels(double low, double high, int count);
+
+/// How much of a pixel the nearest line covers, 0 to 1: by its distance, which value and slope tell.
+/// \param level the pixel's value, counted in levels: the lines are at 1, 2, ... \p count
+/// \param slope of the level, per pixel
+/// \param width of a line, pixels
+inline float ContourCoverage(float level, float slope, int count, float width) {
+    const float nearest = std::round(level);
+    if (nearest < 1 || nearest > static_cast<float>(count)) {
+        return 0;
+    }
+    const float distance = std::abs(level - nearest);
+    return distance < slope * (width + 1) ? std::clamp(width / 2 + 0.5F - distance / slope, 0.0F, 1.0F)
+                                          : 0.0F;
+}
 
 } // namespace orvanta::chart

@@ -13,6 +13,8 @@ namespace {
 
 /// Room between the lowest electrode and the edge.
 constexpr double kRim = 0.06;
+/// Radii of the head that the edge falls back to per squared radian beside an electrode.
+constexpr double kBulge = 0.35;
 /// Farther than anything on a map.
 constexpr double kNowhere = 10;
 
@@ -65,13 +67,23 @@ HeadPosition OnHead(const Place& place) {
     return {place.x * across, -place.y * across, std::cos(angle)};
 }
 
-double ReachOf(std::span<const HeadPosition> electrodes) {
-    double reach = 1;
+MapEdge::MapEdge(std::span<const HeadPosition> electrodes) {
     for (const HeadPosition& electrode : electrodes) {
         const Place place = Projected(electrode);
-        reach = std::max(reach, std::hypot(place.x, place.y) + kRim);
+        const double reach = std::hypot(place.x, place.y) + kRim;
+        if (reach > 1) {
+            low_.push_back({std::atan2(place.x, -place.y), std::min(reach, kFarthest)});
+        }
     }
-    return std::min(reach, kFarthest);
+}
+
+double MapEdge::At(double angle) const {
+    double reach = 1;
+    for (const Low& low : low_) {
+        const double away = std::remainder(angle - low.angle, 2 * std::numbers::pi);
+        reach = std::max(reach, low.reach - kBulge * away * away);
+    }
+    return reach;
 }
 
 ElectrodeHull::ElectrodeHull(std::span<const HeadPosition> electrodes) {

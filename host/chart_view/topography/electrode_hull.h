@@ -12,9 +12,21 @@ namespace orvanta::chart {
 /// The point of the head over a place, the inverse of Projected, on the unit sphere.
 ORVANTA_API HeadPosition OnHead(const Place& place);
 
-/// Reach of a map that shows all the electrodes: the head, or as much more as the lowest electrode needs, at
-/// most kFarthest.
-ORVANTA_API double ReachOf(std::span<const HeadPosition> electrodes);
+/// How far a map reaches from the vertex in a direction: over the head as seen from above, and as much more
+/// as low electrodes there need, at most kFarthest. Around an electrode the edge bulges gently.
+class ORVANTA_API MapEdge {
+public:
+    explicit MapEdge(std::span<const HeadPosition> electrodes);
+
+    /// \param angle from the nose to the right ear, radians \return radii of the head, at least 1
+    double At(double angle) const;
+
+private:
+    struct Low {
+        double angle, reach;
+    };
+    std::vector<Low> low_; ///< electrodes near the edge of the head and beyond
+};
 inline constexpr double kFarthest = 1.35;
 
 /// The convex hull of electrodes, as seen from above.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/topography/electrode_marks.h"
 
-#include "host/chart_view/topography/map_colors.h"
-
 #include <algorithm>
 #include <array>
 
@@ -12,8 +10,9 @@ namespace {
 
 constexpr owl::TColor kBlack = owl::Rgb(0, 0, 0);
 constexpr owl::TColor kWhite = owl::Rgb(255, 255, 255);
-/// Of a head's radius, pixels: on a smaller one nothing is written.
+/// Of a head's radius, pixels: on a smaller one nothing is written, or not even dots are drawn.
 constexpr int kRoomForText = 55;
+constexpr int kRoomForDots = 16;
 constexpr int kSmallestLabel = 9;
 constexpr std::uint8_t kLabelGround = 170;
 
@@ -44,7 +43,7 @@ std::string LabelOf(const MapElectrode& electrode, const MapLook& look) {
 } // namespace
 
 int DotReach(int headRadius) {
-    return std::clamp(headRadius / 28, 1, 3);
+    return headRadius < kRoomForDots ? 0 : std::clamp(headRadius / 28, 1, 3);
 }
 
 std::vector<owl::TRect> PlaceLabels(const std::vector<owl::TPoint>& dots,
@@ -90,7 +89,7 @@ void PaintMarks(owl::TDC& dc, const std::vector<ElectrodeMark>& marks,
     std::vector<std::string> labels;
     for (const ElectrodeMark& mark : marks) {
         const MapElectrode& electrode = electrodes[mark.electrode];
-        if (look.electrodes) {
+        if (look.electrodes && reach > 0) {
             // Black on light rings and the other way round: both are seen on every colour.
             dc.SelectPen({electrode.used ? kWhite : kBlack, 1});
             dc.SelectBrush({electrode.used ? kBlack : kWhite, false});
@@ -104,7 +103,7 @@ void PaintMarks(owl::TDC& dc, const std::vector<ElectrodeMark>& marks,
         }
     }
     const std::vector<owl::TRect> boxes = PlaceLabels(dots, extents, look.electrodes ? reach : 0, area);
-    dc.SetTextColor(look.enabled ? kBlack : Mixed(kBlack, look.backColor, 0.5));
+    dc.SetTextColor(kBlack);
     dc.SetTextAlign(owl::TextAlign::Left);
     for (std::size_t i = 0; i < boxes.size(); ++i) {
         if (!boxes[i].IsEmpty()) {

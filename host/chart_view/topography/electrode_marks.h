@@ -25,7 +25,7 @@ struct ElectrodeMark {
     std::size_t electrode = 0; ///< its number
 };
 
-/// Pixels from the middle of a dot to its edge. \param headRadius pixels
+/// Pixels from the middle of a dot to its edge; 0 for a head too small for dots. \param headRadius pixels
 ORVANTA_API int DotReach(int headRadius);
 
 /// Where labels stand: below their dots, else above, right or left of them, so that none covers another or a

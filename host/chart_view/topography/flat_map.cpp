@@ -42,17 +42,17 @@ void PaintHead(owl::TDC& dc, const FlatHead& head, const MapLook& look) {
 
 } // namespace
 
-FlatHead PlaceFlatHead(const owl::TRect& room, double reach) {
-    // In radii of the head: how far the picture reaches up to the nose, down and to the sides.
-    const double up = std::max(kNoseReach, reach);
-    const double aside = std::max(kEarReach, reach);
+FlatHead PlaceFlatHead(const owl::TRect& room, const MapReach& reach) {
+    const double up = std::max(kNoseReach, reach.front);
+    const double down = reach.back;
+    const double aside = std::max(kEarReach, reach.aside);
     FlatHead head;
     head.radius =
-        std::max(0, static_cast<int>(std::min(room.Width() / (2 * aside), room.Height() / (up + reach))));
-    const int height = static_cast<int>(head.radius * (up + reach));
+        std::max(0, static_cast<int>(std::min(room.Width() / (2 * aside), room.Height() / (up + down))));
+    const int height = static_cast<int>(head.radius * (up + down));
     head.centre = {(room.left + room.right) / 2,
                    room.top + (room.Height() - height) / 2 + static_cast<int>(head.radius * up)};
-    const int half = static_cast<int>(std::lround(head.radius * reach));
+    const int half = static_cast<int>(std::lround(head.radius * reach.farthest));
     head.disc = {head.centre.x - half, head.centre.y - half, head.centre.x + half, head.centre.y + half};
     return head;
 }
@@ -71,7 +71,7 @@ std::vector<ElectrodeMark> PaintFlatMap(owl::TDC& dc, const FlatMap& map) {
         return {};
     }
     if (!frame.scale.IsEmpty()) {
-        PaintScale(dc, frame.scale, ShownColors(map.colors, map.look), map.scale, map.look);
+        PaintScale(dc, Beside(frame.scale, head.centre.y, head.radius), map.colors, map.scale, map.look);
     }
     if (!empty) {
         const int side = std::max(1, static_cast<int>(std::lround(head.disc.Width() * map.look.pixelRatio)));

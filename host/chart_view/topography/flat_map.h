@@ -5,6 +5,7 @@
 #include "host/chart_view/head_places.h"
 #include "host/chart_view/topography/electrode_marks.h"
 #include "host/chart_view/topography/map_frame.h"
+#include "host/chart_view/topography/map_surface.h"
 
 #include <span>
 #include <string>
@@ -16,10 +17,9 @@ namespace orvanta::chart {
 struct FlatMap {
     owl::TRect area;
     std::string title;
-    double reach = 1; ///< radius of the coloured disc, in radii of the head
-    /// For each node of the grid the value, and how far it is extrapolated, as FlatSurface has them; empty
-    /// when nothing is known.
-    std::span<const float> field, beyond;
+    MapReach reach;
+    /// For each node of the grid, as FlatSurface has them; empty when nothing is known.
+    std::span<const float> field, covers, beyond;
     const Colors& colors;
     ColorScale scale;
     std::vector<MapElectrode> electrodes; ///< all of them with a place on the head
@@ -29,13 +29,13 @@ struct FlatMap {
 
 /// Where the head lies in the room that it has.
 struct FlatHead {
-    owl::TRect disc; ///< around the coloured part
+    owl::TRect disc; ///< around the farthest reach of the map
     int radius = 0;  ///< of the head, pixels; 0 without room
     owl::TPoint centre;
 };
-ORVANTA_API FlatHead PlaceFlatHead(const owl::TRect& room, double reach);
+ORVANTA_API FlatHead PlaceFlatHead(const owl::TRect& room, const MapReach& reach);
 
-/// The coloured disc, transparent around it: contours, and stripes of the background where the values are
+/// The coloured part, transparent around it: contours, and stripes of the background where the values are
 /// extrapolated. \param side pixels of the device, at least 1
 ORVANTA_API owl::TImage DiscOf(const FlatMap& map, int side);
 

@@ -34,13 +34,14 @@ std::vector<ElectrodeMark> PaintHeadMap(owl::TDC& dc, const HeadMap& map) {
     if (square.Width() < kSmallestPicture) {
         return {};
     }
-    const Colors colors = ShownColors(map.colors, map.look);
     if (!frame.scale.IsEmpty()) {
-        PaintScale(dc, frame.scale, colors, map.scale, map.look);
+        PaintScale(dc, Beside(frame.scale, (square.top + square.bottom) / 2, square.Width() / 2), map.colors,
+                   map.scale, map.look);
     }
     const int size = static_cast<int>(std::lround(square.Width() * map.look.pixelRatio));
-    dc.DrawImage(square, PictureOf({map.mesh, map.field, map.covers, colors, map.scale.low, map.scale.high,
-                                    map.view, map.opacity / 100.0, size, map.turning ? 1 : 2}));
+    dc.DrawImage(square, PictureOf({map.mesh, map.field, map.covers, map.beyond, map.colors, map.scale.low,
+                                    map.scale.high, map.view, map.opacity / 100.0, size, map.turning ? 1 : 2,
+                                    map.look.contours, map.look.pixelRatio}));
     if (empty) {
         PaintNotice(dc, square, map.notice, map.look);
         return {};

@@ -18,7 +18,7 @@ struct HeadMap {
     std::string title;
     const HeadMesh& mesh;
     /// For each corner of the mesh, as HeadSurface has them; empty when nothing is known.
-    std::span<const float> field, covers;
+    std::span<const float> field, covers, beyond;
     const Colors& colors;
     ColorScale scale;
     std::vector<MapElectrode> electrodes; ///< all of them with a place on the head

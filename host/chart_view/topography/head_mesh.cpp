@@ -50,14 +50,14 @@ struct Feature {
 
 const std::array<Feature, 8>& Features() {
     static const std::array<Feature, 8> features = {{
-        {Unit({0, 0.90, -0.30}), 0.17, 0.075, 0.085},      // tip of the nose
+        {Unit({0, 0.90, -0.30}), 0.17, 0.080, 0.085},      // tip of the nose
         {Unit({0, 0.96, -0.13}), 0.05, 0.060, 0.110},      // bridge of the nose
         {Unit({0.27, 0.92, -0.10}), -0.055, 0.110, 0.075}, // eyes
         {Unit({0.24, 0.95, 0.05}), 0.020, 0.170, 0.050},   // brows
         {Unit({0.42, 0.85, -0.30}), 0.020, 0.120, 0.100},  // cheeks
         {Unit({0, 0.80, -0.52}), 0.045, 0.130, 0.045},     // lips
         {Unit({0, 0.70, -0.72}), 0.120, 0.170, 0.110},     // chin
-        {Unit({1, -0.10, -0.16}), 0.110, 0.060, 0.150},    // ears
+        {Unit({1, -0.12, -0.18}), 0.085, 0.085, 0.150},    // ears
     }};
     return features;
 }
@@ -76,7 +76,7 @@ double HeightOf(const Feature& feature, const HeadPosition& d) {
 /// A cylinder down from the centre, leaning back, cut level.
 double Neck(const HeadPosition& d) {
     constexpr double kRadius = 0.44;
-    constexpr double kLength = 1.28;
+    constexpr double kLength = 1.14;
     constexpr double kLean = 0.16;
     constexpr double kRounded = 0.25;
     if (d.z >= 0) {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/topography/head_picture.h"
 
+#include "host/chart_view/topography/contours.h"
+#include "host/chart_view/topography/map_colors.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -11,16 +14,17 @@ namespace orvanta::chart {
 namespace {
 
 /// The head's farthest point, from the centre of the picture, in half its side: chin and neck reach lowest.
-constexpr double kFill = 0.72;
+constexpr double kFill = 0.84;
 /// The centre of the picture lies below the centre of the head, so that head and neck stand in the middle.
-constexpr double kLowered = 0.12;
+constexpr double kLowered = 0.11;
 
 constexpr owl::TColor kSkin = owl::Rgb(226, 205, 188);
-// Light enough in the shade that colours can be compared with those of the scale.
-constexpr double kAmbient = 0.58;
-constexpr double kDiffuse = 0.46;
-constexpr double kShine = 0.10;
+constexpr double kAmbient = 0.60;
+constexpr double kDiffuse = 0.44;
+constexpr double kShine = 0.09;
 constexpr double kSharpness = 24;
+/// Of light and shade, where values are shown: their colours are to be compared with those of the scale.
+constexpr float kLightOnValues = 0.5F;
 
 struct Vector {
     float x = 0, y = 0, z = 0;
@@ -69,8 +73,9 @@ struct Corner {
     float x, y;
     float depth; ///< larger is nearer
     float light, shine;
-    float value; ///< on a scale from 0.5 to 255.5, so that its whole part is the number of a colour
-    float cover; ///< above 0 where values are shown
+    float value;  ///< on a scale from 0.5 to 255.5, so that its whole part is the number of a colour
+    float cover;  ///< above 0 where values are shown
+    float beyond; ///< above 0 where they are extrapolated
 };
 
 std::vector<Corner> CornersOf(const HeadScene& scene, int size, bool inside) {
@@ -102,6 +107,7 @@ std::vector<Corner> CornersOf(const HeadScene& scene, int size, bool inside) {
         const double share = span > 0 && known ? (scene.values[i] - scene.low) / span : 0.5;
         corner.value = static_cast<float>(std::clamp(share, 0.0, 1.0) * (kPaletteColors - 1) + 0.5);
         corner.cover = known ? scene.covers[i] : 0.0F;
+        corner.beyond = i < scene.beyond.size() ? scene.beyond[i] : -1.0F;
     }
     return corners;
 }
@@ -111,6 +117,9 @@ class Layer {
 public:
     Layer(const HeadScene& scene, int size, bool inside)
         : colors_(scene.colors), size_(size),
+          contours_(scene.high > scene.low && !scene.values.empty() ? scene.contours : 0),
+          levelsPerColor_(static_cast<float>(contours_ + 1) / (kPaletteColors - 1)),
+          pixelRatio_(static_cast<float>(scene.pixelRatio * scene.samples)),
           depths_(static_cast<std::size_t>(size) * static_cast<std::size_t>(size),
                   -std::numeric_limits<float>::infinity()),
           pixels_(depths_.size(), 0) {
@@ -138,6 +147,7 @@ private:
         const int lastX = std::min(size_ - 1, static_cast<int>(std::floor(right - 0.5F)));
         const int firstY = std::max(0, static_cast<int>(std::ceil(top - 0.5F)));
         const int lastY = std::min(size_ - 1, static_cast<int>(std::floor(bottom - 0.5F)));
+        const float slope = contours_ > 0 ? Slope(a, b, c, area) * levelsPerColor_ : 0.0F;
         for (int y = firstY; y <= lastY; ++y) {
             for (int x = firstX; x <= lastX; ++x) {
                 const float px = static_cast<float>(x) + 0.5F;
@@ -156,13 +166,38 @@ private:
                                        static_cast<std::size_t>(x);
                 if (depth > depths_[at]) {
                     depths_[at] = depth;
-                    const owl::TColor color = mixed(&Corner::cover) > 0
-                                                  ? colors_[static_cast<std::size_t>(mixed(&Corner::value))]
-                                                  : kSkin;
-                    pixels_[at] = Lit(color, mixed(&Corner::light), mixed(&Corner::shine));
+                    const float light = mixed(&Corner::light);
+                    const float shine = mixed(&Corner::shine);
+                    pixels_[at] =
+                        mixed(&Corner::cover) > 0
+                            ? Lit(Covered(mixed(&Corner::value), slope, mixed(&Corner::beyond), x + y),
+                                  1 + (light - 1) * kLightOnValues, shine * kLightOnValues)
+                            : Lit(kSkin, light, shine);
                 }
             }
         }
+    }
+
+    /// Of the values over the picture, in colours per pixel.
+    static float Slope(const Corner& a, const Corner& b, const Corner& c, float area) {
+        const float across = (b.value - a.value) * (c.y - a.y) - (c.value - a.value) * (b.y - a.y);
+        const float down = (c.value - a.value) * (b.x - a.x) - (b.value - a.value) * (c.x - a.x);
+        return std::hypot(across, down) / std::abs(area);
+    }
+
+    /// \param diagonal row and column
+    owl::TColor Covered(float value, float slope, float beyond, int diagonal) const {
+        owl::TColor color = colors_[static_cast<std::size_t>(value)];
+        if (beyond > 0) {
+            const float across = static_cast<float>(diagonal) / std::numbers::sqrt2_v<float>;
+            color = Mixed(color, kSkin, kStripeShare * StripeCoverage(across, pixelRatio_));
+        }
+        if (contours_ > 0) {
+            const float line =
+                ContourCoverage((value - 0.5F) * levelsPerColor_, slope, contours_, pixelRatio_);
+            color = line > 0 ? Mixed(color, LineOn(color), line) : color;
+        }
+        return color;
     }
 
     static std::uint32_t Lit(owl::TColor color, float light, float shine) {
@@ -176,6 +211,8 @@ private:
 
     const Colors& colors_;
     int size_;
+    int contours_;
+    float levelsPerColor_, pixelRatio_;
     std::vector<float> depths_;
     std::vector<std::uint32_t> pixels_;
 };

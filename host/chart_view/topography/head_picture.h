@@ -44,13 +44,17 @@ struct HeadScene {
     std::span<const float> values;
     /// One for each corner: the values are shown where this is above 0, skin elsewhere.
     std::span<const float> covers;
+    /// One for each corner: striped with skin where this is above 0. Empty for nowhere.
+    std::span<const float> beyond;
     const Colors& colors;
     double low = 0, high = 1; ///< the scale
     HeadView view;
     /// 1 hides what is behind; below, the inner side of the far half shows through, and what is behind that.
     double opacity = 1;
-    int size = 200;  ///< side, pixels
-    int samples = 2; ///< per pixel along each side: 1 while the head is being turned
+    int size = 200;        ///< side, pixels
+    int samples = 2;       ///< per pixel along each side: 1 while the head is being turned
+    int contours = 0;      ///< lines between the ends of the scale
+    double pixelRatio = 1; ///< pixels to a logical one: the width of lines
 };
 
 /// Lit from above the viewer's left shoulder; transparent around the head.

@@ -15,11 +15,12 @@ namespace {
 constexpr int kGap = 4;
 constexpr int kBarWidth = 10;
 constexpr int kTallestBar = 260;
+constexpr int kShortestBar = 90;
 /// A scale leaves so much for the head on each side, or is left out.
-constexpr int kSmallestBody = 48;
+constexpr int kSmallestBody = 72;
 /// Below so many lines of the font a map has no title.
 constexpr int kLinesForTitle = 4;
-constexpr double kPale = 0.6;
+constexpr std::uint8_t kNoticeGround = 190;
 
 /// Of the bar's height, from its upper end.
 double ShareOf(std::size_t number, std::size_t count) {
@@ -62,6 +63,12 @@ MapFrame LayOutMap(const owl::TRect& area, int lineHeight, const owl::TSize& sca
         frame.body.right = left - 2 * kGap;
     }
     return frame;
+}
+
+owl::TRect Beside(const owl::TRect& scale, int middle, int radius) {
+    const int half = std::max(radius, kShortestBar / 2);
+    return {scale.left, std::max(scale.top, middle - half), scale.right,
+            std::min(scale.bottom, middle + half)};
 }
 
 void PaintTitle(owl::TDC& dc, const owl::TRect& area, const std::string& title, owl::TColor color) {
@@ -108,22 +115,20 @@ void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& text, 
     if (height > area.Height()) {
         return;
     }
+    int width = 0;
+    for (const std::string& part : lines) {
+        width = std::max(width, dc.GetTextExtent(part).cx);
+    }
+    const int middle = (area.left + area.right) / 2;
+    int top = (area.top + area.bottom - height) / 2;
+    dc.BlendRect(owl::TRect{middle, top, middle, top + height}.InflatedBy(width / 2 + kGap, kGap / 2),
+                 look.backColor, kNoticeGround);
     dc.SetTextColor(look.textColor);
     dc.SetTextAlign(owl::TextAlign::Center);
-    int top = (area.top + area.bottom - height) / 2;
     for (const std::string& part : lines) {
-        dc.TextOut({(area.left + area.right) / 2, top}, part);
+        dc.TextOut({middle, top}, part);
         top += line;
     }
-}
-
-Colors ShownColors(const Colors& colors, const MapLook& look) {
-    Colors shown = colors;
-    if (!look.enabled) {
-        std::transform(shown.begin(), shown.end(), shown.begin(),
-                       [&look](owl::TColor color) { return Mixed(color, look.backColor, kPale); });
-    }
-    return shown;
 }
 
 } // namespace orvanta::chart

@@ -28,7 +28,6 @@ struct MapLook {
     owl::TFont font = {};
     owl::TColor textColor = owl::Rgb(0, 0, 0);
     owl::TColor backColor = owl::Rgb(255, 255, 255);
-    bool enabled = true;   ///< else pale
     double pixelRatio = 1; ///< device pixels to a logical one
 };
 
@@ -46,6 +45,9 @@ ORVANTA_API owl::TSize ScaleExtent(const owl::TDC& dc, const ColorScale& scale);
 ORVANTA_API MapFrame LayOutMap(const owl::TRect& area, int lineHeight, const owl::TSize& scale,
                                bool withTitle);
 
+/// The part of the scale's room beside a head of this radius, as far as the scale needs no more.
+ORVANTA_API owl::TRect Beside(const owl::TRect& scale, int middle, int radius);
+
 /// Centred, elided.
 ORVANTA_API void PaintTitle(owl::TDC& dc, const owl::TRect& area, const std::string& title,
                             owl::TColor color);
@@ -56,7 +58,5 @@ ORVANTA_API void PaintScale(owl::TDC& dc, const owl::TRect& area, const Colors& 
 /// In the middle of the area, in as many lines as it takes.
 ORVANTA_API void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& text,
                              const MapLook& look);
-/// The colours, paler towards the background for what is disabled.
-ORVANTA_API Colors ShownColors(const Colors& colors, const MapLook& look);
 
 } // namespace orvanta::chart

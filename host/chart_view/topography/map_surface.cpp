@@ -6,17 +6,17 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
 namespace orvanta::chart {
 
 namespace {
 
-/// Radii of the head: so far outside the electrodes a map does not count as extrapolated.
-constexpr double kMargin = 0.04;
-/// On a head, where values end at the hull, some more.
-constexpr double kHeadMargin = 0.12;
-constexpr int kRings = 90;
-constexpr int kSectors = 120;
+/// Radii of the head: a map does not count as extrapolated so far outside the electrodes, which is less than
+/// they are apart.
+constexpr double kMargin = 0.12;
+constexpr int kRings = 100;
+constexpr int kSectors = 160;
 
 /// Keeps no surface alive by itself.
 template <typename Surface, auto Make>
@@ -37,20 +37,47 @@ std::shared_ptr<const Surface> Shared(const std::vector<HeadPosition>& electrode
     return made;
 }
 
+/// Where a map ends, and where its electrodes do.
+class Ends {
+public:
+    explicit Ends(const std::vector<HeadPosition>& electrodes) : edge_(electrodes), hull_(electrodes) {}
+
+    MapReach Reach() const {
+        constexpr int kSteps = 360;
+        MapReach reach;
+        for (int i = 0; i < kSteps; ++i) {
+            const double angle = 2 * std::numbers::pi * i / kSteps;
+            const double here = edge_.At(angle);
+            reach.front = std::max(reach.front, here * std::cos(angle));
+            reach.back = std::max(reach.back, -here * std::cos(angle));
+            reach.aside = std::max(reach.aside, here * std::abs(std::sin(angle)));
+            reach.farthest = std::max(reach.farthest, here);
+        }
+        return reach;
+    }
+    float Covers(const Place& place) const {
+        return static_cast<float>(edge_.At(std::atan2(place.x, -place.y)) - std::hypot(place.x, place.y));
+    }
+    float Beyond(const Place& place) const { return static_cast<float>(hull_.DistanceTo(place) - kMargin); }
+
+private:
+    MapEdge edge_;
+    ElectrodeHull hull_;
+};
+
 FlatSurface MakeFlat(const std::vector<HeadPosition>& electrodes) {
+    const Ends ends(electrodes);
     FlatSurface surface;
-    surface.reach = ReachOf(electrodes);
-    const ElectrodeHull hull(electrodes);
+    surface.reach = ends.Reach();
     const double farthest = 1 + (kGridRim + 1) * (NodeAt(1) - NodeAt(0));
     std::vector<HeadPosition> points;
-    surface.beyond.resize(static_cast<std::size_t>(kGridSide) * kGridSide);
     for (int row = 0; row < kGridSide; ++row) {
         for (int column = 0; column < kGridSide; ++column) {
-            const auto node = static_cast<std::uint32_t>(row * kGridSide + column);
-            const Place place{NodeAt(column) * surface.reach, NodeAt(row) * surface.reach};
-            surface.beyond[node] = static_cast<float>(hull.DistanceTo(place) - kMargin);
+            const Place place{NodeAt(column) * surface.reach.farthest, NodeAt(row) * surface.reach.farthest};
+            surface.covers.push_back(ends.Covers(place));
+            surface.beyond.push_back(ends.Beyond(place));
             if (std::hypot(NodeAt(column), NodeAt(row)) <= farthest) {
-                surface.nodes.push_back(node);
+                surface.nodes.push_back(static_cast<std::uint32_t>(row * kGridSide + column));
                 points.push_back(OnHead(place));
             }
         }
@@ -61,12 +88,12 @@ FlatSurface MakeFlat(const std::vector<HeadPosition>& electrodes) {
 
 HeadSurface MakeHead(const std::vector<HeadPosition>& electrodes) {
     const HeadMesh& mesh = MapHead();
-    HeadSurface surface{mesh, SphericalSpline(electrodes).WeightsAt(mesh.directions), {}};
-    const ElectrodeHull hull(electrodes);
+    const Ends ends(electrodes);
+    HeadSurface surface{mesh, SphericalSpline(electrodes).WeightsAt(mesh.directions), {}, {}};
     for (const HeadPosition& direction : mesh.directions) {
-        // Without a hull the whole upper head tells what is known.
-        const double outside = hull.IsEmpty() ? -direction.z : hull.DistanceTo(Projected(direction));
-        surface.covers.push_back(static_cast<float>(kHeadMargin - outside));
+        const Place place = Projected(direction);
+        surface.covers.push_back(ends.Covers(place));
+        surface.beyond.push_back(ends.Beyond(place));
     }
     return surface;
 }

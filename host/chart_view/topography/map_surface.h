@@ -14,23 +14,29 @@ namespace orvanta::chart {
 /// Nodes along each side of the grid of a flat map. The fields are smooth: what lies between nodes is told
 /// by the 16 around it.
 inline constexpr int kGridSide = 129;
-/// Nodes beyond the edge of the disc on each side.
+/// Nodes beyond the farthest reach of the map on each side.
 inline constexpr int kGridRim = 2;
 
-/// The node's distance from the middle of the grid, in radii of the disc.
+/// The node's distance from the middle of the grid, from -1 to 1 within the reach of the map.
 constexpr double NodeAt(int node) {
     constexpr double kMiddle = (kGridSide - 1) / 2.0;
     return (node - kMiddle) / (kMiddle - kGridRim);
 }
 
+/// How far a map reaches from the vertex, in radii of the head.
+struct MapReach {
+    double front = 1, back = 1, aside = 1;
+    double farthest = 1; ///< in any direction: the radius of the grid's disc
+};
+
 /// Of a flat map: the head seen from above.
 struct FlatSurface {
-    double reach = 1;                 ///< radius of the disc, in radii of the head
+    MapReach reach;
     std::vector<std::uint32_t> nodes; ///< numbers of those that count, row by row
     SplineWeights weights;            ///< for each of them
-    /// For each node of the grid: how far it lies outside the electrodes, in radii of the head; below 0
-    /// inside or less than a margin outside.
-    std::vector<float> beyond;
+    // For each node of the grid, in radii of the head:
+    std::vector<float> covers; ///< how far it lies inside the edge of the map; below 0 outside
+    std::vector<float> beyond; ///< how far it lies outside the electrodes; below 0 inside and close to them
 
     /// \param values of the electrodes, finite \return for each node of the grid
     std::vector<float> FieldOf(std::span<const float> values) const;
@@ -40,7 +46,8 @@ struct FlatSurface {
 struct HeadSurface {
     const HeadMesh& mesh;
     SplineWeights weights;     ///< for each corner of the mesh
-    std::vector<float> covers; ///< the same: above 0 where the electrodes tell something
+    std::vector<float> covers; ///< the same, as FlatSurface has it
+    std::vector<float> beyond; ///< the same
 
     /// \param values of the electrodes, finite \return for each corner
     std::vector<float> FieldOf(std::span<const float> values) const;
@@ -55,7 +62,7 @@ ORVANTA_API std::shared_ptr<const HeadSurface> SharedHeadSurface(const std::vect
 ORVANTA_API const HeadMesh& MapHead();
 
 /// Cubic (Catmull and Rom 1974) through the nodes. \param grid of kGridSide squared nodes
-/// \param side of the picture that the disc just fits, pixels
+/// \param side of the picture into which the farthest reach just fits, pixels
 class ORVANTA_API GridSampler {
 public:
     explicit GridSampler(int side);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numbers>
 
 namespace {
 
@@ -30,17 +31,30 @@ TEST(OnHead, IsTheInverseOfTheProjection) {
     }
 }
 
-TEST(ReachOf, IsTheHeadForElectrodesOnIt) {
-    EXPECT_EQ(ReachOf(std::vector<HeadPosition>{{0, 0, 1}, {0.6, 0, 0.8}}), 1);
+TEST(MapEdge, IsTheHeadForElectrodesOnIt) {
+    const MapEdge edge(std::vector<HeadPosition>{{0, 0, 1}, {0.6, 0, 0.8}});
+    EXPECT_EQ(edge.At(0), 1);
+    EXPECT_EQ(edge.At(2), 1);
 }
 
-TEST(ReachOf, GrowsToTheLowestElectrode) {
-    // 112.5° from the vertex, so at 1.25 radii.
-    EXPECT_NEAR(ReachOf(std::vector<HeadPosition>{{0.9239, 0, -0.3827}}), 1.31, 1e-3);
+TEST(MapEdge, BulgesAroundALowElectrode) {
+    // 112.5° from the vertex, so at 1.25 radii, and some more.
+    const MapEdge edge(std::vector<HeadPosition>{{0.9239, 0, -0.3827}});
+    constexpr double kRightEar = std::numbers::pi / 2;
+    EXPECT_NEAR(edge.At(kRightEar), 1.31, 1e-3);
+    EXPECT_NEAR(edge.At(kRightEar + 0.2), edge.At(kRightEar - 0.2), 1e-12);
+    EXPECT_GT(edge.At(kRightEar + 0.2), 1.25);
+    EXPECT_EQ(edge.At(-kRightEar), 1);
 }
 
-TEST(ReachOf, EndsBelowTheEars) {
-    EXPECT_EQ(ReachOf(std::vector<HeadPosition>{{0.1, 0, -1}}), 1.35);
+TEST(MapEdge, GoesOnAcrossTheBackOfTheHead) {
+    const MapEdge edge(std::vector<HeadPosition>{{0, -0.9239, -0.3827}});
+    EXPECT_NEAR(edge.At(3.1), edge.At(-3.1), 1e-6);
+    EXPECT_GT(edge.At(3.1), 1.3);
+}
+
+TEST(MapEdge, EndsBelowTheEars) {
+    EXPECT_EQ(MapEdge(std::vector<HeadPosition>{{0.1, 0, -1}}).At(std::numbers::pi / 2), 1.35);
 }
 
 TEST(ElectrodeHull, EnclosesWhatLiesBetweenElectrodes) {

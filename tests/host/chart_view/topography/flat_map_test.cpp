@@ -5,6 +5,7 @@
 #include "tests/support/qt/recording_dc.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -25,7 +26,12 @@ protected:
             field.push_back(static_cast<float>(3.5 * (NodeAt(node / kGridSide) + 1)));
         }
         beyond.assign(field.size(), -1);
+        for (int node = 0; node < kGridSide * kGridSide; ++node) {
+            covers.push_back(
+                static_cast<float>(1 - std::hypot(NodeAt(node % kGridSide), NodeAt(node / kGridSide))));
+        }
         map.field = field;
+        map.covers = covers;
         map.beyond = beyond;
         map.look.contours = 0;
     }
@@ -44,10 +50,11 @@ protected:
         return DiscOf(map, 80).pixels[static_cast<std::size_t>(row * 80 + column)];
     }
 
-    std::vector<float> field, beyond;
+    std::vector<float> field, covers, beyond;
     FlatMap map{{0, 0, 240, 200},
                 "Alpha",
-                1,
+                {},
+                {},
                 {},
                 {},
                 FindPalette("grey")->colors,
@@ -57,7 +64,7 @@ protected:
 };
 
 TEST(PlaceFlatHead, LeavesRoomForTheNose) {
-    const FlatHead head = PlaceFlatHead({4, 4, 196, 196}, 1);
+    const FlatHead head = PlaceFlatHead({4, 4, 196, 196}, {});
     // 192 pixels across for two ears at 1.08 radii; 192 rows for 1.14 radii up and 1 down: 88 and 89.
     EXPECT_EQ(head.radius, 88);
     EXPECT_EQ(head.disc, (owl::TRect{12, 18, 188, 194}));
@@ -65,11 +72,11 @@ TEST(PlaceFlatHead, LeavesRoomForTheNose) {
 
 TEST(PlaceFlatHead, KeepsAWiderDiscInTheRoom) {
     const owl::TRect room{10, 20, 250, 220};
-    EXPECT_TRUE(Contains(room, PlaceFlatHead(room, 1.3).disc));
+    EXPECT_TRUE(Contains(room, PlaceFlatHead(room, {1.3, 1.3, 1.3, 1.3}).disc));
 }
 
 TEST(PlaceFlatHead, HasNoHeadWithoutRoom) {
-    EXPECT_EQ(PlaceFlatHead({0, 0, 2, 1}, 1).radius, 0);
+    EXPECT_EQ(PlaceFlatHead({0, 0, 2, 1}, {}).radius, 0);
 }
 
 TEST_F(FlatMapTest, ColorsEachPixelByItsValue) {

@@ -21,8 +21,17 @@ protected:
     }
 
     owl::TImage Draw(const HeadView& view, double opacity = 1) const {
-        return PictureOf(
-            {mesh, toTheRight, everywhere, FindPalette("difference")->colors, 0, 1, view, opacity, kSize, 1});
+        return PictureOf({mesh,
+                          toTheRight,
+                          everywhere,
+                          {},
+                          FindPalette("difference")->colors,
+                          0,
+                          1,
+                          view,
+                          opacity,
+                          kSize,
+                          1});
     }
     static std::uint32_t At(const owl::TImage& image, int x, int y) {
         return image.pixels[static_cast<std::size_t>(y * image.width + x)];
@@ -63,9 +72,9 @@ TEST_F(HeadPicture, IsTransparentAroundTheHead) {
 TEST_F(HeadPicture, HasSkinWhereNothingCoversIt) {
     std::vector<float> none(everywhere.size(), -1.0F);
     const owl::TImage covered =
-        PictureOf({mesh, toTheRight, none, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 1});
+        PictureOf({mesh, toTheRight, none, {}, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 1});
     const owl::TImage bare =
-        PictureOf({mesh, {}, {}, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 1});
+        PictureOf({mesh, {}, {}, {}, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 1});
     EXPECT_EQ(covered, bare);
     EXPECT_GT(At(bare, 40, 40) >> 16 & 0xFF, At(bare, 40, 40) & 0xFF); // more red than blue
 }
@@ -83,13 +92,13 @@ TEST_F(HeadPicture, ShowsNothingWithoutOpacity) {
 
 TEST_F(HeadPicture, OnAScaleWithoutWidthHasTheMiddleColor) {
     const owl::TImage image = PictureOf(
-        {mesh, toTheRight, everywhere, FindPalette("difference")->colors, 1, 1, kTopView, 1, kSize, 1});
+        {mesh, toTheRight, everywhere, {}, FindPalette("difference")->colors, 1, 1, kTopView, 1, kSize, 1});
     EXPECT_NEAR(At(image, 52, 40) >> 16 & 0xFF, At(image, 52, 40) & 0xFF, 4);
 }
 
 TEST_F(HeadPicture, SmoothsItsEdges) {
-    const owl::TImage fine =
-        PictureOf({mesh, toTheRight, everywhere, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 2});
+    const owl::TImage fine = PictureOf(
+        {mesh, toTheRight, everywhere, {}, FindPalette("grey")->colors, 0, 1, kTopView, 1, kSize, 2});
     EXPECT_TRUE(std::any_of(fine.pixels.begin(), fine.pixels.end(),
                             [](std::uint32_t pixel) { return pixel >> 24 != 0 && pixel >> 24 != 255; }));
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sixteen maps of 200 × 200 pixels from the values of their electrodes, and a head of 400 × 400 pixels.
+#include "benchmarks/topography/electrodes_for_maps.h"
 #include "host/chart_view/topography/electrode_hull.h"
 #include "host/chart_view/topography/head_picture.h"
-#include "host/chart_view/topography/spherical_spline.h"
+#include "host/chart_view/topography/map_surface.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <random>
 
 namespace {
@@ -18,19 +18,6 @@ using namespace orvanta::chart;
 constexpr int kMaps = 16;
 constexpr int kSide = 200;
 constexpr int kHeadSide = 400;
-
-/// Evenly over the head down to 30° below the equator, along a spiral.
-std::vector<HeadPosition> Electrodes(std::int64_t count) {
-    const double turn = std::numbers::pi * (3 - std::sqrt(5.0));
-    std::vector<HeadPosition> electrodes;
-    for (std::int64_t i = 0; i < count; ++i) {
-        const double z = 1 - 1.5 * (static_cast<double>(i) + 0.5) / static_cast<double>(count);
-        const double across = std::sqrt(1 - z * z);
-        const double angle = turn * static_cast<double>(i);
-        electrodes.push_back({across * std::cos(angle), across * std::sin(angle), z});
-    }
-    return electrodes;
-}
 
 /// Of the pixels of a map.
 std::vector<HeadPosition> Points() {
@@ -46,7 +33,7 @@ std::vector<HeadPosition> Points() {
 
 /// Argument: electrodes.
 void WeightsOfAMap(benchmark::State& state) {
-    const std::vector<HeadPosition> electrodes = Electrodes(state.range(0));
+    const std::vector<HeadPosition> electrodes = orvanta::SpreadElectrodes(state.range(0));
     const std::vector<HeadPosition> points = Points();
     for ([[maybe_unused]] const auto round : state) {
         benchmark::DoNotOptimize(SphericalSpline(electrodes).WeightsAt(points));
@@ -57,7 +44,8 @@ BENCHMARK(WeightsOfAMap)->Arg(32)->Arg(64)->Arg(128)->Unit(benchmark::kMilliseco
 /// Argument: electrodes.
 void FieldsOfSixteenMaps(benchmark::State& state) {
     const std::vector<HeadPosition> points = Points();
-    const SplineWeights weights = SphericalSpline(Electrodes(state.range(0))).WeightsAt(points);
+    const SplineWeights weights =
+        SphericalSpline(orvanta::SpreadElectrodes(state.range(0))).WeightsAt(points);
     std::mt19937 random(1);
     std::normal_distribution<float> normal;
     std::vector<float> values(static_cast<std::size_t>(kMaps * state.range(0)));
@@ -72,7 +60,7 @@ BENCHMARK(FieldsOfSixteenMaps)->Arg(32)->Arg(64)->Arg(128)->Unit(benchmark::kMil
 
 /// Argument: samples along each side of a pixel.
 void TurningHead(benchmark::State& state) {
-    const HeadMesh mesh = MakeHeadMesh(90, 120);
+    const HeadMesh& mesh = MapHead();
     std::vector<float> values;
     std::vector<float> covers;
     for (const HeadPosition& direction : mesh.directions) {
@@ -82,8 +70,18 @@ void TurningHead(benchmark::State& state) {
     HeadView view = kFrontView;
     for ([[maybe_unused]] const auto round : state) {
         view = Dragged(view, 7, 0, kHeadSide);
-        benchmark::DoNotOptimize(PictureOf({mesh, values, covers, Palettes().front().colors, -1, 1, view, 1,
-                                            kHeadSide, static_cast<int>(state.range(0))}));
+        benchmark::DoNotOptimize(PictureOf({mesh,
+                                            values,
+                                            covers,
+                                            {},
+                                            Palettes().front().colors,
+                                            -1,
+                                            1,
+                                            view,
+                                            1,
+                                            kHeadSide,
+                                            static_cast<int>(state.range(0)),
+                                            6}));
     }
 }
 BENCHMARK(TurningHead)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
