@@ -5,6 +5,8 @@
 #include "host/chart_view/topography/flat_map.h"
 #include "host/chart_view/topography/head_map.h"
 
+#include <utility>
+
 namespace orvanta::chart {
 
 namespace {
@@ -38,19 +40,23 @@ const Colors& ColorsOf(const MapDisplay& display) {
 
 bool MapFields::Collect(const MapData& data) {
     std::vector<HeadPosition> electrodes;
-    values_.clear();
+    std::vector<float> values;
     for (std::size_t i = 0; i < data.electrodes.size(); ++i) {
         if (data.IsUsed(i)) {
             electrodes.push_back(data.electrodes[i].Position);
-            values_.push_back(static_cast<float>(data.values[i]));
+            values.push_back(static_cast<float>(data.values[i]));
         }
     }
     if (electrodes != electrodes_) {
         electrodes_ = std::move(electrodes);
         flat_ = nullptr;
         head_ = nullptr;
+        field_.clear();
     }
-    field_.clear();
+    if (values != values_) {
+        values_ = std::move(values);
+        field_.clear();
+    }
     return !electrodes_.empty();
 }
 
@@ -61,7 +67,9 @@ const FlatSurface* MapFields::Flat(const MapData& data) {
     if (!flat_) {
         flat_ = SharedFlatSurface(electrodes_);
     }
-    field_ = flat_->FieldOf(values_);
+    if (field_.empty()) {
+        field_ = flat_->FieldOf(values_);
+    }
     return flat_.get();
 }
 
@@ -72,7 +80,9 @@ const HeadSurface* MapFields::Head(const MapData& data) {
     if (!head_) {
         head_ = SharedHeadSurface(electrodes_);
     }
-    field_ = head_->FieldOf(values_);
+    if (field_.empty()) {
+        field_ = head_->FieldOf(values_);
+    }
     return head_.get();
 }
 

@@ -22,7 +22,7 @@ public:
     const std::vector<float>& Field() const { return field_; }
 
 private:
-    /// \return whether there is something to show
+    /// Takes the values over; the field is forgotten when it was another. \return whether there are any
     bool Collect(const MapData& data);
 
     std::vector<HeadPosition> electrodes_; ///< those that take part,

@@ -214,7 +214,10 @@ void TMapWindow::EvLButtonDown(unsigned modKeys, const owl::TPoint& point) {
 
 void TMapWindow::EvMouseMove(unsigned modKeys, const owl::TPoint& point) {
     TWindow::EvMouseMove(modKeys, point);
-    if (!impl_->press || (modKeys & owl::kMkLButton) == 0) {
+    if ((modKeys & owl::kMkLButton) == 0) {
+        EndPress(); // the release went to another window
+    }
+    if (!impl_->press) {
         ShowTip(point);
         return;
     }
@@ -232,16 +235,19 @@ void TMapWindow::EvMouseMove(unsigned modKeys, const owl::TPoint& point) {
 
 void TMapWindow::EvLButtonUp(unsigned modKeys, const owl::TPoint& point) {
     TWindow::EvLButtonUp(modKeys, point);
-    const bool turned = impl_->IsTurning();
-    const std::optional<Press> press = std::exchange(impl_->press, std::nullopt);
-    if (!press) {
-        return;
+    const bool clicked = impl_->press && !impl_->press->moved;
+    EndPress();
+    if (const auto electrode = clicked ? ElectrodeAt(point) : std::nullopt) {
+        TellParent(kElectrodeClicked, static_cast<LPARAM>(*electrode));
     }
+}
+
+void TMapWindow::EndPress() {
+    const bool turned = impl_->IsTurning();
+    impl_->press.reset();
     if (turned) {
         Invalidate(); // finer
         TellParent(kTurned, 0);
-    } else if (const auto electrode = press->moved ? std::nullopt : ElectrodeAt(point)) {
-        TellParent(kElectrodeClicked, static_cast<LPARAM>(*electrode));
     }
 }
 

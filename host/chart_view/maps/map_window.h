@@ -101,6 +101,7 @@ protected:
 
 private:
     void Describe();
+    void EndPress();
     void ShowTip(const owl::TPoint& point);
     void TellParent(unsigned message, LPARAM second);
 

@@ -18,11 +18,11 @@ ORVANTA_API std::vector<double> ContourLevels(double low, double high, int count
 /// \param slope of the level, per pixel
 /// \param width of a line, pixels
 inline float ContourCoverage(float level, float slope, int count, float width) {
-    const float nearest = std::round(level);
-    if (nearest < 1 || nearest > static_cast<float>(count)) {
+    const auto nearest = static_cast<int>(level + 0.5F);
+    if (nearest < 1 || nearest > count) {
         return 0;
     }
-    const float distance = std::abs(level - nearest);
+    const float distance = std::abs(level - static_cast<float>(nearest));
     return distance < slope * (width + 1) ? std::clamp(width / 2 + 0.5F - distance / slope, 0.0F, 1.0F)
                                           : 0.0F;
 }

@@ -86,7 +86,9 @@ private:
                 pixel = Blend(pixel, striped_[index], Share(std::min(outside, 1.0F) * Stripe(row + column)));
             }
             if (contours_ > 0) {
-                const float slope = std::hypot(ColorAt(here[at + 1]) - color, ColorAt(below[at]) - color);
+                const float across = ColorAt(here[at + 1]) - color;
+                const float down = ColorAt(below[at]) - color;
+                const float slope = std::sqrt(across * across + down * down);
                 const float line =
                     ContourCoverage(color * levelsPerColor_, slope * levelsPerColor_, contours_, lineWidth_);
                 pixel = line > 0 ? Blend(pixel, lines_[index], Share(line)) : pixel;

@@ -21,8 +21,7 @@ constexpr double kLowered = 0.11;
 constexpr owl::TColor kSkin = owl::Rgb(226, 205, 188);
 constexpr double kAmbient = 0.60;
 constexpr double kDiffuse = 0.44;
-constexpr double kShine = 0.09;
-constexpr double kSharpness = 24;
+constexpr float kShine = 0.09F;
 /// Of light and shade, where values are shown: their colours are to be compared with those of the scale.
 constexpr float kLightOnValues = 0.5F;
 
@@ -68,6 +67,9 @@ Placing PlacingOf(const Axes& axes, int size) {
     return {unit, side / 2, side / 2 - unit * static_cast<float>(kLowered) * axes.up.z};
 }
 
+/// Of a triangle's area.
+constexpr float kOnEdge = 1e-3F;
+
 /// A corner of the mesh as the picture has it.
 struct Corner {
     float x, y;
@@ -102,7 +104,9 @@ std::vector<Corner> CornersOf(const HeadScene& scene, int size, bool inside) {
         corner.depth = Dot(point, axes.viewer);
         const float facing = std::max(0.0F, Dot(normal, toLight));
         corner.light = static_cast<float>(kAmbient + kDiffuse * facing);
-        corner.shine = inside ? 0.0F : static_cast<float>(kShine * std::pow(facing, kSharpness));
+        const float facing4 = facing * facing * facing * facing;
+        const float facing8 = facing4 * facing4;
+        corner.shine = inside ? 0.0F : kShine * facing8 * facing8 * facing8; // sharpness 24
         const bool known = i < scene.values.size() && i < scene.covers.size();
         const double share = span > 0 && known ? (scene.values[i] - scene.low) / span : 0.5;
         corner.value = static_cast<float>(std::clamp(share, 0.0, 1.0) * (kPaletteColors - 1) + 0.5);
@@ -140,6 +144,11 @@ private:
         return (b.x - a.x) * (y - a.y) - (b.y - a.y) * (x - a.x);
     }
 
+    /// Changes of what a triangle's corners have, from pixel to pixel.
+    struct Slope {
+        float across, down;
+    };
+
     void Fill(const Corner& a, const Corner& b, const Corner& c, float area) {
         const auto [left, right] = std::minmax({a.x, b.x, c.x});
         const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
@@ -147,47 +156,57 @@ private:
         const int lastX = std::min(size_ - 1, static_cast<int>(std::floor(right - 0.5F)));
         const int firstY = std::max(0, static_cast<int>(std::ceil(top - 0.5F)));
         const int lastY = std::min(size_ - 1, static_cast<int>(std::floor(bottom - 0.5F)));
-        const float slope = contours_ > 0 ? Slope(a, b, c, area) * levelsPerColor_ : 0.0F;
+        if (firstX > lastX || firstY > lastY) {
+            return;
+        }
+        const float perArea = 1 / area;
+        const Slope shareB{(c.y - a.y) * perArea, (a.x - c.x) * perArea};
+        const Slope shareC{(a.y - b.y) * perArea, (b.x - a.x) * perArea};
+        const auto slopeOf = [&](float Corner::*part) {
+            const float toB = b.*part - a.*part;
+            const float toC = c.*part - a.*part;
+            return Slope{toB * shareB.across + toC * shareC.across, toB * shareB.down + toC * shareC.down};
+        };
+        const Slope depth = slopeOf(&Corner::depth);
+        const Slope light = slopeOf(&Corner::light);
+        const Slope shine = slopeOf(&Corner::shine);
+        const Slope value = slopeOf(&Corner::value);
+        const Slope cover = slopeOf(&Corner::cover);
+        const Slope beyond = slopeOf(&Corner::beyond);
+        const float levels =
+            contours_ > 0 ? std::sqrt(value.across * value.across + value.down * value.down) * levelsPerColor_
+                          : 0.0F;
         for (int y = firstY; y <= lastY; ++y) {
-            for (int x = firstX; x <= lastX; ++x) {
-                const float px = static_cast<float>(x) + 0.5F;
-                const float py = static_cast<float>(y) + 0.5F;
-                const float shareA = Area(b, c, px, py) / area;
-                const float shareB = Area(c, a, px, py) / area;
-                const float shareC = 1 - shareA - shareB;
-                if (shareA < 0 || shareB < 0 || shareC < 0) {
+            const float dy = static_cast<float>(y) + 0.5F - a.y;
+            std::size_t at = static_cast<std::size_t>(y) * static_cast<std::size_t>(size_) +
+                             static_cast<std::size_t>(firstX);
+            for (int x = firstX; x <= lastX; ++x, ++at) {
+                const float dx = static_cast<float>(x) + 0.5F - a.x;
+                const auto along = [dx, dy](const Slope& slope) {
+                    return slope.across * dx + slope.down * dy;
+                };
+                const float b1 = along(shareB);
+                const float c1 = along(shareC);
+                const float near = a.depth + along(depth);
+                // What lies on an edge belongs to both triangles, so that none is left out by rounding.
+                if (std::min({b1, c1, 1 - b1 - c1}) < -kOnEdge || near <= depths_[at]) {
                     continue;
                 }
-                const auto mixed = [&](float Corner::*part) {
-                    return shareA * a.*part + shareB * b.*part + shareC * c.*part;
-                };
-                const float depth = mixed(&Corner::depth);
-                const std::size_t at = static_cast<std::size_t>(y) * static_cast<std::size_t>(size_) +
-                                       static_cast<std::size_t>(x);
-                if (depth > depths_[at]) {
-                    depths_[at] = depth;
-                    const float light = mixed(&Corner::light);
-                    const float shine = mixed(&Corner::shine);
-                    pixels_[at] =
-                        mixed(&Corner::cover) > 0
-                            ? Lit(Covered(mixed(&Corner::value), slope, mixed(&Corner::beyond), x + y),
-                                  1 + (light - 1) * kLightOnValues, shine * kLightOnValues)
-                            : Lit(kSkin, light, shine);
-                }
+                depths_[at] = near;
+                const float lit = a.light + along(light);
+                const float shining = a.shine + along(shine);
+                pixels_[at] =
+                    a.cover + along(cover) > 0
+                        ? Lit(Covered(a.value + along(value), levels, a.beyond + along(beyond), x + y),
+                              1 + (lit - 1) * kLightOnValues, shining * kLightOnValues)
+                        : Lit(kSkin, lit, shining);
             }
         }
     }
 
-    /// Of the values over the picture, in colours per pixel.
-    static float Slope(const Corner& a, const Corner& b, const Corner& c, float area) {
-        const float across = (b.value - a.value) * (c.y - a.y) - (c.value - a.value) * (b.y - a.y);
-        const float down = (c.value - a.value) * (b.x - a.x) - (b.value - a.value) * (c.x - a.x);
-        return std::hypot(across, down) / std::abs(area);
-    }
-
     /// \param diagonal row and column
     owl::TColor Covered(float value, float slope, float beyond, int diagonal) const {
-        owl::TColor color = colors_[static_cast<std::size_t>(value)];
+        owl::TColor color = colors_[static_cast<std::size_t>(std::clamp(value, 0.0F, kPaletteColors - 0.5F))];
         if (beyond > 0) {
             const float across = static_cast<float>(diagonal) / std::numbers::sqrt2_v<float>;
             color = Mixed(color, kSkin, kStripeShare * StripeCoverage(across, pixelRatio_));
@@ -217,29 +236,29 @@ private:
     std::vector<std::uint32_t> pixels_;
 };
 
-/// Channels from 0 to 1, multiplied with alpha.
+/// Sums of channels, 0 to 255, multiplied with alpha from 0 to 1.
 struct Light {
     float alpha = 0, red = 0, green = 0, blue = 0;
 
-    void Add(const Light& other, float share) {
-        alpha += other.alpha * share;
-        red += other.red * share;
-        green += other.green * share;
-        blue += other.blue * share;
+    /// \param pixel opaque or nothing
+    void Add(std::uint32_t pixel, float share) {
+        if (pixel != 0) {
+            alpha += share;
+            red += share * static_cast<float>(pixel >> 16U & 0xFFU);
+            green += share * static_cast<float>(pixel >> 8U & 0xFFU);
+            blue += share * static_cast<float>(pixel & 0xFFU);
+        }
     }
 };
 
-Light LightOf(std::uint32_t pixel) {
-    const auto channel = [pixel](unsigned shift) { return static_cast<float>(pixel >> shift & 0xFFU) / 255; };
-    return {channel(24), channel(16), channel(8), channel(0)};
-}
-
 std::uint32_t PixelOf(const Light& light) {
+    if (light.alpha <= 0) {
+        return 0;
+    }
     const auto channel = [&light](float value) {
-        const float plain = light.alpha > 0 ? value / light.alpha : 0;
-        return static_cast<std::uint32_t>(std::clamp(plain * 255 + 0.5F, 0.0F, 255.0F));
+        return static_cast<std::uint32_t>(std::min(255.0F, value / light.alpha + 0.5F));
     };
-    const auto alpha = static_cast<std::uint32_t>(std::clamp(light.alpha * 255 + 0.5F, 0.0F, 255.0F));
+    const auto alpha = static_cast<std::uint32_t>(std::min(255.0F, light.alpha * 255 + 0.5F));
     return alpha << 24U | channel(light.red) << 16U | channel(light.green) << 8U | channel(light.blue);
 }
 
@@ -269,6 +288,9 @@ owl::TImage PictureOf(const HeadScene& scene) {
     if (opacity < 1) {
         inside.emplace(scene, fine, true);
     }
+    if (samples == 1 && !inside) {
+        return {size, size, outside.Pixels()};
+    }
     owl::TImage image{
         size, size,
         std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
@@ -281,10 +303,10 @@ owl::TImage PictureOf(const HeadScene& scene) {
                     static_cast<std::size_t>(y * samples + i / samples) * static_cast<std::size_t>(fine) +
                     static_cast<std::size_t>(x * samples + i % samples);
                 // Both sides let through what is behind them alike.
-                const Light near = LightOf(outside.Pixels()[at]);
+                const std::uint32_t near = outside.Pixels()[at];
                 sum.Add(near, share * opacity);
                 if (inside) {
-                    sum.Add(LightOf(inside->Pixels()[at]), share * opacity * (1 - near.alpha * opacity));
+                    sum.Add(inside->Pixels()[at], share * opacity * (near != 0 ? 1 - opacity : 1));
                 }
             }
             image.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +

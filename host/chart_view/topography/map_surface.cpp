@@ -15,8 +15,8 @@ namespace {
 /// Radii of the head: a map does not count as extrapolated so far outside the electrodes, which is less than
 /// they are apart.
 constexpr double kMargin = 0.12;
-constexpr int kRings = 100;
-constexpr int kSectors = 160;
+constexpr int kRings = 80;
+constexpr int kSectors = 128;
 
 /// Keeps no surface alive by itself.
 template <typename Surface, auto Make>
