@@ -52,7 +52,7 @@ QImage MapCase::Picture() {
 }
 
 owl::TPoint MapCase::PlaceOf(const std::string& electrode) {
-    Picture();
+    map_->UpdateWindow();
     owl::TPoint sum;
     int count = 0;
     for (int y = 0; y < map_->height(); ++y) {
