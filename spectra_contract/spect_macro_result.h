@@ -13,7 +13,9 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class EEGFileInfoType;
@@ -97,6 +99,13 @@ public:
     SpectrumSingle* GetSpeCartoon(std::uint64_t epoch, const SensorType* sensor) const;
     /// Fills the spectrum of one epoch of a channel; empty when there is none.
     void GetSpeCartoon(std::vector<double>& values, std::uint64_t epoch, const ChnType* channel) const;
+    /// Smallest and largest finite measure of band \p band (0 to 7; -1 for the total band) among all epochs
+    /// of these sensors, each as the spectrum of GetSpeCartoon tells it. Epochs that were not kept are
+    /// computed again. Nothing when there is no such measure, when it was cancelled, or when the file cannot
+    /// be read any more. \param progress may be null
+    std::optional<std::pair<double, double>> GetCartoonRange(const SensorList& sensors, int band,
+                                                             SPECT::Meas::Type measure,
+                                                             GenericProgress* progress) const;
     /// Number of epochs of the per-epoch spectra, of sensors and channels.
     std::uint64_t GetSpeCartoonChnLen() const;
     /// Number of bipolar channels of the computed montage; 0 for a referential one.

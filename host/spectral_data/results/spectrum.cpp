@@ -60,6 +60,17 @@ private:
 
 } // namespace
 
+std::optional<std::pair<double, double>> BandEdges(int band) {
+    const SPECT::Globals& globals = SPECT::GetGlobals();
+    if (band == -1) {
+        return std::pair(globals.TotalLo, globals.TotalHi);
+    }
+    if (band < 0 || band >= static_cast<int>(SPECT::BandCount)) {
+        return std::nullopt;
+    }
+    return std::pair(globals.Bands[band].lo, globals.Bands[band].hi);
+}
+
 std::shared_ptr<const SpectrumSingle::Impl> MeanSpectrum(std::shared_ptr<const Analysis> analysis,
                                                          TraceRow trace) {
     return std::make_shared<OverEpochs>(std::move(analysis), trace);
@@ -119,12 +130,12 @@ void SpectrumSingle::GetSpectSD(std::vector<double>& values) const {
 }
 
 double SpectrumSingle::GetMeasure(int band, SPECT::Meas::Type measure) const {
-    const SPECT::Globals& globals = SPECT::GetGlobals();
-    if (band < -1 || band >= static_cast<int>(SPECT::BandCount)) {
+    const auto edges = orvanta::spectral::BandEdges(band);
+    if (!edges) {
         return orvanta::spectral::kNaN;
     }
-    const double lo = band == -1 ? globals.TotalLo : globals.Bands[band].lo;
-    const double hi = band == -1 ? globals.TotalHi : globals.Bands[band].hi;
+    const auto [lo, hi] = *edges;
+    const SPECT::Globals& globals = SPECT::GetGlobals();
     MeasureInput input;
     input.entity = globals.GetMeasEntity();
     input.resolution_hz = impl_->Resolution();

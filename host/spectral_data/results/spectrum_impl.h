@@ -8,7 +8,9 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 /// A spectrum's numbers by entity; NaN where there are none.
@@ -30,6 +32,9 @@ private:
 };
 
 namespace orvanta::spectral {
+
+/// Edges in Hz of band 0 to 7, -1 for the total band; nothing for another number.
+std::optional<std::pair<double, double>> BandEdges(int band);
 
 /// The spectrum of a trace over all epochs.
 std::shared_ptr<const SpectrumSingle::Impl> MeanSpectrum(std::shared_ptr<const Analysis> analysis,
