@@ -89,11 +89,12 @@ TwoStateButton* GadgetBar::AddTwoStateButton(unsigned command, unsigned upIcon, 
     return button;
 }
 
-void GadgetBar::AddGap() {
+QWidget* GadgetBar::AddGap() {
     auto* gap = new QFrame(this);
     gap->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     gap->setFixedWidth(kGapWidth);
     addWidget(gap);
+    return gap;
 }
 
 void GadgetBar::AddControl(QWidget& control) {

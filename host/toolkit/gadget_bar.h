@@ -42,7 +42,7 @@ public:
     TwoStateButton* AddTwoStateButton(unsigned command, unsigned upIcon, unsigned downIcon,
                                       const std::string& tip);
     /// 6 pixels with a line.
-    void AddGap();
+    QWidget* AddGap();
     /// Takes the control over.
     void AddControl(QWidget& control);
     /// A list to choose from. Each choice of the user, not of the program, sends the message with the index

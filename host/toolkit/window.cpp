@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/window.h"
 
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/focus_tracker.h"
 #include "host/toolkit/painter_dc.h"
 #include "host/toolkit/qt_painting.h"
@@ -152,7 +153,7 @@ bool TWindow::event(QEvent* event) {
     if (event->type() == MessageEvent()) {
         if (life_ != Life::Destroyed) {
             const auto& message = static_cast<const PostedMessage&>(*event);
-            SendMessage(message.id, message.args.wParam, message.args.lParam);
+            RunGuarded([&] { SendMessage(message.id, message.args.wParam, message.args.lParam); });
         }
         return true;
     }
@@ -229,7 +230,7 @@ void TWindow::Step() {
         QPainter painter(&picture);
         PainterDC dc(painter);
         TRect rect = damage.rect;
-        Draw(dc, damage.erase, rect);
+        RunGuarded([&] { Draw(dc, damage.erase, rect); }); // what it drew before is shown
     }
     if (!alive) {
         return;

@@ -48,6 +48,12 @@ const owl::TResponseEntry* Failing::Find(const owl::TEventKey& key) const {
     return owl::FindFirst<owl::TWindow>(__entries, *this, key);
 }
 
+/// Fails whenever it draws.
+class Dry final : public owl::TWindow {
+protected:
+    void Draw(owl::TDC&, bool, owl::TRect&) override { throw std::runtime_error("no ink"); }
+};
+
 class Failures : public testing::Test {
 protected:
     /// What the user was told.
@@ -65,6 +71,22 @@ TEST_F(Failures, AreToldInABoxOfErrors) {
     owl::TellFailure(std::runtime_error("no paper"));
     EXPECT_EQ(user.Messages(), (std::vector<ScriptedUser::Message>{
                                    {nullptr, "This could not be finished:\nno paper", "Error", 16}}));
+}
+
+TEST_F(Failures, OfDrawingAreToldOnceAndEndThere) {
+    Dry dry;
+    user.AnswersMessage(owl::kIdOk);
+    dry.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dry));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Told(), "This could not be finished:\nno ink");
+}
+
+TEST_F(Failures, OfAPostedMessageEndThere) {
+    user.AnswersMessage(owl::kIdOk);
+    window.PostMessage(kMessage);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Told(), "This could not be finished:\nno message");
 }
 
 TEST_F(Failures, OfAMenuItemEndThere) {
