@@ -32,7 +32,6 @@ constexpr Call kCalls[] = {
     {R"(ResultsText\()", "TFormBCIResults"},
     {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
-    {R"(EventText\()", "EVENTS"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
 
@@ -117,7 +116,7 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     const QMap<QString, QString> english = ShippedTexts("en");
     for (const QString& key : english.keys()) {
         if (key.startsWith("TForm") || key.startsWith("DIALOG_") || key.startsWith("MACRO/") ||
-            key.startsWith("MODULE/") || key.startsWith("HOST/") || key.startsWith("EVENTS/")) {
+            key.startsWith("MODULE/") || key.startsWith("HOST/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";

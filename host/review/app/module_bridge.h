@@ -79,6 +79,9 @@ public:
     /// A view that its main window owns; recording and manager must outlive it.
     virtual TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,
                                        SpectraMgr& manager) = 0;
+    /// The same. \param threeD maps on heads
+    virtual TheChild* MakeMapsView(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                                   bool threeD) = 0;
     /// Computes what a view of analyses shows and is not up to date, draws it anew, and lets its panels fill
     /// themselves. The view may be gone afterwards.
     virtual void RefreshView(TheChild& view) = 0;

@@ -2,6 +2,7 @@
 #include "host/review/app/module_bridge.h"
 
 #include "host/review/bridge/gallery_pages.h"
+#include "host/review/bridge/map_electrodes.h"
 #include "host/review/bridge/refresh_view.h"
 #include "host/review/bridge/spectrum_drawing.h"
 #include "side_bar/macro_selection_form.h"
@@ -9,6 +10,7 @@
 #include "spectra_contract/api.h"
 #include "spectra_contract/module_entry.h"
 #include "spectra_contract/recording.h"
+#include "spectral_maps/spect_map.h"
 #include "spectrum_view/spectrum.h"
 
 namespace {
@@ -43,6 +45,11 @@ public:
             view->ChangeViewMode(Layout::Mode::Scalp);
         }
         return view;
+    }
+
+    TheChild* MakeMapsView(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                           bool threeD) override {
+        return new SpectMap(window, &recording, &manager, threeD, MapElectrodes(recording));
     }
 
     void RefreshView(TheChild& view) override { RefreshAnalysisView(view); }

@@ -2,6 +2,7 @@
 #include "host/review/bridge/refresh_view.h"
 
 #include "side_bar/form_listener.h"
+#include "spectral_maps/spect_map.h"
 #include "spectrum_view/spectrum.h"
 
 #include <QSplitter>
@@ -23,10 +24,11 @@ void RefreshPanels(TheChild& view) {
 void RefreshAnalysisView(TheChild& view) {
     const QPointer<TheChild> alive(&view);
     if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
-        spectrum->CheckAndRecompute(spectrum->GW().IsQuiet());
+        spectrum->CmRecompute();
+    } else if (auto* maps = dynamic_cast<SpectMap*>(&view)) {
+        maps->CmRecompute();
     }
     if (alive && alive->IsCreated()) {
-        view.Invalidate();
         RefreshPanels(view);
     }
 }

@@ -72,13 +72,15 @@ public:
     bool IsQuiet() const override { return quiet; }
     void SetMessageText(const std::string& text) override { messages.push_back(text); }
     SideBarManager& GetSideBar() override { return sideBar; }
-    void PointAtChannel(const std::string& name) override { pointedAt.push_back(name); }
+    void PointAtTime(const XTime& time) override { times.push_back(time); }
+    void PointAtChannel(const std::string& name) override { channels.push_back(name); }
 
     mutable FakePlatform platform;
     FakeSideBar sideBar;
     bool quiet = false;
-    std::vector<std::string> messages;  ///< of the message bar, in order
-    std::vector<std::string> pointedAt; ///< channels, in order
+    std::vector<std::string> messages; ///< of the message bar, in order
+    std::vector<XTime> times;          ///< that were pointed at, in order
+    std::vector<std::string> channels; ///< the same
 };
 
 } // namespace orvanta::test

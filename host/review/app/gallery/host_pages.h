@@ -6,7 +6,6 @@
 
 namespace orvanta::review {
 
-/// \param sample outlives the pages
-std::vector<GalleryPage> MakeHostPages(const GallerySample& sample);
+std::vector<GalleryPage> MakeHostPages();
 
 } // namespace orvanta::review

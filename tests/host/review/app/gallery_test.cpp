@@ -44,7 +44,7 @@ std::vector<std::string> NamesOf(const std::vector<GalleryPage>& pages) {
 class AllPages : public testing::Test {
 protected:
     AllPages() {
-        for (GalleryPage& page : MakeHostPages(sample_.Get())) {
+        for (GalleryPage& page : MakeHostPages()) {
             pages_.push_back(std::move(page));
         }
     }

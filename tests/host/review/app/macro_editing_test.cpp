@@ -62,6 +62,10 @@ public:
                                SpectraMgr& /*manager*/) override {
         return nullptr;
     }
+    TheChild* MakeMapsView(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/, SpectraMgr& /*manager*/,
+                           bool /*threeD*/) override {
+        return nullptr;
+    }
     void RefreshView(TheChild& /*view*/) override {}
     std::int32_t CreateNewSpectrum(const GenericPlatform& /*platform*/, HWND /*parent*/,
                                    SpectraMgr& /*manager*/, EEGFileInfoType& /*recording*/) override {
