@@ -93,6 +93,8 @@ constinit const owl::TResponseTable Spectrum::__entries = {
     owl::On<owl::WindowEvent::SetFocus, &Spectrum::EvSetFocus>(),
     owl::On<owl::WindowEvent::KillFocus, &Spectrum::EvKillFocus>(),
     owl::On<owl::WindowEvent::KeyDown, &Spectrum::EvKeyDown>(),
+    owl::On<owl::WindowEvent::LButtonDown, &Spectrum::EvLButtonDown>(),
+    owl::On<owl::WindowEvent::LButtonUp, &Spectrum::EvLButtonUp>(),
     owl::On<owl::WindowEvent::LButtonDblClk, &Spectrum::EvLButtonDblClk>(),
     owl::On<owl::WindowEvent::MouseWheel, &Spectrum::EvMouseWheel>(),
     owl::Message<&Spectrum::EvCbMontage>(kMontageSelector),

@@ -150,6 +150,8 @@ protected:
     void EvSetFocus(HWND lost);
     void EvKillFocus(HWND gets);
     void EvKeyDown(unsigned key, unsigned repeat, unsigned flags);
+    void EvLButtonDown(unsigned modKeys, const owl::TPoint& point);
+    void EvLButtonUp(unsigned modKeys, const owl::TPoint& point);
     void EvLButtonDblClk(unsigned modKeys, const owl::TPoint& point);
     void EvMouseWheel(unsigned modKeys, int delta, const owl::TPoint& point);
     /// The user chose the montage of this index.
@@ -178,6 +180,8 @@ private:
     /// Out of the application's side bar.
     void TakePanelsBack();
 
+    /// Name of the trace whose plot is there; empty for none.
+    std::string TraceAt(const owl::TPoint& point) const;
     /// The grid starts with this trace.
     void ShowFrom(std::uint64_t trace);
     /// Axis ranges of the measured entity.
@@ -202,5 +206,6 @@ private:
     QPointer<TSideBarFormBase> sideBar_; ///< and its panels; null before the first focus
     QPointer<TFormListener> spectraPanel_, regressionPanel_;
     QPointer<QWidget> extraPanel_;
+    std::string pressed_;             ///< trace on which the mouse button went down
     std::array<QLabel*, 3> status_{}; ///< entity, horizontal and vertical unit; null before set-up
 };

@@ -10,6 +10,8 @@
 
 #include <QComboBox>
 
+#include <utility>
+
 using namespace orvanta::spectrum_view;
 
 namespace {
@@ -55,6 +57,28 @@ void Spectrum::EvMouseWheel(unsigned modKeys, int delta, const owl::TPoint& poin
         CmNextTrace();
     } else if (delta > 0) {
         CmPreviousTrace();
+    }
+}
+
+std::string Spectrum::TraceAt(const owl::TPoint& point) const {
+    for (const TraceEntry& entry : GetTraces()) {
+        if (entry.main != nullptr && entry.rectangle.Contains(point)) {
+            return entry.main->GetName();
+        }
+    }
+    return {};
+}
+
+void Spectrum::EvLButtonDown(unsigned modKeys, const owl::TPoint& point) {
+    TheChild::EvLButtonDown(modKeys, point);
+    pressed_ = TraceAt(point);
+}
+
+void Spectrum::EvLButtonUp(unsigned modKeys, const owl::TPoint& point) {
+    TheChild::EvLButtonUp(modKeys, point);
+    const std::string pressed = std::exchange(pressed_, {});
+    if (!pressed.empty() && pressed == TraceAt(point)) {
+        GW().PointAtChannel(pressed);
     }
 }
 

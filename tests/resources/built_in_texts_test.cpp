@@ -32,6 +32,7 @@ constexpr Call kCalls[] = {
     {R"(ResultsText\()", "TFormBCIResults"},
     {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
+    {R"(EventText\()", "EVENTS"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
 
@@ -116,7 +117,7 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     const QMap<QString, QString> english = ShippedTexts("en");
     for (const QString& key : english.keys()) {
         if (key.startsWith("TForm") || key.startsWith("DIALOG_") || key.startsWith("MACRO/") ||
-            key.startsWith("MODULE/") || key.startsWith("HOST/")) {
+            key.startsWith("MODULE/") || key.startsWith("HOST/") || key.startsWith("EVENTS/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";

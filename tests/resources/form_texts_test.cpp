@@ -21,6 +21,8 @@
 #include "ui_1629.h"
 #include "ui_1631.h"
 #include "ui_1634.h"
+#include "ui_event.h"
+#include "ui_event_list.h"
 #include "ui_export_form.h"
 #include "ui_macro_selection.h"
 #include "ui_regression_panel.h"
@@ -184,6 +186,14 @@ TEST(GermanForms, MapDialogSpeaksGermanThroughout) {
 
 TEST(GermanForms, ElectrodesDialogSpeaksGermanThroughout) {
     ExpectGerman(Ui::ElectrodesDialog(), "DIALOG_1634", 0);
+}
+
+TEST(GermanForms, EventDialogSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormEvent(), "TFormEvent");
+}
+
+TEST(GermanForms, EventListSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormEventList(), "TFormEventList", 5);
 }
 
 TEST(GermanForms, AreSpokenInGerman) {

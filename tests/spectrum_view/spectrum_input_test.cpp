@@ -132,6 +132,55 @@ TEST_F(Wheel, GoesOnToTheWindowAround) {
 }
 
 /// The reference montage on the scalp, with Cz as its reference.
+class Click : public test::ViewFixture {
+protected:
+    Click() {
+        Add();
+        Show(600, 600);
+        view->CmHeadView();
+        RunQueue();
+    }
+    /// The middle of the plot of this trace.
+    QPoint PlotOf(const std::string& trace) const {
+        for (const TraceEntry& entry : view->GetTraces()) {
+            if (entry.main != nullptr && entry.main->GetName() == trace) {
+                const owl::TRect& place = entry.rectangle;
+                return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+            }
+        }
+        ADD_FAILURE() << "no plot of " << trace;
+        return {};
+    }
+};
+
+TEST_F(Click, PointsAtTheTraceOfThePlot) {
+    const std::string trace = TraceNames().front();
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, PlotOf(trace));
+    EXPECT_THAT(window.channels, ElementsAre(trace));
+}
+
+TEST_F(Click, BesideThePlotsPointsAtNothing) {
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, {1, 1});
+    EXPECT_THAT(window.channels, IsEmpty());
+}
+
+TEST_F(Click, ThatEndsOnAnotherPlotPointsAtNothing) {
+    const std::vector<std::string> traces = TraceNames();
+    ASSERT_GE(traces.size(), 2U);
+    QTest::mousePress(view.get(), Qt::LeftButton, {}, PlotOf(traces[0]));
+    QTest::mouseRelease(view.get(), Qt::LeftButton, {}, PlotOf(traces[1]));
+    EXPECT_THAT(window.channels, IsEmpty());
+}
+
+TEST_F(Click, WithoutAnAnalysisPointsAtNothing) {
+    const QPoint plot = PlotOf(TraceNames().front());
+    SpectMacroResult* main = manager.GetMain();
+    manager.Remove(main);
+    delete main;
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, plot);
+    EXPECT_THAT(window.channels, IsEmpty());
+}
+
 class DoubleClick : public test::ViewFixture {
 protected:
     DoubleClick() {

@@ -151,10 +151,14 @@ void CartoonStat::SetMapValues(bool fetch) {
     if (!alive || !IsCreated() || !list) {
         return;
     }
+    const std::optional<ValueRange> range = impl_->enabled ? impl_->source->CartoonRange() : std::nullopt;
+    if (!alive || !IsCreated()) {
+        return;
+    }
     impl_->steps = EpochSteps(*list);
     impl_->list = std::move(*list);
     impl_->first = std::min(impl_->first, impl_->steps.LastStart(GetNumMaps()));
-    SetFixedRange(impl_->enabled ? impl_->source->CartoonRange() : std::nullopt);
+    SetFixedRange(range);
     UpdateStretch();
 }
 

@@ -18,6 +18,7 @@ public:
     /// what they show. \throws what the computation throws
     virtual std::optional<XTimeList> Fetch() = 0;
     /// Over all steps of the cartoon, so that the scale stands still while it plays; nothing when not known.
+    /// Asked after Fetch; the view may end meanwhile, too.
     virtual std::optional<ValueRange> CartoonRange() = 0;
 };
 

@@ -131,6 +131,7 @@ void MultiMapWin::MakeMaps(const MapGrid& grid) {
         map->SetView(view);
         impl_->maps[i] = map;
         map->Create();
+        impl_->contents[i] = {map->GetTitle(), map->GetValues(), map->GetMeasureUnit()};
     }
     ApplyDisplay();
     LayOut();

@@ -24,11 +24,12 @@ void RefreshPanels(TheChild& view) {
 void RefreshAnalysisView(TheChild& view) {
     const QPointer<TheChild> alive(&view);
     if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
-        spectrum->CmRecompute();
+        spectrum->CheckAndRecompute(spectrum->GW().IsQuiet());
     } else if (auto* maps = dynamic_cast<SpectMap*>(&view)) {
         maps->CmRecompute();
     }
     if (alive && alive->IsCreated()) {
+        view.Invalidate();
         RefreshPanels(view);
     }
 }

@@ -25,6 +25,9 @@ public:
     EventRecord GetEvent() const;
 
 private:
+    /// Shows what the typed event lacks, and its time on the clock.
+    void Check();
+
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };

@@ -108,6 +108,10 @@ EventEditor::EventEditor(EEGFileInfoType& recording) : impl_(std::make_unique<Im
 
 EventEditor::~EventEditor() = default;
 
+const EEGFileInfoType& EventEditor::GetRecording() const {
+    return impl_->recording;
+}
+
 const std::vector<EventRecord>& EventEditor::Events() const {
     return impl_->events.GetEvents();
 }
@@ -126,7 +130,7 @@ std::string EventEditor::WhyNot(const EventRecord& event) const {
     const XTime first = *event.Interval.GetBeginPtr();
     const XTime last = *event.Interval.GetEndPtr();
     if (first > end || last < XTime() || (!spot && (first == end || last == XTime()))) {
-        return "the event lies outside the recording, which lasts " + SecondsOf(end) +
+        return "the event lies outside the recording, which lasts " + SecondsText(end).toStdString() +
                " s (choose a time inside)";
     }
     return {};

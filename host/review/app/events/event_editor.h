@@ -34,6 +34,7 @@ public:
     EventEditor(const EventEditor&) = delete;
     EventEditor& operator=(const EventEditor&) = delete;
 
+    const EEGFileInfoType& GetRecording() const;
     /// In time order; an event is named by its place here, until the next change.
     const std::vector<EventRecord>& Events() const;
     /// False for an event of the recording itself.

@@ -52,7 +52,7 @@ std::vector<GalleryPage> MakePages(const ModuleLibrary* module, const GallerySam
     if (module != nullptr) {
         pages = module->Bridge().MakeGalleryPages(sample);
     }
-    std::ranges::move(MakeHostPages(), std::back_inserter(pages));
+    std::ranges::move(MakeHostPages(sample), std::back_inserter(pages));
     std::ranges::move(MakeTracePages(sample), std::back_inserter(pages));
     return pages;
 }

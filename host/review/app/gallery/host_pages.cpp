@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/gallery/host_pages.h"
 
+#include "host/review/app/events/event_dialog.h"
+#include "host/review/app/events/event_list.h"
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gui.h"
 #include "host/review/app/progress_box.h"
@@ -36,9 +38,34 @@ void ShowInput(const TakePicture& take) {
     take(box);
 }
 
+XTimeInterval Stretch(double begin, double end) {
+    return {XTime::FromSeconds(begin), XTime::FromSeconds(end)};
+}
+
+void ShowEvent(EEGFileInfoType& recording, const EventRecord& event, const TakePicture& take) {
+    const EventEditor editor(recording);
+    EventDialog dialog(nullptr, editor, event, EventDialog::Purpose::Add);
+    take(dialog);
+}
+
+void ShowEvents(EEGFileInfoType& recording, const TakePicture& take) {
+    EventEditor editor(recording);
+    editor.Add({"Artifact", EventClass::State, Stretch(12.25, 13.5)});
+    const std::size_t spike = editor.Add({"Spike", EventClass::Spot, Stretch(14, 14)});
+    EventListPanel panel(nullptr, editor, {});
+    constexpr int kWidth = 560;
+    constexpr int kHeight = 360;
+    panel.resize(kWidth, kHeight);
+    panel.SelectEvent(spike);
+    take(panel);
+    editor.Undo();
+    editor.Undo();
+}
+
 } // namespace
 
-std::vector<GalleryPage> MakeHostPages() {
+std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
+    EEGFileInfoType& recording = sample.recording;
     return {
         MessagePage("message-error", "Unable to save the macro file:\n/home/user/MACRO/Eyes closed.smx",
                     "Error", owl::kMbOk | owl::kMbIconStop),
@@ -50,6 +77,15 @@ std::vector<GalleryPage> MakeHostPages() {
         {"progress", ShowProgress},
         {"progress-files", ShowFiles},
         {"input", ShowInput},
+        {"event",
+         [&recording](const TakePicture& take) {
+             ShowEvent(recording, {"Artifact", EventClass::State, Stretch(12.25, 13.5)}, take);
+         }},
+        {"event-wrong",
+         [&recording](const TakePicture& take) {
+             ShowEvent(recording, {"Artifact", EventClass::Spot, Stretch(-1, -1)}, take);
+         }},
+        {"event-list", [&recording](const TakePicture& take) { ShowEvents(recording, take); }},
     };
 }
 

@@ -6,6 +6,7 @@
 
 namespace orvanta::review {
 
-std::vector<GalleryPage> MakeHostPages();
+/// \param sample outlives the pages
+std::vector<GalleryPage> MakeHostPages(const GallerySample& sample);
 
 } // namespace orvanta::review

@@ -35,6 +35,14 @@ public:
     virtual void NewAnalysis() = 0;
     virtual void Recompute() = 0;
 
+    /// What would be undone or done again, for a menu; empty when there is nothing.
+    virtual std::string UndoText() const = 0;
+    virtual std::string RedoText() const = 0;
+    virtual void Undo() = 0;
+    virtual void Redo() = 0;
+    virtual bool HasChangedEvents() const = 0;
+    virtual void SaveEvents() = 0;
+
     virtual std::vector<std::string> MontageNames() const = 0;
     virtual std::size_t CurrentMontage() const = 0;
     virtual void ChooseMontage(std::size_t index) = 0;

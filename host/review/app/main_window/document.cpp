@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/document.h"
 
+#include "host/review/app/events/event_editor.h"
 #include "host/signal_base/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -20,6 +21,7 @@ std::string FullPath(const std::string& path) {
 
 Document::Document(const std::string& path, const GenericGUI& gui)
     : path_(FullPath(path)), recording_(signal::OpenRecording(path_)),
+      events_(std::make_unique<EventEditor>(*recording_)),
       analyses_(std::make_unique<SpectraMgr>(recording_.get(), &gui)) {}
 
 Document::~Document() = default;

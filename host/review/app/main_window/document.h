@@ -12,6 +12,8 @@ class SpectraMgr;
 
 namespace orvanta::review {
 
+class EventEditor;
+
 /// Knows nothing of windows. GUI thread.
 class Document {
 public:
@@ -25,6 +27,7 @@ public:
     /// Full path.
     const std::string& Path() const { return path_; }
     EEGFileInfoType& Recording() const { return *recording_; }
+    EventEditor& Events() const { return *events_; }
     SpectraMgr& Analyses() const { return *analyses_; }
     /// What was repaired or is worth knowing, a sentence each.
     const std::vector<std::string>& Repairs() const;
@@ -32,6 +35,7 @@ public:
 private:
     std::string path_;
     std::unique_ptr<EEGFileInfoType> recording_;
+    std::unique_ptr<EventEditor> events_;
     std::unique_ptr<SpectraMgr> analyses_;
 };
 

@@ -55,33 +55,33 @@ void ShowManual(QWidget& parent) {
     const QString page = ManualPage();
     if (page.isEmpty()) {
         owl::CurrentModalGateway().ShowMessage(
-            HWND(&parent), HostText("manual.missing", "The manual is not installed with the program."),
+            HWND(&parent), HostText("manualMissing", "The manual is not installed with the program."),
             HostText("warning", "Warning"), owl::kMbOk | owl::kMbIconExclamation);
         return;
     }
     auto* text = new QTextBrowser;
     text->setSource(QUrl::fromLocalFile(page), QTextDocument::MarkdownResource);
-    HelpWindow(parent, HostQText("manual.title", "Manual"), text)->show();
+    HelpWindow(parent, HostQText("manualTitle", "Manual"), text)->show();
 }
 
 void ShowLog(QWidget& parent) {
     auto* text = new QPlainTextEdit(Log::Lines().join('\n'));
     text->setReadOnly(true);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    text->setPlaceholderText(HostQText("log.empty", "Nothing was logged since the start."));
-    HelpWindow(parent, HostQText("log.title", "Log"), text)->show();
+    text->setPlaceholderText(HostQText("logEmpty", "Nothing was logged since the start."));
+    HelpWindow(parent, HostQText("logTitle", "Log"), text)->show();
 }
 
 void ShowAbout(QWidget& parent) {
     QDialog dialog(&parent);
-    dialog.setWindowTitle(HostQText("about.title", "About Orvanta"));
+    dialog.setWindowTitle(HostQText("aboutTitle", "About Orvanta"));
     auto* icon = new QLabel(&dialog);
     constexpr int kIcon = 64;
     icon->setPixmap(owl::IconOf(QStringLiteral("orvanta")).pixmap(kIcon, kIcon));
     auto* text = new QLabel(
-        HostQText("about.text", "Spectral analysis of EEG recordings.\nFree software under the GNU General "
-                                "Public License, version 3 or later, without any warranty.\nNot a medical "
-                                "device: findings need the judgement of an expert."),
+        HostQText("aboutText", "Spectral analysis of EEG recordings.\nFree software under the GNU General "
+                               "Public License, version 3 or later, without any warranty.\nNot a medical "
+                               "device: findings need the judgement of an expert."),
         &dialog);
     text->setWordWrap(true);
     text->setMinimumWidth(kWidth / 2);

@@ -16,16 +16,23 @@ namespace orvanta::review {
 
 namespace {
 
+/// Key, which names the item, too, and built-in text.
+struct Caption {
+    const char *key, *text;
+
+    QString Text() const { return HostQText(key, text); }
+};
+
 template <typename Run>
-QAction* Add(QMenu& menu, const char* key, const char* text, const QKeySequence& shortcut, Run run) {
-    QAction* action = menu.addAction(HostQText(key, text), shortcut, run);
-    action->setObjectName(key);
+QAction* Add(QMenu& menu, const Caption& caption, const QKeySequence& shortcut, Run run) {
+    QAction* action = menu.addAction(caption.Text(), shortcut, run);
+    action->setObjectName(caption.key);
     return action;
 }
 
-QMenu* AddMenu(QMenuBar& bar, const char* key, const char* text) {
-    QMenu* menu = bar.addMenu(HostQText(key, text));
-    menu->setObjectName(key);
+QMenu* AddMenu(QMenuBar& bar, const Caption& caption) {
+    QMenu* menu = bar.addMenu(caption.Text());
+    menu->setObjectName(caption.key);
     return menu;
 }
 
@@ -34,10 +41,28 @@ QString AsCaption(QString text) {
     return text.replace('&', "&&");
 }
 
+/// "Undo Add Artifact"
+void ShowChange(QAction& action, const QString& verb, const std::string& change) {
+    action.setText(change.empty() ? verb : verb + ' ' + AsCaption(QString::fromStdString(change)));
+    action.setEnabled(!change.empty());
+}
+
+QString MenuTitle(const std::string& view) {
+    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"childSpectrum", "&Spectrum"}),
+                                        std::pair("SpectMap", Caption{"childMaps", "Ma&ps"}),
+                                        std::pair("TraceView", Caption{"childTraces", "T&races"})}) {
+        if (view == name) {
+            return caption.Text();
+        }
+    }
+    return QString::fromStdString(view);
+}
+
 } // namespace
 
 Menus::Menus(QMenuBar& bar, Commands& commands) : bar_(bar), commands_(commands) {
     AddFile();
+    AddEdit();
     AddView();
     AddAnalysis();
     AddMontage();
@@ -47,15 +72,27 @@ Menus::Menus(QMenuBar& bar, Commands& commands) : bar_(bar), commands_(commands)
 }
 
 void Menus::AddFile() {
-    QMenu& menu = *AddMenu(bar_, "menu.file", "&File");
-    Add(menu, "file.open", "&Open...", QKeySequence::Open, [this] { commands_.AskForFile(); });
-    recent_ = menu.addMenu(HostQText("file.recent", "Open &Recent"));
-    recent_->setObjectName("file.recent");
+    QMenu& menu = *AddMenu(bar_, Caption{"menuFile", "&File"});
+    Add(menu, Caption{"fileOpen", "&Open..."}, QKeySequence::Open, [this] { commands_.AskForFile(); });
+    recent_ = menu.addMenu(HostQText("fileRecent", "Open &Recent"));
+    recent_->setObjectName("fileRecent");
     QObject::connect(recent_, &QMenu::aboutToShow, recent_, [this] { FillRecent(); });
-    close_ = Add(menu, "file.close", "&Close", QKeySequence(Qt::CTRL | Qt::Key_W),
+    close_ = Add(menu, Caption{"fileClose", "&Close"}, QKeySequence(Qt::CTRL | Qt::Key_W),
                  [this] { commands_.CloseFile(); });
     menu.addSeparator();
-    Add(menu, "file.quit", "&Quit", QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { commands_.Quit(); });
+    save_ = Add(menu, Caption{"fileSaveEvents", "&Save Events"}, QKeySequence::Save,
+                [this] { commands_.SaveEvents(); });
+    menu.addSeparator();
+    Add(menu, Caption{"fileQuit", "&Quit"}, QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { commands_.Quit(); });
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
+}
+
+void Menus::AddEdit() {
+    QMenu& menu = *AddMenu(bar_, Caption{"menuEdit", "&Edit"});
+    undo_ = Add(menu, Caption{"editUndo", "&Undo"}, QKeySequence(Qt::CTRL | Qt::Key_Z),
+                [this] { commands_.Undo(); });
+    redo_ = Add(menu, Caption{"editRedo", "&Redo"}, QKeySequence(Qt::CTRL | Qt::Key_Y),
+                [this] { commands_.Redo(); });
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
 }
 
@@ -73,21 +110,21 @@ void Menus::FillRecent() {
     }
     recent_->setToolTipsVisible(true);
     recent_->addSeparator();
-    Add(*recent_, "file.clearRecent", "&Clear List", {}, [this] {
+    Add(*recent_, Caption{"fileClearRecent", "&Clear List"}, {}, [this] {
         commands_.ClearRecent();
     })->setEnabled(number > 0);
 }
 
 void Menus::AddView() {
-    QMenu& menu = *AddMenu(bar_, "menu.view", "&View");
+    QMenu& menu = *AddMenu(bar_, Caption{"menuView", "&View"});
     struct View {
         ViewKind kind;
-        const char *key, *text;
+        Caption caption;
     };
-    for (const View& view : {View{ViewKind::Traces, "view.traces", "&Traces"},
-                             View{ViewKind::Spectrum, "view.spectrum", "&Spectrum"},
-                             View{ViewKind::Maps, "view.maps", "Spectral &Maps"}}) {
-        QAction* action = Add(menu, view.key, view.text, {}, [] {});
+    for (const View& view : {View{ViewKind::Traces, Caption{"viewTraces", "&Traces"}},
+                             View{ViewKind::Spectrum, Caption{"viewSpectrum", "&Spectrum"}},
+                             View{ViewKind::Maps, Caption{"viewMaps", "Spectral &Maps"}}}) {
+        QAction* action = Add(menu, view.caption, {}, [] {});
         action->setCheckable(true);
         QObject::connect(action, &QAction::triggered, &menu,
                          [this, kind = view.kind](bool show) { commands_.Show(kind, show); });
@@ -99,14 +136,15 @@ void Menus::AddView() {
     menu.addSeparator();
     struct Place {
         Arrangement arrangement;
-        const char *key, *text;
+        Caption caption;
     };
     auto* group = new QActionGroup(&menu);
-    for (const Place& place : {Place{Arrangement::TracesAbove, "view.tracesAbove", "Traces &Above"},
-                               Place{Arrangement::TracesBeside, "view.tracesBeside", "Traces on the &Left"},
-                               Place{Arrangement::Rows, "view.rows", "Each &Below the Other"}}) {
+    for (const Place& place :
+         {Place{Arrangement::TracesAbove, Caption{"viewTracesAbove", "Traces &Above"}},
+          Place{Arrangement::TracesBeside, Caption{"viewTracesBeside", "Traces on the &Left"}},
+          Place{Arrangement::Rows, Caption{"viewRows", "Each &Below the Other"}}}) {
         QAction* action =
-            Add(menu, place.key, place.text, {}, [this, to = place.arrangement] { commands_.Arrange(to); });
+            Add(menu, place.caption, {}, [this, to = place.arrangement] { commands_.Arrange(to); });
         action->setCheckable(true);
         group->addAction(action);
         QObject::connect(&menu, &QMenu::aboutToShow, action, [this, action, to = place.arrangement] {
@@ -116,16 +154,16 @@ void Menus::AddView() {
 }
 
 void Menus::AddAnalysis() {
-    QMenu& menu = *AddMenu(bar_, "menu.analysis", "&Analysis");
-    newAnalysis_ =
-        Add(menu, "analysis.new", "&New Analysis...", QKeySequence::New, [this] { commands_.NewAnalysis(); });
-    recompute_ = Add(menu, "analysis.recompute", "&Recompute", QKeySequence::Refresh,
+    QMenu& menu = *AddMenu(bar_, Caption{"menuAnalysis", "&Analysis"});
+    newAnalysis_ = Add(menu, Caption{"analysisNew", "&New Analysis..."}, QKeySequence::New,
+                       [this] { commands_.NewAnalysis(); });
+    recompute_ = Add(menu, Caption{"analysisRecompute", "&Recompute"}, QKeySequence::Refresh,
                      [this] { commands_.Recompute(); });
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
 }
 
 void Menus::AddMontage() {
-    montage_ = AddMenu(bar_, "menu.montage", "&Montage");
+    montage_ = AddMenu(bar_, Caption{"menuMontage", "&Montage"});
     beforeChild_ = montage_->menuAction();
     QObject::connect(montage_, &QMenu::aboutToShow, montage_, [this] { FillMontages(); });
 }
@@ -140,14 +178,14 @@ void Menus::FillMontages() {
         action->setChecked(i == commands_.CurrentMontage());
     }
     if (names.empty()) {
-        montage_->addAction(HostQText("montage.none", "No recording is open"))->setEnabled(false);
+        montage_->addAction(HostQText("montageNone", "No recording is open"))->setEnabled(false);
     }
 }
 
 void Menus::AddTools() {
-    QMenu& menu = *AddMenu(bar_, "menu.tools", "&Tools");
-    macros_ = Add(menu, "tools.macros", "&Macros...", {}, [this] { commands_.EditMacros(); });
-    regression_ = Add(menu, "tools.regression", "&Regression of Contrast Values", {}, [] {});
+    QMenu& menu = *AddMenu(bar_, Caption{"menuTools", "&Tools"});
+    macros_ = Add(menu, Caption{"toolsMacros", "&Macros..."}, {}, [this] { commands_.EditMacros(); });
+    regression_ = Add(menu, Caption{"toolsRegression", "&Regression of Contrast Values"}, {}, [] {});
     regression_->setCheckable(true);
     QObject::connect(regression_, &QAction::triggered, &menu,
                      [this](bool use) { commands_.UseRegression(use); });
@@ -155,15 +193,19 @@ void Menus::AddTools() {
 }
 
 void Menus::AddHelp() {
-    QMenu& menu = *AddMenu(bar_, "menu.help", "&Help");
-    Add(menu, "help.manual", "&Manual", QKeySequence::HelpContents, [this] { commands_.ShowManual(); });
-    Add(menu, "help.log", "&Log...", {}, [this] { commands_.ShowLog(); });
+    QMenu& menu = *AddMenu(bar_, Caption{"menuHelp", "&Help"});
+    Add(menu, Caption{"helpManual", "&Manual"}, QKeySequence::HelpContents,
+        [this] { commands_.ShowManual(); });
+    Add(menu, Caption{"helpLog", "&Log..."}, {}, [this] { commands_.ShowLog(); });
     menu.addSeparator();
-    Add(menu, "help.about", "&About Orvanta", {}, [this] { commands_.ShowAbout(); });
+    Add(menu, Caption{"helpAbout", "&About Orvanta"}, {}, [this] { commands_.ShowAbout(); });
 }
 
 void Menus::Update() {
     close_->setEnabled(commands_.HasDocument());
+    save_->setEnabled(commands_.HasChangedEvents());
+    ShowChange(*undo_, HostQText("editUndo", "&Undo"), commands_.UndoText());
+    ShowChange(*redo_, HostQText("editRedo", "&Redo"), commands_.RedoText());
     newAnalysis_->setEnabled(commands_.CanAnalyse());
     recompute_->setEnabled(commands_.CanAnalyse());
     macros_->setEnabled(commands_.HasModule());
@@ -179,8 +221,7 @@ void Menus::ShowMenuOf(TheChild* child) {
     if (child != nullptr) {
         QMenu& menu = child->GetMenu();
         if (menu.title().isEmpty()) {
-            menu.setTitle(
-                HostQText(("child." + child->GetChildName()).c_str(), child->GetChildName().c_str()));
+            menu.setTitle(MenuTitle(child->GetChildName()));
         }
         child_ = menu.menuAction();
         bar_.insertAction(beforeChild_, child_);

@@ -27,6 +27,7 @@ public:
 
 private:
     void AddFile();
+    void AddEdit();
     void AddView();
     void AddAnalysis();
     void AddMontage();
@@ -41,6 +42,7 @@ private:
     QMenu* montage_ = nullptr;
     QAction* beforeChild_ = nullptr; ///< the view's menu stands before it
     QPointer<QAction> child_;
+    QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr;
     QAction *close_ = nullptr, *newAnalysis_ = nullptr, *recompute_ = nullptr, *regression_ = nullptr,
             *macros_ = nullptr;
 };

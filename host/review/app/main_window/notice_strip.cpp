@@ -23,11 +23,11 @@ NoticeStrip::NoticeStrip(QWidget* parent)
     auto* icon = new QLabel(this);
     constexpr int kIcon = 16;
     icon->setPixmap(owl::IconOf(QStringLiteral("information")).pixmap(kIcon, kIcon));
-    more_->setText(HostQText("notice.more", "Show all..."));
+    more_->setText(HostQText("noticeMore", "Show all..."));
     more_->setAutoRaise(true);
     auto* close = new QToolButton(this);
     close->setIcon(owl::IconOf(QStringLiteral("view_close")));
-    close->setToolTip(HostQText("notice.close", "Close this notice"));
+    close->setToolTip(HostQText("noticeClose", "Close this notice"));
     close->setAccessibleName(close->toolTip());
     close->setAutoRaise(true);
     connect(close, &QToolButton::clicked, this, &QWidget::hide);

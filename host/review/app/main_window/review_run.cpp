@@ -5,6 +5,7 @@
 #include "host/review/app/application.h"
 #include "host/review/app/host_strings.h"
 #include "host/review/app/main_window/log.h"
+#include "host/review/app/main_window/starter_macros.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
@@ -39,6 +40,7 @@ int RunReview(const ReviewRequest& request) {
         setup.settingsFile = platform::DefaultSettingsFile();
     }
     setup.dataFolder = platform::DefaultDataFolder();
+    InstallStarterMacros(setup.dataFolder + "MACRO/");
     const std::unique_ptr<ModuleLibrary> module = LoadModule(setup.moduleProblem);
     if (module != nullptr) {
         setup.bridge = &module->Bridge();

@@ -35,8 +35,8 @@ ViewFrame::ViewFrame(TheChild& view, Buttons buttons, QWidget* parent) : QFrame(
     head->setSpacing(0);
     head->addWidget(&view.GetToolBar(), 1);
     QToolButton* fill =
-        Button("view_fill", HostQText("view.fill", "Let this view fill the window, or show all again"), this);
-    QToolButton* close = Button("view_close", HostQText("view.close", "Close this view"), this);
+        Button("view_fill", HostQText("viewFill", "Let this view fill the window, or show all again"), this);
+    QToolButton* close = Button("view_close", HostQText("viewClose", "Close this view"), this);
     head->addWidget(fill);
     head->addWidget(close);
     connect(fill, &QToolButton::clicked, this, std::move(buttons.fill));

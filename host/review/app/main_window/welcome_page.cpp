@@ -35,13 +35,13 @@ WelcomePage::WelcomePage(Commands& commands, QWidget* parent)
     : QWidget(parent), commands_(commands), recent_(new QWidget(this)) {
     auto* icon = new QLabel(this);
     icon->setPixmap(owl::IconOf(QStringLiteral("orvanta")).pixmap(kIcon, kIcon));
-    auto* open = new QPushButton(HostQText("welcome.open", "&Open a Recording..."), this);
+    auto* open = new QPushButton(HostQText("welcomeOpen", "&Open a Recording..."), this);
     open->setObjectName("welcomeOpen");
     open->setDefault(true);
     open->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     connect(open, &QPushButton::clicked, this, [this] { commands_.AskForFile(); });
     auto* hint = new QLabel(
-        HostQText("welcome.hint", "Or drop a file here. EDF, EDF+, BDF, BDF+ and BrainVision are read."),
+        HostQText("welcomeHint", "Or drop a file here. EDF, EDF+, BDF, BDF+ and BrainVision are read."),
         this);
     hint->setWordWrap(true);
 
@@ -86,7 +86,7 @@ void WelcomePage::FillRecent() {
         }
         if (shown++ == 0) {
             recent_->layout()->addWidget(
-                new QLabel(HostQText("welcome.recent", "Recent recordings"), recent_));
+                new QLabel(HostQText("welcomeRecent", "Recent recordings"), recent_));
         }
         auto* link = new QCommandLinkButton(file.fileName().replace('&', "&&"), file.path(), recent_);
         link->setIcon(owl::IconOf(QStringLiteral("spectrum")));

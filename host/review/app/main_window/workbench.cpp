@@ -2,7 +2,10 @@
 // How recordings are opened, switched and closed.
 #include "host/review/app/main_window/workbench.h"
 
+#include "host/review/app/events/event_editor.h"
+#include "host/review/app/main_window/action_listener.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/event_saving.h"
 #include "host/review/app/main_window/host_text.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/main_window/menus.h"
@@ -19,7 +22,9 @@
 #include "spectra_contract/spect_globals.h"
 #include "spectra_contract/spectra_mgr.h"
 
+#include <QApplication>
 #include <QMenuBar>
+#include <QPointer>
 
 namespace orvanta::review {
 
@@ -96,13 +101,13 @@ void Workbench::Start(const std::string& file) {
 }
 
 void Workbench::AskForFile() {
-    const std::string names = HostText("open.recordings", "Recordings");
+    const std::string names = HostText("openRecordings", "Recordings");
     const std::optional<std::string> chosen = owl::CurrentModalGateway().AskFileToOpen(
         HWND(shell_.get()),
-        {.title = HostText("open.title", "Open a Recording"),
+        {.title = HostText("openTitle", "Open a Recording"),
          .filter = names +
                    "|*.edf *.bdf *.rec *.vhdr|EDF, EDF+|*.edf *.rec|BDF, BDF+|*.bdf|BrainVision|*.vhdr|" +
-                   HostText("open.all", "All files") + "|*",
+                   HostText("openAll", "All files") + "|*",
          .extension = {},
          .folder = ReadText(platform_, kFolder),
          .name = {}});
@@ -130,8 +135,13 @@ bool Workbench::Load(const std::string& path) {
         gui_.ShowError(error.what());
         return false;
     }
+    if (!MayUnload()) {
+        return false;
+    }
     Unload();
     document_ = std::move(opened);
+    eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
+                                                      [this] { ShowState(); });
     document_->Analyses().SetStatMode(platform_.GetUser()->GetInt(kHostSection, kStatMode, 0));
     if (KeepsSessions()) {
         if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
@@ -148,7 +158,6 @@ bool Workbench::Load(const std::string& path) {
     }
     views_->Focus();
     ShowState();
-    menus_->Update();
     // Once everything can be seen.
     QMetaObject::invokeMethod(
         &statePoll_, [this] { ComputeRestored(); }, Qt::QueuedConnection);
@@ -157,18 +166,25 @@ bool Workbench::Load(const std::string& path) {
 
 void Workbench::ComputeRestored() {
     if (document_ != nullptr && document_->Analyses().GetMain() != nullptr && !gui_.IsBusy()) {
-        views_->RefreshAnalyses();
+        const QPointer<QWidget> focused(QApplication::focusWidget());
+        views_->RefreshAnalyses(); // gives the focus to the view
+        if (focused) {
+            focused->setFocus();
+        }
     }
 }
 
 void Workbench::CloseFile() {
     gui_.WhenIdle([this] {
-        if (document_ != nullptr) {
+        if (document_ != nullptr && MayUnload()) {
             WriteText(platform_, kLastFile, {});
             Unload();
-            menus_->Update();
         }
     });
+}
+
+bool Workbench::MayUnload() {
+    return document_ == nullptr || AskToSaveEvents(HWND(shell_.get()), document_->Events());
 }
 
 void Workbench::Unload() {
@@ -177,6 +193,7 @@ void Workbench::Unload() {
         WriteText(platform_, kLayout, middle_->Views().Layout());
     }
     views_->CloseAll();
+    eventsChanged_.reset();
     document_.reset();
     middle_->Repairs().Tell({}, {});
     middle_->ShowWelcome(true);
@@ -257,14 +274,18 @@ void Workbench::UseRegression(bool use) {
 void Workbench::ShowState() {
     shell_->ShowTitle(document_ != nullptr ? QString::fromStdString(document_->Recording().GetFileNameText())
                                            : QString(),
-                      false);
+                      HasChangedEvents());
     const StatusFields fields = document_ != nullptr ? StatusOf(document_->Recording()) : StatusFields();
+    menus_->Update();
     shell_->ShowFields(fields.recording, fields.montage, fields.place);
 }
 
 bool Workbench::MayClose() {
     if (gui_.IsBusy()) {
         gui_.WhenIdle([this] { shell_->close(); });
+        return false;
+    }
+    if (!MayUnload()) {
         return false;
     }
     StoreSession();

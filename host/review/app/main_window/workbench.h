@@ -15,6 +15,7 @@
 
 namespace orvanta::review {
 
+class ActionListener;
 class Document;
 class MainWindow;
 class Menus;
@@ -64,6 +65,13 @@ public:
     void NewAnalysis() override;
     void Recompute() override;
 
+    std::string UndoText() const override;
+    std::string RedoText() const override;
+    void Undo() override;
+    void Redo() override;
+    bool HasChangedEvents() const override;
+    void SaveEvents() override;
+
     std::vector<std::string> MontageNames() const override;
     std::size_t CurrentMontage() const override;
     void ChooseMontage(std::size_t index) override;
@@ -81,6 +89,8 @@ private:
     std::string SessionPath(const std::string& recording) const;
     /// \return false after a message when the file is refused; what is open then stays
     bool Load(const std::string& path);
+    /// \return false when the user wants to keep what is open
+    bool MayUnload();
     void Unload();
     void StoreSession();
     void OpenView(ViewKind kind);
@@ -93,6 +103,7 @@ private:
     platform::HostPlatform platform_;
     RecentFiles recent_;
     std::unique_ptr<Document> document_;
+    std::unique_ptr<ActionListener> eventsChanged_; ///< of the document
     std::unique_ptr<Shell> shell_;
     MainWindow* middle_; ///< of the shell
     std::unique_ptr<OpenViews> views_;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the menus of analyses, montages, tools and help do.
+#include "host/review/app/events/event_editor.h"
 #include "host/review/app/macro_labels.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/event_saving.h"
 #include "host/review/app/main_window/help.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/main_window/menus.h"
@@ -43,7 +45,40 @@ void Workbench::NewAnalysis() {
 
 void Workbench::Recompute() {
     if (CanAnalyse() && !gui_.IsBusy()) {
+        if (SpectMacroResult* main = document_->Analyses().GetMain()) {
+            main->ResetData();
+        }
         views_->RefreshAnalyses();
+    }
+}
+
+std::string Workbench::UndoText() const {
+    return document_ != nullptr ? document_->Events().UndoText() : std::string();
+}
+
+std::string Workbench::RedoText() const {
+    return document_ != nullptr ? document_->Events().RedoText() : std::string();
+}
+
+void Workbench::Undo() {
+    if (document_ != nullptr && document_->Events().CanUndo()) {
+        document_->Events().Undo();
+    }
+}
+
+void Workbench::Redo() {
+    if (document_ != nullptr && document_->Events().CanRedo()) {
+        document_->Events().Redo();
+    }
+}
+
+bool Workbench::HasChangedEvents() const {
+    return document_ != nullptr && document_->Events().IsChanged();
+}
+
+void Workbench::SaveEvents() {
+    if (document_ != nullptr) {
+        review::SaveEvents(HWND(shell_.get()), document_->Events());
     }
 }
 
@@ -63,7 +98,7 @@ std::size_t Workbench::CurrentMontage() const {
 
 void Workbench::ChooseMontage(std::size_t index) {
     if (document_ != nullptr && !gui_.IsBusy() && document_->Recording().ChangeMntg(index, true)) {
-        Recompute();
+        views_->RefreshAnalyses();
     }
 }
 

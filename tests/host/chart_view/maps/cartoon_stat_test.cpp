@@ -401,6 +401,13 @@ TEST_F(Cartoon, MayEndWhileItFetches) {
     EXPECT_EQ(view->updates.size(), 1U);
 }
 
+TEST_F(Cartoon, MayEndWhileItsRangeIsAsked) {
+    auto view = ViewOf(10);
+    view->source.whileAskedForRange = [&] { view->Destroy(); };
+    view->SetMapValues(true);
+    EXPECT_EQ(view->updates.size(), 1U);
+}
+
 TEST_F(Cartoon, DoesNotFetchWithinAFetch) {
     const auto view = ViewOf(10);
     view->source.meanwhile = [&] {

@@ -26,11 +26,17 @@ public:
         }
         return epochs;
     }
-    std::optional<chart::ValueRange> CartoonRange() override { return range; }
+    std::optional<chart::ValueRange> CartoonRange() override {
+        if (whileAskedForRange) {
+            whileAskedForRange();
+        }
+        return range;
+    }
 
     std::optional<XTimeList> epochs = XTimeList();
     std::optional<chart::ValueRange> range;
     std::function<void()> meanwhile;
+    std::function<void()> whileAskedForRange;
     bool fails = false;
     int fetched = 0;
 };

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/maps/multi_map_win.h"
 
+#include "host/toolkit/table_window.h"
 #include "tests/host/chart_view/maps/maps_view.h"
 #include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
 #include <QSlider>
 #include <QSplitter>
+#include <QTableView>
+#include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,12 +24,18 @@ namespace {
 using orvanta::chart::HeadView;
 using orvanta::chart::ValueRange;
 using orvanta::test::FakeGlobalWindow;
+using orvanta::test::FormUser;
 using orvanta::test::MapsView;
+using orvanta::test::ScriptedUser;
 using testing::ElementsAre;
 
 constexpr unsigned kGrid = 14160;
 constexpr unsigned kElectrodes = 14141;
 constexpr unsigned kLock = 14150;
+constexpr unsigned kNames = 14161;
+constexpr unsigned kValues = 14162;
+constexpr unsigned kSinglePalette = 14163;
+constexpr unsigned kValuesTable = 14164;
 constexpr unsigned kTransparency = 16329;
 constexpr WPARAM kTwoByThree = 3U | 2U << 16U; ///< columns in the lower half
 
@@ -300,6 +312,162 @@ TEST_F(MapArray, LivesThroughEverySize) {
         QApplication::processEvents();
     }
     EXPECT_TRUE(view.GetMap(0)->isVisible());
+}
+
+TEST_F(MapArray, TakesAnotherPalette) {
+    ScriptedUser user;
+    user.MeetsDialog([](QDialog& dialog) {
+        FormUser(dialog).SelectsRow("lstPalettes", 4);
+        dialog.accept();
+    });
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.RunCommand(14081);
+    EXPECT_EQ(view.GetMap(7)->GetDisplay().palette, "turbo");
+    view.Destroy();
+    EXPECT_EQ(window.platform.texts["Maps/MapPalette"], "turbo");
+}
+
+TEST_F(MapArray, KeepsItsPaletteWhenTheUserCancels) {
+    ScriptedUser user;
+    user.MeetsDialog([](QDialog& dialog) { dialog.reject(); });
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.RunCommand(14081);
+    EXPECT_EQ(view.GetMap(7)->GetDisplay().palette, "viridis");
+}
+
+TEST_F(MapArray, TakesAnotherFont) {
+    ScriptedUser user;
+    user.ChoosesFont(owl::TFont{"DejaVu Serif", 30, false, false});
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.SetTitle("Title");
+    const int top = view.GetMap(0)->y();
+    view.RunCommand(14144);
+    EXPECT_EQ(view.GetMap(0)->GetDisplay().font.height, 30);
+    EXPECT_GT(view.GetMap(0)->y(), top);
+}
+
+/// The menu that a right click opens.
+owl::TMenu& MenuOf(MapsView& view) {
+    QContextMenuEvent click(QContextMenuEvent::Mouse, {10, 10}, view.mapToGlobal(QPoint(10, 10)));
+    QApplication::sendEvent(view.GetMap(0), &click);
+    return dynamic_cast<owl::TMenu&>(*QApplication::activePopupWidget());
+}
+
+TEST_F(MapArray, OffersItsCommandsAtARightClick) {
+    MapsView view(window, true);
+    view.ShowAt(800, 400);
+    owl::TMenu& menu = MenuOf(view);
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_TRUE(menu.Item(kElectrodes)->isChecked());
+    EXPECT_FALSE(menu.Item(kLock)->isChecked());
+    EXPECT_NE(menu.Item(14104), nullptr);
+    menu.Item(kElectrodes)->trigger();
+    EXPECT_FALSE(view.AreElectrodesShown());
+    menu.close();
+}
+
+TEST_F(MapArray, OffersFlatMapsNothingThatIsForHeads) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    owl::TMenu& menu = MenuOf(view);
+    EXPECT_NE(menu.Item(kGrid), nullptr);
+    EXPECT_EQ(menu.Item(kLock), nullptr);
+    EXPECT_EQ(menu.Item(14100), nullptr);
+    menu.close();
+}
+
+TEST_F(MapArray, OpensThePickerOfItsGrid) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.RunCommand(kGrid);
+    auto* picker = dynamic_cast<TTableWnd*>(QApplication::activePopupWidget());
+    ASSERT_NE(picker, nullptr);
+    QTest::keyClick(picker, Qt::Key_Right);
+    QTest::keyClick(picker, Qt::Key_Right);
+    QTest::keyClick(picker, Qt::Key_Down);
+    QTest::keyClick(picker, Qt::Key_Return);
+    EXPECT_EQ(view.GetNumMaps(), 6);
+    EXPECT_EQ(view.GetLayoutCount(), 3);
+}
+
+TEST_F(MapArray, ShowsNamesAndValuesOnDemand) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.RunCommand(kNames);
+    view.RunCommand(kValues);
+    EXPECT_TRUE(view.GetMap(0)->GetDisplay().names);
+    EXPECT_TRUE(view.GetMap(0)->GetDisplay().values);
+}
+
+TEST_F(MapArray, ShowsATableOfItsValues) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.SetMapValues(true);
+    EXPECT_FALSE(view.IsTableShown());
+    view.RunCommand(kValuesTable);
+    EXPECT_TRUE(view.IsTableShown());
+    QApplication::processEvents();
+    const auto* table = view.Panes().findChild<QTableView*>("mapValues");
+    const QAbstractItemModel& model = *table->model();
+    EXPECT_EQ(model.rowCount(), 4);
+    EXPECT_EQ(model.columnCount(), 8);
+    EXPECT_EQ(model.headerData(3, Qt::Horizontal).toString(), "Map 3");
+    EXPECT_EQ(model.headerData(1, Qt::Vertical).toString(), "Fpz");
+    EXPECT_EQ(model.index(1, 3).data().toString(), "31.000");
+    EXPECT_GT(view.width(), 300); // the maps keep their room
+    view.valueOf = [](std::uint64_t, std::size_t, std::size_t) { return 0.25; };
+    view.SetMapValues(true);
+    EXPECT_EQ(model.index(1, 3).data().toString(), "0.250");
+    view.RunCommand(kValuesTable);
+    EXPECT_FALSE(view.IsTableShown());
+}
+
+TEST_F(MapArray, CopiesWhatIsSelectedInItsTable) {
+    const orvanta::test::FakeServices services;
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.SetMapValues(true);
+    view.RunCommand(kValuesTable);
+    auto* table = view.Panes().findChild<QTableView*>("mapValues");
+    QTest::keySequence(table, QKeySequence::Copy);
+    EXPECT_TRUE(services.clipboard.Texts().empty());
+    table->selectionModel()->select(QItemSelection(table->model()->index(0, 1), table->model()->index(1, 2)),
+                                    QItemSelectionModel::Select);
+    QTest::keySequence(table, QKeySequence::Copy);
+    EXPECT_THAT(services.clipboard.Texts(),
+                ElementsAre("\tMap 1\tMap 2\r\nFp1\t10.000\t20.000\r\nFpz\t11.000\t21.000\r\n"));
+}
+
+TEST_F(MapArray, RemembersItsTable) {
+    {
+        MapsView view(window);
+        view.ShowAt(800, 400);
+        view.RunCommand(kValuesTable);
+        view.Destroy();
+    }
+    MapsView again(window);
+    again.ShowAt(800, 400);
+    EXPECT_TRUE(again.IsTableShown());
+}
+
+TEST_F(MapArray, RemembersTheUsersPaletteAndNotTheCartoons) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.SetSinglePalette(true); // as the cartoon does
+    view.Destroy();
+    EXPECT_EQ(window.platform.user.values["Maps/MapSinglePalette"], 0);
+}
+
+TEST_F(MapArray, TakesOneScaleOnDemand) {
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.RunCommand(kSinglePalette);
+    EXPECT_TRUE(view.IsSinglePalette());
+    view.Destroy();
+    EXPECT_EQ(window.platform.user.values["Maps/MapSinglePalette"], 1);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ std::vector<std::string> NamesOf(const std::vector<GalleryPage>& pages) {
 class AllPages : public testing::Test {
 protected:
     AllPages() {
-        for (GalleryPage& page : MakeHostPages()) {
+        for (GalleryPage& page : MakeHostPages(sample_.Get())) {
             pages_.push_back(std::move(page));
         }
     }

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// New analyses, montages, events and views through the menus.
+#include "host/chart_view/the_child.h"
+#include "host/review/app/events/event_editor.h"
+#include "host/review/app/main_window/starter_macros.h"
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+#include "tests/support/qt/form_user.h"
+
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace {
+
+using namespace orvanta;
+using review::ViewKind;
+using test::FormUser;
+using testing::HasSubstr;
+
+class Analysing : public test::WorkbenchFixture {
+protected:
+    Analysing() { review::InstallStarterMacros(folder.Path("data/MACRO/")); }
+
+    void ChooseMacro(const char* name) {
+        user.MeetsDialog([name](QDialog& form) {
+            FormUser(form).SelectsRows("ListBoxMacro", {name});
+            FormUser(form).Clicks("BtnAutoAverage");
+        });
+    }
+    int RowsOfMainList() const {
+        for (const QAbstractItemView* list : bench->Window().findChildren<QAbstractItemView*>("lvMainList")) {
+            return list->model()->rowCount();
+        }
+        return -1;
+    }
+    TheChild& Spectrum() const { return *bench->Middle().Views().ViewOf(ViewKind::Spectrum); }
+    /// Another 10 s of open eyes.
+    void AddEvent() const {
+        constexpr std::int64_t kSecond = 1'000'000'000;
+        bench->Current()->Events().Add(
+            {"Artifact",
+             EventClass::State,
+             {XTime::FromNanoseconds(kSecond), XTime::FromNanoseconds(2 * kSecond)}});
+        test::WaitUntilIdle();
+    }
+    /// The box that asks what becomes of the changes.
+    void Answer(const char* caption) {
+        user.Meets<QMessageBox>([caption](QMessageBox& box) {
+            for (QAbstractButton* button : box.buttons()) {
+                if (button->text() == caption) {
+                    button->click();
+                    return;
+                }
+            }
+            FAIL() << "no button " << caption;
+        });
+    }
+};
+
+TEST_F(Analysing, ANewAnalysisIsComputedAndShown) {
+    Start(Demo());
+    ChooseMacro("Resting eyes closed");
+    Item("analysisNew").trigger();
+    ASSERT_EQ(Analyses().Size(), 1U);
+    EXPECT_TRUE(Analyses().GetMain()->IsComputed());
+    EXPECT_EQ(Analyses().GetMain()->GetName(), "Resting eyes closed");
+}
+
+TEST_F(Analysing, ASecondAnalysisBecomesTheMainOneAndIsListedInThePanels) {
+    Start(Demo());
+    ChooseMacro("Eyes open vs closed - open");
+    Item("analysisNew").trigger();
+    Spectrum().SetFocus();
+    test::WaitUntilIdle();
+    ASSERT_EQ(RowsOfMainList(), 1);
+    ChooseMacro("Eyes open vs closed - closed");
+    Item("analysisNew").trigger();
+    EXPECT_EQ(Analyses().GetMain()->GetName(), "Eyes open vs closed - closed");
+    EXPECT_EQ(RowsOfMainList(), 2);
+}
+
+TEST_F(Analysing, NothingChangesWhenTheUserCancels) {
+    Start(Demo());
+    user.MeetsDialog([](QDialog& form) { form.reject(); });
+    Item("analysisNew").trigger();
+    EXPECT_EQ(Analyses().Size(), 0U);
+}
+
+TEST_F(Analysing, ShowsTheViewThatTheUserHasClosed) {
+    Start(Demo());
+    bench->Show(ViewKind::Spectrum, false);
+    bench->Show(ViewKind::Maps, false);
+    ChooseMacro("Resting eyes closed");
+    Item("analysisNew").trigger();
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+}
+
+TEST_F(Analysing, NeedsARecording) {
+    Start();
+    EXPECT_FALSE(Item("analysisNew").isEnabled());
+    EXPECT_FALSE(Item("analysisRecompute").isEnabled());
+    bench->OpenFile(Demo());
+    EXPECT_TRUE(Item("analysisNew").isEnabled());
+}
+
+TEST_F(Analysing, AMontageIsChosenInTheMenu) {
+    Start(Demo());
+    AddAnalysis();
+    Opens("menuMontage");
+    const QList<QAction*> items = Menu("menuMontage").actions();
+    ASSERT_EQ(items.size(), 5);
+    EXPECT_TRUE(items[0]->isChecked());
+    EXPECT_EQ(items[1]->text(), "Longitudinal bipolar");
+    items[1]->trigger();
+    EXPECT_EQ(Recording().GetTraceInfo()->GetMtg().GetName(), "Longitudinal bipolar");
+    EXPECT_EQ(bench->CurrentMontage(), 1U);
+}
+
+TEST_F(Analysing, ViewsAreClosedByTheirButtonAndOpenedInTheMenu) {
+    Start(Demo());
+    Spectrum().parentWidget()->parentWidget()->findChild<QToolButton*>("view_close")->click();
+    test::WaitUntilIdle();
+    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    Opens("menuView");
+    EXPECT_FALSE(Item("viewSpectrum").isChecked());
+    Item("viewSpectrum").trigger();
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    Opens("menuView");
+    EXPECT_TRUE(Item("viewSpectrum").isChecked());
+}
+
+TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
+    Start();
+    EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Help"}));
+    bench->OpenFile(Demo());
+    user.MeetsDialog([](QDialog& form) { form.reject(); }); // asks, since there is no analysis
+    Spectrum().SetFocus();
+    test::WaitUntilIdle();
+    EXPECT_EQ(MenuTitles(),
+              QStringList({"File", "Edit", "View", "Analysis", "Spectrum", "Montage", "Tools", "Help"}));
+    bench->CloseFile();
+    EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Help"}));
+}
+
+TEST_F(Analysing, TheRegressionPanelComesAndGoes) {
+    Start(Demo());
+    AddAnalysis();
+    const auto panels = [this] {
+        Spectrum().SetFocus();
+        test::WaitUntilIdle();
+        return bench->Window().findChildren<QWidget*>("TFormListenerSpectraBCI").size();
+    };
+    EXPECT_EQ(panels(), 0);
+    Item("toolsRegression").trigger();
+    EXPECT_EQ(Analyses().GetStatMode(), 2);
+    EXPECT_EQ(panels(), 1);
+    Leave();
+    Start();
+    EXPECT_EQ(Analyses().GetStatMode(), 2);
+    Item("toolsRegression").trigger();
+    EXPECT_EQ(panels(), 0);
+}
+
+TEST_F(Analysing, EventsAreUndoneAndDoneAgain) {
+    Start(Demo());
+    EXPECT_FALSE(Item("editUndo").isEnabled());
+    const std::size_t before = bench->Current()->Events().Events().size();
+    AddEvent();
+    Opens("menuEdit");
+    EXPECT_EQ(Item("editUndo").text(), "&Undo Add Artifact");
+    EXPECT_TRUE(bench->Window().isWindowModified());
+    Item("editUndo").trigger();
+    EXPECT_EQ(bench->Current()->Events().Events().size(), before);
+    Opens("menuEdit");
+    Item("editRedo").trigger();
+    EXPECT_EQ(bench->Current()->Events().Events().size(), before + 1);
+    Answer("&Discard");
+}
+
+TEST_F(Analysing, EventsAreSaved) {
+    Start(Demo());
+    AddEvent();
+    Opens("menuFile");
+    Item("fileSaveEvents").trigger();
+    EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
+    EXPECT_FALSE(bench->HasChangedEvents());
+}
+
+TEST_F(Analysing, ChangedEventsAreSavedBeforeTheRecordingGoes) {
+    Start(Demo());
+    AddEvent();
+    Answer("&Save");
+    bench->CloseFile();
+    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
+}
+
+TEST_F(Analysing, TheUserCanStayWithChangedEvents) {
+    Start(Demo());
+    AddEvent();
+    Answer("&Cancel");
+    bench->OpenFile(Demo("other.edf"));
+    EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
+    Answer("&Cancel");
+    EXPECT_FALSE(bench->Window().close());
+    EXPECT_TRUE(bench->Window().isVisible());
+    Answer("&Discard");
+}
+
+TEST_F(Analysing, EventsThatAnotherProgramChangedAreReplacedOnRequest) {
+    Start(Demo());
+    AddEvent();
+    folder.Write("demo_events.tsv", "onset\tduration\ttrial_type\n3\t0\tother\n");
+    Answer("&Cancel");
+    bench->SaveEvents();
+    EXPECT_TRUE(bench->HasChangedEvents());
+    Answer("&Replace Them");
+    bench->SaveEvents();
+    EXPECT_FALSE(bench->HasChangedEvents());
+    EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
+}
+
+TEST_F(Analysing, EventsThatCannotBeSavedAreSavedElsewhere) {
+    Start(Demo());
+    AddEvent();
+    std::filesystem::create_directory(folder.Path("demo_events.tsv")); // no file can take its place
+    Answer("Save &Elsewhere...");
+    user.ChoosesFile(folder.Path("mine.tsv"));
+    bench->SaveEvents();
+    EXPECT_FALSE(bench->HasChangedEvents());
+    EXPECT_THAT(folder.Read("mine.tsv"), HasSubstr("Artifact"));
+}
+
+TEST_F(Analysing, MacrosAreEditedWithoutARecording) {
+    Start();
+    user.MeetsDialog([](QDialog& form) {
+        EXPECT_EQ(FormUser(form).RowsOf("ListBoxMacro").size(), 5);
+        form.reject();
+    });
+    Item("toolsMacros").trigger();
+    EXPECT_EQ(user.DialogsShown(), 1);
+}
+
+} // namespace

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The recording or the window goes while spectra are computed.
+#include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/work_gui.h"
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+
+#include <QTimer>
+
+namespace {
+
+using namespace orvanta;
+using review::ViewKind;
+
+/// Each look at it is 40 ms later, so that all work is long.
+class FastClock final : public owl::Clock {
+public:
+    std::int64_t Milliseconds() const override { return now_ += 40; }
+
+private:
+    mutable std::int64_t now_ = 0;
+};
+
+class Ending : public test::WorkbenchFixture {
+protected:
+    Ending() : inUse_(owl::CurrentServices()) {
+        inUse_.clock = &clock_;
+        earlier_ = owl::ReplaceServices(&inUse_);
+        Start(Demo());
+        AddAnalysis();
+        last_ = &AddAnalysis();
+    }
+    ~Ending() override {
+        Leave();
+        owl::ReplaceServices(earlier_);
+    }
+
+    /// Computes, and lets this happen in the middle.
+    void ComputeAnd(const std::function<void()>& what) {
+        bool happened = false;
+        QTimer::singleShot(0, &bench->Window(), [&] {
+            // The progress display runs this in the middle of the work.
+            EXPECT_FALSE(last_->IsComputed());
+            what();
+            happened = true;
+        });
+        bench->Recompute();
+        EXPECT_TRUE(happened);
+    }
+
+    FastClock clock_;
+    owl::Services inUse_;
+    const owl::Services* earlier_;
+    SpectMacroResult* last_; ///< is computed last
+};
+
+TEST_F(Ending, TheWindowClosesWhenTheComputationIsCancelled) {
+    ComputeAnd([this] {
+        EXPECT_FALSE(bench->Window().close());
+        EXPECT_TRUE(bench->Window().isVisible());
+    });
+    EXPECT_FALSE(last_->IsComputed());
+    test::WaitUntilIdle();
+    EXPECT_FALSE(bench->Window().isVisible());
+}
+
+TEST_F(Ending, TheRecordingIsSwitchedWhenTheComputationIsCancelled) {
+    const std::string other = Demo("other.edf", 2);
+    ComputeAnd([&] {
+        bench->OpenFile(other);
+        EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
+    });
+    test::WaitUntilIdle();
+    EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
+    EXPECT_EQ(Analyses().Size(), 0U);
+}
+
+TEST_F(Ending, TheRecordingIsClosedWhenTheComputationIsCancelled) {
+    ComputeAnd([this] { bench->CloseFile(); });
+    test::WaitUntilIdle();
+    EXPECT_FALSE(bench->HasDocument());
+}
+
+TEST_F(Ending, AViewIsClosedWhenTheComputationIsCancelled) {
+    ComputeAnd([this] { bench->Show(ViewKind::Spectrum, false); });
+    test::WaitUntilIdle();
+    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+}
+
+TEST_F(Ending, NoOtherAnalysisIsAskedForMeanwhile) {
+    ComputeAnd([this] { bench->NewAnalysis(); });
+    EXPECT_EQ(Analyses().Size(), 2U);
+}
+
+TEST(Work, IsToldOfNothingOnceItIsToEnd) {
+    test::ScriptedUser user;
+    review::WorkGui gui;
+    const auto progress = gui.CreateProgress("Computing Spectra...");
+    bool ended = false;
+    EXPECT_TRUE(gui.IsBusy());
+    gui.WhenIdle([&] { ended = true; });
+    EXPECT_TRUE(progress->IsCancelled());
+    EXPECT_TRUE(gui.CreateProgress("Another")->IsCancelled());
+    gui.ShowError("could not be computed");
+    EXPECT_TRUE(user.Messages().empty());
+    EXPECT_FALSE(ended);
+}
+
+TEST(Work, RunsWhatHasWaitedWhenAllIsDone) {
+    review::WorkGui gui;
+    auto progress = gui.CreateProgress("Computing Spectra...");
+    int runs = 0;
+    gui.WhenIdle([&] { ++runs; });
+    progress.reset();
+    EXPECT_EQ(runs, 0); // what the work belongs to has not returned yet
+    test::WaitUntilIdle();
+    EXPECT_EQ(runs, 1);
+    gui.WhenIdle([&] { ++runs; });
+    EXPECT_EQ(runs, 2);
+}
+
+} // namespace

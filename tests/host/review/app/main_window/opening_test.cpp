@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/notice_strip.h"
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+
+namespace {
+
+using namespace orvanta;
+using review::ViewKind;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+using Opening = test::WorkbenchFixture;
+
+TEST_F(Opening, StartsWithoutARecording) {
+    Start();
+    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(Title(), "Orvanta");
+    EXPECT_TRUE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
+}
+
+TEST_F(Opening, ShowsTheRecordingThatIsNamedAtTheStart) {
+    Start(Demo());
+    ASSERT_TRUE(bench->HasDocument());
+    EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Spectrum)->isVisible());
+    EXPECT_FALSE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
+}
+
+TEST_F(Opening, AsksForAFileAndOpensIt) {
+    Start();
+    user.ChoosesFile(Demo());
+    Item("fileOpen").trigger();
+    EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
+    ASSERT_EQ(user.FileRequests().size(), 1U);
+    EXPECT_THAT(user.FileRequests().front().question.filter, HasSubstr("BrainVision|*.vhdr"));
+}
+
+TEST_F(Opening, DoesNothingWhenTheUserCancels) {
+    Start(Demo());
+    user.ChoosesFile(std::nullopt);
+    Item("fileOpen").trigger();
+    EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
+}
+
+TEST_F(Opening, SwitchesToAnotherRecording) {
+    Start(Demo());
+    bench->OpenFile(Demo("other.edf", 2));
+    EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+}
+
+TEST_F(Opening, LeavesTheRecordingWhenABrokenFileIsRefused) {
+    Start(Demo());
+    const EEGFileInfoType* before = &Recording();
+    user.AnswersMessage(owl::kIdOk);
+    bench->OpenFile(folder.Write("broken.edf", "no header at all"));
+    EXPECT_EQ(&Recording(), before);
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    ASSERT_EQ(user.Messages().size(), 1U);
+    EXPECT_THAT(user.Messages().front().text, HasSubstr("broken.edf: "));
+    EXPECT_EQ(user.Messages().front().caption, "Error");
+    EXPECT_THAT(bench->RecentPaths(), ElementsAre(folder.Path("demo.edf")));
+}
+
+TEST_F(Opening, SaysThatAFileIsMissing) {
+    Start();
+    user.AnswersMessage(owl::kIdOk);
+    bench->OpenFile(folder.Path("none.edf"));
+    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_THAT(user.Messages().front().text, HasSubstr("none.edf: "));
+}
+
+TEST_F(Opening, ClosesTheRecording) {
+    Start(Demo());
+    Item("fileClose").trigger();
+    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(Title(), "Orvanta");
+    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_FALSE(Item("fileClose").isEnabled());
+    EXPECT_TRUE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
+}
+
+TEST_F(Opening, TellsInTheMessageBarWhatIsOpen) {
+    Start(Demo());
+    EXPECT_EQ(bench->Window().findChild<QLabel*>("recordingField")->text(), "19 EEG, 64 Hz, 0:01:00");
+    EXPECT_EQ(bench->Window().findChild<QLabel*>("montageField")->text(), "As recorded");
+    EXPECT_EQ(bench->Window().findChild<QLabel*>("placeField")->text(), "09:00:00");
+}
+
+TEST_F(Opening, SaysWhatWasRepaired) {
+    std::string file = Demo();
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) - 100);
+    Start(file);
+    EXPECT_TRUE(bench->Middle().Repairs().isVisible());
+    EXPECT_THAT(bench->Middle().Repairs().Text().toStdString(), HasSubstr("About this recording: "));
+    bench->OpenFile(Demo("sound.edf"));
+    EXPECT_FALSE(bench->Middle().Repairs().isVisible());
+}
+
+/// What the desktop sends when a file is dropped.
+void Drop(QWidget& window, const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &enter);
+    if (enter.isAccepted()) {
+        QDropEvent drop({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &drop);
+    }
+    test::WaitUntilIdle();
+}
+
+TEST_F(Opening, OpensADroppedFile) {
+    Start();
+    Drop(bench->Window(), {QUrl::fromLocalFile(QString::fromStdString(Demo()))});
+    EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
+}
+
+TEST_F(Opening, TakesNeitherAddressesNorSeveralFiles) {
+    Start();
+    const QUrl file = QUrl::fromLocalFile(QString::fromStdString(Demo()));
+    Drop(bench->Window(), {QUrl("https://example.org/a.edf")});
+    Drop(bench->Window(), {file, file});
+    EXPECT_FALSE(bench->HasDocument());
+}
+
+TEST_F(Opening, ListsRecentFilesLatestFirst) {
+    Start(Demo("a.edf"));
+    bench->OpenFile(Demo("b & c.edf"));
+    bench->OpenFile(folder.Path("a.edf"));
+    EXPECT_THAT(bench->RecentPaths(), ElementsAre(folder.Path("a.edf"), folder.Path("b & c.edf")));
+    std::filesystem::remove(folder.Path("a.edf"));
+    Opens("fileRecent");
+    const QList<QAction*> items = Menu("fileRecent").actions();
+    EXPECT_EQ(items[0]->text(), "&1 a.edf");
+    EXPECT_FALSE(items[0]->isEnabled());
+    EXPECT_EQ(items[1]->text(), "&2 b && c.edf");
+    EXPECT_TRUE(items[1]->isEnabled());
+    items[1]->trigger();
+    EXPECT_EQ(Recording().GetFileNameText(), "b & c.edf");
+}
+
+TEST_F(Opening, ForgetsRecentFilesOnRequest) {
+    Start(Demo());
+    Opens("fileRecent");
+    Item("fileClearRecent").trigger();
+    EXPECT_THAT(bench->RecentPaths(), IsEmpty());
+    bench->CloseFile();
+    Leave();
+    EXPECT_THAT(Start().RecentPaths(), IsEmpty());
+}
+
+TEST_F(Opening, WithoutTheModuleSaysWhyAndStillOpens) {
+    review::Workbench::Setup setup = Setup();
+    setup.bridge = nullptr;
+    setup.moduleProblem = "Orvanta64.so: no such file (install it)";
+    Start(setup, Demo());
+    EXPECT_TRUE(bench->HasDocument());
+    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->Middle().Problem().isVisible());
+    EXPECT_EQ(bench->Middle().Problem().Text(),
+              "Only traces can be shown: Orvanta64.so: no such file (install it)");
+    EXPECT_FALSE(Item("analysisNew").isEnabled());
+    EXPECT_FALSE(Item("toolsMacros").isEnabled());
+}
+
+} // namespace

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/main_window/session.h"
+
+#include "host/chart_view/the_child.h"
+#include "host/spectral_data/settings/macro_file.h"
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+
+namespace {
+
+using namespace orvanta;
+using review::ViewKind;
+
+class SessionOfTheWindow : public test::WorkbenchFixture {
+protected:
+    SpectraMacro SavedMacro(const std::string& name, unsigned overlap) const {
+        SpectraMacro macro;
+        macro.SetOverlapPerc(overlap);
+        EXPECT_EQ(macro.SaveAs(folder.Path(name)), 0);
+        return macro;
+    }
+    void LeaveAndComeBack(const std::string& file = {}) {
+        Leave();
+        Start(file);
+    }
+};
+
+TEST_F(SessionOfTheWindow, OpensTheLastRecordingAgain) {
+    Start(Demo());
+    LeaveAndComeBack();
+    ASSERT_TRUE(bench->HasDocument());
+    EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
+}
+
+TEST_F(SessionOfTheWindow, OpensNothingAfterTheRecordingWasClosed) {
+    Start(Demo());
+    bench->CloseFile();
+    LeaveAndComeBack();
+    EXPECT_FALSE(bench->HasDocument());
+}
+
+TEST_F(SessionOfTheWindow, SaysThatTheLastRecordingIsGone) {
+    Start(Demo());
+    Leave();
+    std::filesystem::remove(folder.Path("demo.edf"));
+    user.AnswersMessage(owl::kIdOk);
+    Start();
+    EXPECT_FALSE(bench->HasDocument());
+}
+
+TEST_F(SessionOfTheWindow, GoesBackToPlaceAndMontage) {
+    Start(Demo());
+    Recording().GetTraceCursor()->SetPosition(64 * 20);
+    Recording().ChangeMntg(1, true);
+    LeaveAndComeBack();
+    const TraceCursorType& cursor = *Recording().GetTraceCursor();
+    EXPECT_EQ(cursor.GetSample(cursor.GetStartRecTime(), Sample::Mode::Memory, 0), 64 * 20);
+    EXPECT_EQ(Recording().GetTraceInfo()->GetMtg().GetName(), "Longitudinal bipolar");
+}
+
+TEST_F(SessionOfTheWindow, MakesTheAnalysesAgainAndComputesThem) {
+    Start(Demo());
+    AddAnalysis(SavedMacro("first.smx", 25));
+    SpectMacroResult& second = AddAnalysis(SavedMacro("second.smx", 75));
+    Analyses().SetMain(&second);
+    Analyses().SetSecondary(*Analyses().begin());
+    LeaveAndComeBack();
+    ASSERT_EQ(Analyses().Size(), 2U);
+    EXPECT_EQ(Analyses().GetMain()->GetName(), "second");
+    EXPECT_EQ(Analyses().GetMain()->GetMacro().GetOverlapPerc(), 75U);
+    EXPECT_EQ(Analyses().GetSecondary()->GetName(), "first");
+    EXPECT_TRUE(Analyses().GetMain()->IsComputed());
+    EXPECT_TRUE(Analyses().GetSecondary()->IsComputed());
+}
+
+TEST_F(SessionOfTheWindow, KeepsSettingsThatNoFileHas) {
+    Start(Demo());
+    SpectraMacro changed = SavedMacro("first.smx", 25);
+    changed.SetOverlapPerc(30);
+    AddAnalysis(changed);
+    LeaveAndComeBack();
+    ASSERT_EQ(Analyses().Size(), 1U);
+    EXPECT_EQ(Analyses().GetMain()->GetMacro().GetOverlapPerc(), 30U);
+    EXPECT_EQ(Analyses().GetMain()->GetMacro().GetFileName(), "");
+}
+
+TEST_F(SessionOfTheWindow, ComputesNothingWhileNoViewOfAnalysesIsShown) {
+    Start(Demo());
+    AddAnalysis();
+    bench->Show(ViewKind::Spectrum, false);
+    bench->Show(ViewKind::Maps, false);
+    LeaveAndComeBack();
+    ASSERT_EQ(Analyses().Size(), 1U);
+    EXPECT_FALSE(Analyses().GetMain()->IsComputed());
+}
+
+TEST_F(SessionOfTheWindow, RemembersEachRecordingByItself) {
+    Start(Demo("a.edf"));
+    AddAnalysis();
+    bench->OpenFile(Demo("b.edf"));
+    EXPECT_EQ(Analyses().Size(), 0U);
+    bench->OpenFile(folder.Path("a.edf"));
+    EXPECT_EQ(Analyses().Size(), 1U);
+}
+
+TEST_F(SessionOfTheWindow, RemembersWhichViewsAreShown) {
+    Start(Demo());
+    bench->Show(ViewKind::Spectrum, false);
+    LeaveAndComeBack();
+    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    bench->Show(ViewKind::Spectrum, true);
+    LeaveAndComeBack();
+    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+}
+
+TEST_F(SessionOfTheWindow, RemembersArrangementAndSize) {
+    Start(Demo());
+    bench->Window().resize(900, 500);
+    bench->Arrange(review::Arrangement::TracesBeside);
+    LeaveAndComeBack();
+    EXPECT_EQ(bench->Window().size(), QSize(900, 500));
+    EXPECT_EQ(bench->GetArrangement(), review::Arrangement::TracesBeside);
+}
+
+TEST_F(SessionOfTheWindow, KeepsTheBands) {
+    Start();
+    SPECT::GetGlobals().Bands[2].lo = 7.5;
+    Leave();
+    SPECT::GetGlobals() = SPECT::Globals();
+    Start();
+    EXPECT_EQ(SPECT::GetGlobals().Bands[2].lo, 7.5);
+}
+
+TEST_F(SessionOfTheWindow, IsNeitherReadNorKeptInSafeMode) {
+    Start(Demo());
+    AddAnalysis();
+    Leave();
+    const std::string settings = folder.Read("settings.ini");
+    review::Workbench::Setup setup = Setup();
+    setup.settingsFile.clear();
+    Start(setup, "");
+    EXPECT_FALSE(bench->HasDocument());
+    bench->OpenFile(folder.Path("demo.edf"));
+    EXPECT_EQ(Analyses().Size(), 0U);
+    Leave();
+    EXPECT_EQ(folder.Read("settings.ini"), settings);
+    Start();
+    EXPECT_EQ(Analyses().Size(), 1U);
+}
+
+class SessionFile : public testing::Test {
+protected:
+    std::optional<review::Session> Loaded(const std::string& content) const {
+        return review::LoadSession(folder.Write("s.json", content));
+    }
+    test::TempFolder folder;
+};
+
+TEST_F(SessionFile, HoldsEverything) {
+    const review::Session session{12.5, "Längs \"quer\"", {{"a.smx", "<x/>"}, {"", "<y/>"}}, 1, 0};
+    review::SaveSession(folder.Path("s.json"), session);
+    EXPECT_EQ(review::LoadSession(folder.Path("s.json")), session);
+}
+
+TEST_F(SessionFile, CountsAsAbsentWhenItMakesNoSense) {
+    EXPECT_EQ(review::LoadSession(folder.Path("none.json")), std::nullopt);
+    for (const char* content : {"", "{", "[]", "{\"version\": 2}", "nonsense"}) {
+        EXPECT_EQ(Loaded(content), std::nullopt) << content;
+    }
+}
+
+TEST_F(SessionFile, TakesWrongFieldsForAbsentOnes) {
+    const auto session = Loaded(R"({"version": 1, "position": "x", "analyses": [3, {}], "main": -1})");
+    ASSERT_TRUE(session.has_value());
+    EXPECT_EQ(session->position, 0);
+    EXPECT_EQ(session->analyses.size(), 2U);
+    EXPECT_EQ(session->main, std::nullopt);
+}
+
+TEST(SessionFileName, DependsOnTheRecordingsPath) {
+    const std::string name = review::SessionFile("f/", "/data/a.edf");
+    EXPECT_EQ(name.size(), std::string("f/").size() + 24 + std::string(".json").size());
+    EXPECT_NE(name, review::SessionFile("f/", "/data/b.edf"));
+    EXPECT_EQ(name, review::SessionFile("f/", "/data/a.edf"));
+}
+
+} // namespace
