@@ -135,11 +135,15 @@ void CartoonBar::Show(const CartoonState& state) {
     for (QWidget* control : moving_) {
         control->setEnabled(state.last > 0);
     }
-    slider_->setToolTip(EpochText(state) + "\n" + TimeText(state.time));
+    slider_->setToolTip(Where());
     Fit();
     play_->setIcon(owl::IconOf(QString(state.playing ? "cartoon_pause" : "cartoon_play")));
     play_->setToolTip(state.playing ? Text("pause", "Pause (Space)") : Text("play", "Play (Space)"));
     play_->setAccessibleName(play_->toolTip());
+}
+
+QString CartoonBar::Where() const {
+    return (EpochText(state_) + "   " + TimeText(state_.time)).trimmed();
 }
 
 int CartoonBar::Speed() const {

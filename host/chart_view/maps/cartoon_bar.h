@@ -48,6 +48,8 @@ public:
 
     /// Changes made so are not requests.
     void Show(const CartoonState& state);
+    /// Epochs and their time, in words.
+    QString Where() const;
     int Speed() const;
     void SetSpeed(int stepsPerSecond);
     bool Loops() const;

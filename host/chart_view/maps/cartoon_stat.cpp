@@ -29,7 +29,6 @@ constexpr unsigned kVkLeft = 0x25;
 constexpr unsigned kVkRight = 0x27;
 
 constexpr int kDefaultSpeed = 5;
-constexpr int kSecond = 1000;
 
 /// Comes back once what was to be drawn before has been drawn.
 QEvent::Type DrawnEvent() {
@@ -50,8 +49,7 @@ struct CartoonStat::Impl {
     EpochSteps steps; ///< the same
     std::uint64_t first = 0;
     bool enabled = false;
-    bool busy = false;      ///< values are being fetched or updated
-    bool toBeDrawn = false; ///< the last step of the play is not on the screen yet
+    bool busy = false; ///< values are being fetched or updated
     std::optional<Playing> playing;
     QTimer timer;
     QPointer<CartoonBar> bar;
@@ -70,6 +68,7 @@ CartoonStat::CartoonStat(GlobalWindow& window, bool threeD, const std::vector<El
                          std::string name, PModule* module, const ChildResInfo& resources)
     : MultiMapWin(window, threeD, electrodes, std::move(name), module, resources),
       impl_(std::make_unique<Impl>()) {
+    impl_->timer.setSingleShot(true);
     impl_->timer.setTimerType(Qt::PreciseTimer);
     connect(&impl_->timer, &QTimer::timeout, this, [this] { Tick(); });
     impl_->bar = new CartoonBar(this, {.playOrPause = [this] { IsPlaying() ? Pause() : Play(); },
@@ -240,7 +239,7 @@ void CartoonStat::Play() {
         MoveTo(0);
     }
     impl_->playing = {impl_->first, impl_->clock.Milliseconds(), impl_->bar->Speed()};
-    impl_->timer.start(kSecond / impl_->bar->Speed());
+    AwaitStep();
     ShowState();
 }
 
@@ -250,38 +249,48 @@ void CartoonStat::Pause() {
     }
     impl_->timer.stop();
     impl_->playing.reset();
-    impl_->toBeDrawn = false;
     ShowState();
 }
 
+void CartoonStat::AwaitStep() {
+    if (!impl_->playing) {
+        return;
+    }
+    const std::int64_t now = impl_->clock.Milliseconds();
+    const std::uint64_t last = impl_->steps.LastStart(GetNumMaps());
+    const bool late = impl_->playing->At(now, last, impl_->bar->Loops()) != impl_->first;
+    // Also when it is late through a timer, so that input comes first.
+    impl_->timer.start(late && !impl_->busy ? 1 : static_cast<int>(impl_->playing->Wait(now)));
+}
+
 void CartoonStat::Tick() {
-    // While drawing is slow, or values are fetched, steps are passed over: none waits.
-    if (!impl_->playing || impl_->toBeDrawn || impl_->busy) {
+    if (!impl_->playing || impl_->busy) {
+        AwaitStep();
         return;
     }
     const std::uint64_t last = impl_->steps.LastStart(GetNumMaps());
     const auto due = impl_->playing->At(impl_->clock.Milliseconds(), last, impl_->bar->Loops());
     const QPointer<CartoonStat> alive(this);
     owl::RunGuarded([&] {
-        auto failed = qScopeGuard([&] {
+        auto over = qScopeGuard([&] {
             if (alive) {
                 Pause();
             }
         });
         MoveTo(due.value_or(last));
         if (due) {
-            failed.dismiss();
+            over.dismiss();
         }
     });
+    // The next step waits until this one is drawn: slow drawing passes steps over, none queues.
     if (alive && impl_->playing) {
-        impl_->toBeDrawn = true;
         QCoreApplication::postEvent(this, new QEvent(DrawnEvent()), Qt::LowEventPriority);
     }
 }
 
 void CartoonStat::customEvent(QEvent* event) {
     if (event->type() == DrawnEvent()) {
-        impl_->toBeDrawn = false;
+        AwaitStep();
         return;
     }
     MultiMapWin::customEvent(event);
@@ -305,6 +314,7 @@ void CartoonStat::ShowState() {
                       .time = impl_->steps.Time(impl_->first, length),
                       .lastTime = impl_->steps.Time(last, length),
                       .playing = IsPlaying()});
+    setAccessibleDescription(impl_->enabled ? impl_->bar->Where() : QString());
 }
 
 void CartoonStat::ResetWindows(std::uint16_t rows, std::uint16_t columns) {

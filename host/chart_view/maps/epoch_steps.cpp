@@ -5,6 +5,12 @@
 
 namespace orvanta::chart {
 
+namespace {
+
+constexpr std::int64_t kSecond = 1000;
+
+} // namespace
+
 EpochSteps::EpochSteps(const XTimeList& list) : items_(list.begin(), list.end()) {
     std::ranges::stable_sort(items_, {}, &XTimeItem::Step);
 }
@@ -47,10 +53,12 @@ std::optional<XTimeInterval> EpochSteps::Time(std::uint64_t first, std::uint64_t
     return XTimeInterval(begin, end);
 }
 
+std::uint64_t Playing::StepsUntil(std::int64_t now) const {
+    return static_cast<std::uint64_t>(std::max<std::int64_t>(0, now - since) * speed / kSecond);
+}
+
 std::optional<std::uint64_t> Playing::At(std::int64_t now, std::uint64_t last, bool loop) const {
-    constexpr std::int64_t kSecond = 1000;
-    const auto steps = static_cast<std::uint64_t>(std::max<std::int64_t>(0, now - since) * speed / kSecond);
-    const std::uint64_t epoch = from + steps;
+    const std::uint64_t epoch = from + StepsUntil(now);
     if (epoch <= last) {
         return epoch;
     }
@@ -58,6 +66,12 @@ std::optional<std::uint64_t> Playing::At(std::int64_t now, std::uint64_t last, b
         return epoch % (last + 1);
     }
     return {};
+}
+
+std::int64_t Playing::Wait(std::int64_t now) const {
+    const auto next = static_cast<std::int64_t>(StepsUntil(now)) + 1;
+    const std::int64_t due = since + (next * kSecond + speed - 1) / speed; // not a little too early
+    return due - now;
 }
 
 } // namespace orvanta::chart

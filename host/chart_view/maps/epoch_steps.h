@@ -40,6 +40,11 @@ struct ORVANTA_API Playing {
     /// The first epoch to be shown now: what came too late is passed over. Beyond \p last it begins again at
     /// 0 where \p loop is set, else nothing is to be shown any more.
     std::optional<std::uint64_t> At(std::int64_t now, std::uint64_t last, bool loop) const;
+    /// Milliseconds until the next epoch is due, above 0.
+    std::int64_t Wait(std::int64_t now) const;
+
+private:
+    std::uint64_t StepsUntil(std::int64_t now) const;
 };
 
 } // namespace orvanta::chart

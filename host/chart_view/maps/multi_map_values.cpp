@@ -37,6 +37,7 @@ std::optional<ValueRange> MultiMapWin::GetOverallRange() const {
 void MultiMapWin::SetTitle(const std::string& title) {
     if (impl_->title != title) {
         impl_->title = title;
+        setAccessibleName(QString::fromStdString(title));
         LayOut();
         Invalidate();
     }

@@ -70,6 +70,14 @@ TEST(PlayingCartoon, DoesNotGoBackWithTheClock) {
     EXPECT_EQ((Playing{3, 1000, 25}.At(900, 100, false)), 3U);
 }
 
+TEST(PlayingCartoon, WaitsUntilTheNextIsDue) {
+    const Playing playing{0, 1000, 25};
+    EXPECT_EQ(playing.Wait(1000), 40);
+    EXPECT_EQ(playing.Wait(1039), 1);
+    EXPECT_EQ(playing.Wait(1040), 40);
+    EXPECT_EQ(playing.Wait(1130), 30);
+}
+
 TEST(PlayingCartoon, IsOverBeyondTheLastStretch) {
     const Playing playing{8, 0, 1};
     EXPECT_EQ(playing.At(2000, 10, false), 10U);
