@@ -42,6 +42,30 @@ double PoleRadius(const Biquad& section) {
     return root < 0 ? std::sqrt(section.a2) : std::abs(section.a1 / 2) + std::sqrt(root);
 }
 
+using State = std::array<double, 2>;
+
+/// Sections one behind the other in one pass: while one waits for its last value, the others work.
+template <std::size_t kSections>
+void ApplyAtOnce(const Biquad* sections, State* states, std::span<double> values) {
+    std::array<Biquad, kSections> f;
+    std::array<State, kSections> z;
+    std::copy_n(sections, kSections, f.begin());
+    std::copy_n(states, kSections, z.begin());
+    for (double& value : values) {
+        double x = value;
+        for (std::size_t s = 0; s < kSections; ++s) {
+            const double y = f[s].b0 * x + z[s][0];
+            z[s][0] = (f[s].b1 * x + z[s][1]) - f[s].a1 * y;
+            z[s][1] = f[s].b2 * x - f[s].a2 * y;
+            x = y;
+        }
+        value = x;
+    }
+    for (std::size_t s = 0; s < kSections; ++s) {
+        states[s] = {std::abs(z[s][0]) < kNothing ? 0 : z[s][0], std::abs(z[s][1]) < kNothing ? 0 : z[s][1]};
+    }
+}
+
 } // namespace
 
 std::vector<Biquad> SectionsOf(const TraceFilter& filter, double rate) {
@@ -91,16 +115,14 @@ void FilterRun::ApplyFinite(std::span<double> values) {
     if (!running_) {
         Settle(values.front());
     }
-    for (std::size_t s = 0; s < sections_.size(); ++s) {
-        const Biquad f = sections_[s];
-        auto [z1, z2] = states_[s];
-        for (double& value : values) {
-            const double x = value;
-            value = f.b0 * x + z1;
-            z1 = f.b1 * x - f.a1 * value + z2;
-            z2 = f.b2 * x - f.a2 * value;
-        }
-        states_[s] = {std::abs(z1) < kNothing ? 0 : z1, std::abs(z2) < kNothing ? 0 : z2};
+    std::span<const Biquad> sections(sections_);
+    std::span<State> states(states_);
+    while (!sections.empty()) {
+        const std::size_t count = std::min<std::size_t>(3, sections.size());
+        const auto pass = count == 3 ? ApplyAtOnce<3> : count == 2 ? ApplyAtOnce<2> : ApplyAtOnce<1>;
+        pass(sections.data(), states.data(), values);
+        sections = sections.subspan(count);
+        states = states.subspan(count);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "host/review/app/traces/pyramid.h"
 
 #include "tests/support/counting_source.h"
+#include "tests/support/silent_source.h"
 #include "tests/support/small_recording.h"
 
 #include <gmock/gmock.h>
@@ -55,26 +56,6 @@ struct Built {
     Pyramid pyramid;
     bool done = false;
     int calls = 0;
-};
-
-/// One signal of zeros, a second a block, of any length.
-class SilentSource final : public signal::BlockSource {
-public:
-    SilentSource(std::uint32_t rate, std::uint64_t blocks)
-        : layout_{signal::SampleFormat::Int16, rate, 0, 2}, blocks_(blocks) {}
-
-    std::size_t SignalCount() const override { return 1; }
-    const signal::SignalLayout& Layout(std::size_t) const override { return layout_; }
-    std::uint64_t BlockCount() const override { return blocks_; }
-    std::size_t BlockBytes() const override { return std::size_t{2} * layout_.samples; }
-    std::uint64_t SampleCount(std::size_t) const override { return blocks_ * layout_.samples; }
-    void Read(std::uint64_t, std::uint64_t count, std::byte* destination) const override {
-        std::fill_n(destination, count * BlockBytes(), std::byte{0});
-    }
-
-private:
-    signal::SignalLayout layout_;
-    std::uint64_t blocks_;
 };
 
 /// By looking at every sample.
@@ -160,10 +141,7 @@ TEST(Pyramid, StaysBelowItsBudget) {
 }
 
 TEST(Pyramid, HasRoomForADayOf256LinesIn64Megabytes) {
-    signal::RecordingData data = test::MakeData({MadeSignal{"Cz", 512, {}}});
-    data.source = std::make_shared<SilentSource>(512, 86'400);
-    data.segments = {{0, 86'400, 0}};
-    const auto recording = signal::MakeRecording(std::move(data));
+    const auto recording = signal::MakeRecording(test::SilentData(512, 86'400));
     const std::vector<TraceChannel> lines(256, ChannelsOf(*recording).front());
 
     const Pyramid pyramid(recording->GetRecording(), lines, {}, std::size_t{64} << 20);

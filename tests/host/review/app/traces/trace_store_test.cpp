@@ -4,6 +4,7 @@
 #include "host/signal_base/recording_error.h"
 #include "tests/support/edf_file.h"
 #include "tests/support/failing_source.h"
+#include "tests/support/silent_source.h"
 #include "tests/support/small_recording.h"
 #include "tests/support/temp_folder.h"
 
@@ -206,7 +207,7 @@ TEST(TraceStore, SaysWhenTheFileWasCut) {
 
 /// A recording of so many values that reading all of them takes too long for a page.
 signal::RecordingData LongData() {
-    return test::MakeData({MadeSignal{"Cz", 1000, std::vector<double>(6'000'000, 2)}});
+    return test::SilentData(1000, 6000, 2);
 }
 
 void WaitUntil(const std::function<bool()>& done) {
@@ -273,21 +274,27 @@ TEST(TraceStore, BeginsAnewWithOtherValuesOnly) {
                 testing::Each(TraceColumn{-2, -2}));
 }
 
-TEST(TraceStore, EndsWorkInTheBackgroundAtOnce) {
-    signal::RecordingData data = LongData();
-    const auto slow = std::make_shared<test::FailingSource>(data.source);
-    slow->BeforeRead = [] { std::this_thread::sleep_for(std::chrono::milliseconds(10)); };
-    data.source = slow;
+TEST(TraceStore, EndsWorkInTheBackgroundWithTheReadUnderWay) {
+    signal::RecordingData data = LongData(); // twelve reads
+    const auto held = std::make_shared<test::FailingSource>(data.source);
+    std::atomic<int> reads = 0;
+    std::atomic<bool> release = false;
+    held->BeforeRead = [&] {
+        ++reads;
+        release.wait(false);
+    };
+    data.source = held;
     auto opened = std::make_unique<Opened>(std::move(data));
+    WaitUntil([&] { return reads == 1; });
 
-    const auto begin = std::chrono::steady_clock::now();
-    for (int i = 0; i < 10; ++i) {
-        opened->store.SetLines(ChannelsOf(*opened->recording), {0.5 + i, 0, 0});
-    }
+    std::jthread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        release = true;
+        release.notify_all();
+    });
     opened.reset();
 
-    // Eleven times at most one read, with room for a busy machine.
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_LT(reads, 12);
 }
 
 TEST(TraceStore, LooksTheSameWhereverAPageBegins) {
