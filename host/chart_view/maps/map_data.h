@@ -10,7 +10,7 @@
 
 namespace orvanta::chart {
 
-struct MapData {
+struct ORVANTA_API MapData {
     std::vector<ElectInfo> electrodes;
     std::vector<double> values; ///< of the electrodes; those that are missing are not known
     std::string title;

@@ -12,7 +12,7 @@
 namespace orvanta::chart {
 
 /// Interpolates the values of one map; keeps what is the same for the next values.
-class MapFields {
+class ORVANTA_API MapFields {
 public:
     /// On the grid of a flat map, and how far each node is extrapolated. Empty when nothing is known.
     const FlatSurface* Flat(const MapData& data);

@@ -16,23 +16,37 @@ owl::TPoint PointOn(const FlatHead& head, const Place& place) {
             head.centre.y + static_cast<int>(std::lround(place.y * head.radius))};
 }
 
+/// A line of the head as curves from left to right.
+std::vector<std::vector<owl::TPointF>> CurvesOf(const FlatHead& head, const std::vector<Place>& line) {
+    std::vector<std::vector<owl::TPointF>> curves(1);
+    for (const Place& place : line) {
+        const owl::TPointF point{head.centre.x + place.x * head.radius,
+                                 head.centre.y + place.y * head.radius};
+        std::vector<owl::TPointF>& curve = curves.back();
+        if (curve.size() > 1 && (curve[1].x > curve[0].x) != (point.x > curve.back().x)) {
+            curves.push_back({curve.back()}); // an ear: out, and back
+        }
+        curves.back().push_back(point);
+    }
+    for (auto& curve : curves) {
+        if (curve.size() > 1 && curve[1].x < curve[0].x) {
+            std::reverse(curve.begin(), curve.end());
+        }
+    }
+    return curves;
+}
+
 /// The lines of the head, on a wider one of the background: they are seen on every colour.
 void PaintHead(owl::TDC& dc, const FlatHead& head, const MapLook& look) {
-    const auto onScreen = [&head](const std::vector<Place>& line) {
-        std::vector<owl::TPoint> points(line.size());
-        std::transform(line.begin(), line.end(), points.begin(),
-                       [&head](const Place& place) { return PointOn(head, place); });
-        return points;
-    };
     const HeadLines& lines = LinesOfHead();
-    const std::vector<owl::TPoint> open[] = {onScreen(lines.nose), onScreen(lines.rightEar),
-                                             onScreen(lines.leftEar)};
     const int width = head.radius < kThinLines ? 1 : 2;
     dc.SelectBrush({0, true});
     for (const owl::TPen& pen : {owl::TPen{look.backColor, width + 2}, owl::TPen{look.textColor, width}}) {
         dc.SelectPen(pen);
-        for (const auto& line : open) {
-            dc.Polyline(line);
+        for (const auto* line : {&lines.nose, &lines.rightEar, &lines.leftEar}) {
+            for (const auto& curve : CurvesOf(head, *line)) {
+                dc.Curve(curve, pen.width);
+            }
         }
         const int reach = head.radius + pen.width / 2; // the pen lies inside
         dc.Ellipse(

@@ -135,7 +135,7 @@ GridSampler::GridSampler(int side) : side_(std::max(1, side)) {
         const double at = kMiddle + ((pixel + 0.5) / side_ * 2 - 1) * (kMiddle - kGridRim);
         Taps& taps = taps_.emplace_back();
         taps.first = std::clamp(static_cast<int>(std::floor(at)) - 1, 0, kGridSide - 4);
-        const auto t = static_cast<float>(at - taps.first - 1);
+        const auto t = static_cast<float>(std::clamp(at - taps.first - 1, 0.0, 1.0));
         taps.weights[0] = t * (-0.5F + t * (1 - 0.5F * t));
         taps.weights[1] = 1 + t * t * (-2.5F + 1.5F * t);
         taps.weights[2] = t * (0.5F + t * (2 - 1.5F * t));

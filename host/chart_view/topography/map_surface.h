@@ -30,7 +30,7 @@ struct MapReach {
 };
 
 /// Of a flat map: the head seen from above.
-struct FlatSurface {
+struct ORVANTA_API FlatSurface {
     MapReach reach;
     std::vector<std::uint32_t> nodes; ///< numbers of those that count, row by row
     SplineWeights weights;            ///< for each of them
@@ -43,7 +43,7 @@ struct FlatSurface {
 };
 
 /// Of a head in three dimensions.
-struct HeadSurface {
+struct ORVANTA_API HeadSurface {
     const HeadMesh& mesh;
     SplineWeights weights;     ///< for each corner of the mesh
     std::vector<float> covers; ///< the same, as FlatSurface has it
