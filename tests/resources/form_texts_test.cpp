@@ -25,6 +25,8 @@
 #include "ui_event_list.h"
 #include "ui_export_form.h"
 #include "ui_macro_selection.h"
+#include "ui_map_palette.h"
+#include "ui_map_settings.h"
 #include "ui_regression_panel.h"
 #include "ui_regression_results.h"
 #include "ui_spectrum_macro.h"
@@ -146,6 +148,14 @@ TEST(GermanForms, SpectrumMacroSpeaksGermanThroughout) {
 
 TEST(GermanForms, MacroSelectionSpeaksGermanThroughout) {
     ExpectGerman(Ui::TFormMacroSpectra(), "TFormMacroSpectra");
+}
+
+TEST(GermanForms, MapPaletteSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TMapPaletteForm(), "TMapPaletteForm", 2);
+}
+
+TEST(GermanForms, MapSettingsSpeakGermanThroughout) {
+    ExpectGerman(Ui::TMapSettingsForm(), "TMapSettingsForm");
 }
 
 TEST(GermanForms, ExportFormSpeaksGermanThroughout) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/gallery/host_pages.h"
 
+#include "host/chart_view/maps/dialogs/map_settings.h"
+#include "host/chart_view/maps/dialogs/palette_chooser.h"
 #include "host/review/app/events/event_dialog.h"
 #include "host/review/app/events/event_list.h"
 #include "host/review/app/gallery/picture.h"
@@ -62,6 +64,19 @@ void ShowEvents(EEGFileInfoType& recording, const TakePicture& take) {
     editor.Undo();
 }
 
+void ShowPalettes(const TakePicture& take) {
+    LookAtModal([] { chart::ChoosePalette(nullptr, "inferno"); }, take);
+}
+
+void ShowMapSettings(const TakePicture& take) {
+    LookAtModal(
+        [] {
+            chart::MapSettings settings;
+            chart::EditMapSettings(nullptr, settings);
+        },
+        take);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
@@ -86,6 +101,8 @@ std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
              ShowEvent(recording, {"Artifact", EventClass::Spot, Stretch(-1, -1)}, take);
          }},
         {"event-list", [&recording](const TakePicture& take) { ShowEvents(recording, take); }},
+        {"map-palette", ShowPalettes},
+        {"map-settings", ShowMapSettings},
     };
 }
 
