@@ -13,8 +13,8 @@ namespace {
 
 /// Room between the lowest electrode and the edge.
 constexpr double kRim = 0.06;
-/// Radii of the head that the edge falls back to per squared radian beside an electrode.
-constexpr double kBulge = 0.35;
+/// Radians: so far beside an electrode the edge is back at the head.
+constexpr double kBulge = 75 * std::numbers::pi / 180;
 /// Farther than anything on a map.
 constexpr double kNowhere = 10;
 
@@ -70,20 +70,25 @@ HeadPosition OnHead(const Place& place) {
 MapEdge::MapEdge(std::span<const HeadPosition> electrodes) {
     for (const HeadPosition& electrode : electrodes) {
         const Place place = Projected(electrode);
-        const double reach = std::hypot(place.x, place.y) + kRim;
-        if (reach > 1) {
-            low_.push_back({std::atan2(place.x, -place.y), std::min(reach, kFarthest)});
+        const double reach = std::min(std::hypot(place.x, place.y) + kRim, kFarthest);
+        farthest_ = std::max(farthest_, reach);
+        if (reach > 1 + kRim) {
+            low_.push_back({std::atan2(place.x, -place.y), reach - 1 - kRim});
         }
     }
 }
 
 double MapEdge::At(double angle) const {
-    double reach = 1;
+    // The fourth power joins neighbouring bulges without a notch.
+    double sum = 0;
     for (const Low& low : low_) {
-        const double away = std::remainder(angle - low.angle, 2 * std::numbers::pi);
-        reach = std::max(reach, low.reach - kBulge * away * away);
+        const double away = std::abs(std::remainder(angle - low.angle, 2 * std::numbers::pi));
+        if (away < kBulge) {
+            const double height = low.height * (1 + std::cos(away / kBulge * std::numbers::pi)) / 2;
+            sum += height * height * height * height;
+        }
     }
-    return reach;
+    return std::min(1 + kRim + std::pow(sum, 0.25), farthest_);
 }
 
 ElectrodeHull::ElectrodeHull(std::span<const HeadPosition> electrodes) {

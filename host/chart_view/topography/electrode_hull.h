@@ -23,9 +23,10 @@ public:
 
 private:
     struct Low {
-        double angle, reach;
+        double angle, height;
     };
-    std::vector<Low> low_; ///< electrodes near the edge of the head and beyond
+    std::vector<Low> low_; ///< electrodes below the edge of the head, and by how much
+    double farthest_ = 1;
 };
 inline constexpr double kFarthest = 1.35;
 

@@ -44,7 +44,14 @@ TEST(MapEdge, BulgesAroundALowElectrode) {
     EXPECT_NEAR(edge.At(kRightEar), 1.31, 1e-3);
     EXPECT_NEAR(edge.At(kRightEar + 0.2), edge.At(kRightEar - 0.2), 1e-12);
     EXPECT_GT(edge.At(kRightEar + 0.2), 1.25);
-    EXPECT_EQ(edge.At(-kRightEar), 1);
+    EXPECT_NEAR(edge.At(-kRightEar), 1.06, 1e-12);
+}
+
+TEST(MapEdge, IsARingAroundElectrodesOnTheEdgeOfTheHead) {
+    const MapEdge edge(std::vector<HeadPosition>{{0, 1, 0}, {1, 0, 0}, {0, -1, 0}, {-1, 0, 0}});
+    for (double angle = 0; angle < 6; angle += 0.5) {
+        EXPECT_NEAR(edge.At(angle), 1.06, 1e-12);
+    }
 }
 
 TEST(MapEdge, GoesOnAcrossTheBackOfTheHead) {
