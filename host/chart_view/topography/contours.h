@@ -18,7 +18,8 @@ ORVANTA_API std::vector<double> ContourLevels(double low, double high, int count
 /// \param slope of the level, per pixel
 /// \param width of a line, pixels
 inline float ContourCoverage(float level, float slope, int count, float width) {
-    const auto nearest = static_cast<int>(level + 0.5F);
+    const float raised = level + 0.5F;
+    const auto nearest = static_cast<int>(raised); // far quicker than rounding; what is below 0 has no line
     if (nearest < 1 || nearest > count) {
         return 0;
     }

@@ -79,7 +79,8 @@ private:
         for (int column = first; column < last; ++column) {
             const auto at = static_cast<std::size_t>(column) + 1;
             const float color = ColorAt(here[at]);
-            const auto index = static_cast<std::size_t>(std::clamp(color, 0.0F, 255.0F) + 0.5F);
+            const float raised = std::clamp(color, 0.0F, kPaletteColors - 1.0F) + 0.5F;
+            const auto index = static_cast<std::size_t>(raised);
             std::uint32_t pixel = plain_[index];
             const float outside = beyond_[at] * perRadius + 0.5F; // pixels
             if (outside > 0) {

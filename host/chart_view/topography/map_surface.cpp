@@ -103,7 +103,7 @@ HeadSurface MakeHead(const std::vector<HeadPosition>& electrodes) {
 std::vector<float> FlatSurface::FieldOf(std::span<const float> values) const {
     std::vector<float> known(nodes.size());
     Interpolate(weights, values, known);
-    std::vector<float> field(static_cast<std::size_t>(kGridSide) * kGridSide);
+    std::vector<float> field(std::size_t{kGridSide} * kGridSide);
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         field[nodes[i]] = known[i];
     }
@@ -144,7 +144,8 @@ GridSampler::GridSampler(int side) : side_(std::max(1, side)) {
 }
 
 void GridSampler::Row(std::span<const float> grid, int row, std::vector<float>& values) const {
-    const Taps& down = taps_[static_cast<std::size_t>(row + 1)];
+    const auto above = static_cast<std::size_t>(row) + 1; // 0 for row -1
+    const Taps& down = taps_[above];
     const auto* const first = grid.data() + static_cast<std::ptrdiff_t>(down.first) * kGridSide;
     float line[kGridSide];
     for (int node = 0; node < kGridSide; ++node) {
