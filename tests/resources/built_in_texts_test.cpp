@@ -33,6 +33,8 @@ constexpr Call kCalls[] = {
     {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
     {R"(EventText\()", "EVENTS"},
+    {R"(TraceText\()", "TRACES"},
+    {R"(TraceRow\{kCm[A-Za-z]+,)", "TRACES"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
 
@@ -117,7 +119,8 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     const QMap<QString, QString> english = ShippedTexts("en");
     for (const QString& key : english.keys()) {
         if (key.startsWith("TForm") || key.startsWith("DIALOG_") || key.startsWith("MACRO/") ||
-            key.startsWith("MODULE/") || key.startsWith("HOST/") || key.startsWith("EVENTS/")) {
+            key.startsWith("MODULE/") || key.startsWith("HOST/") || key.startsWith("EVENTS/") ||
+            key.startsWith("TRACES/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";

@@ -24,12 +24,14 @@
 #include "ui_event.h"
 #include "ui_event_list.h"
 #include "ui_export_form.h"
+#include "ui_go_to_time.h"
 #include "ui_macro_selection.h"
 #include "ui_map_palette.h"
 #include "ui_map_settings.h"
 #include "ui_regression_panel.h"
 #include "ui_regression_results.h"
 #include "ui_spectrum_macro.h"
+#include "ui_trace_channels.h"
 
 #include <string>
 #include <vector>
@@ -204,6 +206,14 @@ TEST(GermanForms, EventDialogSpeaksGermanThroughout) {
 
 TEST(GermanForms, EventListSpeaksGermanThroughout) {
     ExpectGerman(Ui::TFormEventList(), "TFormEventList", 5);
+}
+
+TEST(GermanForms, GoToTimeSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormGoToTime(), "TFormGoToTime", 2);
+}
+
+TEST(GermanForms, ChannelsDialogSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormTraceChannels(), "TFormTraceChannels", 4);
 }
 
 TEST(GermanForms, AreSpokenInGerman) {

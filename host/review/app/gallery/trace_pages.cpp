@@ -68,6 +68,8 @@ void ShowTraces(const GallerySample& sample, const QSize& size, double start, co
     SendMouse(*view, QEvent::MouseMove, {view->width() / 2, view->height() / 2}, Qt::NoButton, {});
     take(window);
     view->Destroy();
+    events.Undo();
+    events.Undo();
 }
 
 } // namespace

@@ -9,11 +9,12 @@ namespace {
 
 constexpr int kAway = 14;
 constexpr int kPadding = 5;
+constexpr int kLeading = 2;
 constexpr std::uint8_t kFill = 40;
 
 void PaintBox(owl::TDC& dc, const CursorInput& cursor, const TraceLayout& layout, const TraceColors& colors,
               const owl::TFont& font) {
-    owl::TSize size{0, static_cast<int>(cursor.texts.size()) * font.height};
+    owl::TSize size{0, static_cast<int>(cursor.texts.size()) * (font.height + kLeading)};
     for (const std::string& text : cursor.texts) {
         size.cx = std::max(size.cx, dc.GetTextExtent(text).cx);
     }
@@ -25,7 +26,7 @@ void PaintBox(owl::TDC& dc, const CursorInput& cursor, const TraceLayout& layout
     int top = box.top + kPadding;
     for (const std::string& text : cursor.texts) {
         dc.TextOut({box.left + kPadding, top}, text);
-        top += font.height;
+        top += font.height + kLeading;
     }
 }
 

@@ -70,7 +70,7 @@ void PaintOverview(owl::TDC& dc, const PageInput& page, const OverviewInput& ove
         const int end = std::max(begin + 1, places.At(event.event->Interval.GetEndPtr()->Seconds()));
         const owl::TColor color = ColorOf(event, page.colors);
         if (event.event->Class == EventClass::State) {
-            dc.BlendRect({begin, inner.top, end, inner.bottom}, color, 36);
+            dc.BlendRect({begin, inner.top, end, inner.bottom}, color, event.own ? 60 : 24);
         }
         dc.FillRect({begin, inner.top, end, inner.top + kEventRows - 2}, color);
     }

@@ -14,6 +14,8 @@ namespace orvanta::review {
 namespace {
 
 constexpr int kFromLeft = 4;
+/// Opacity of what is laid between the traces and the text.
+constexpr std::uint8_t kBehind = 190;
 /// Of a line's room, at least 20 pixels.
 constexpr double kMostOfRoom = 0.9;
 constexpr double kLeastHeight = 20;
@@ -67,7 +69,7 @@ void PaintScaleBars(owl::TDC& dc, const PageInput& page) {
         const owl::TSize size = dc.GetTextExtent(bar.text);
         const int y = (bar.top + bar.bottom - size.cy) / 2;
         dc.BlendRect({bar.x, std::min(bar.top, y), bar.x + size.cx + 10, std::max(bar.bottom, y + size.cy)},
-                     page.colors.background, 205);
+                     page.colors.background, kBehind);
         dc.FillRect({bar.x, bar.top, bar.x + 2, bar.bottom}, bar.color);
         dc.FillRect({bar.x, bar.top, bar.x + 5, bar.top + 1}, bar.color);
         dc.FillRect({bar.x, bar.bottom - 1, bar.x + 5, bar.bottom}, bar.color);

@@ -3,6 +3,7 @@
 
 #include "host/review/app/traces/trace_commands.h"
 #include "host/review/app/traces/trace_scales.h"
+#include "host/review/app/traces/trace_texts.h"
 #include "host/toolkit/gadget_bar.h"
 
 #include <QComboBox>
@@ -66,15 +67,18 @@ QString SecondsText(double seconds) {
 } // namespace
 
 void TraceBoxes::Create(owl::GadgetBar& bar) {
-    montage_ = bar.AddComboBox(kMsgMontage, "Montage");
+    montage_ = bar.AddComboBox(kMsgMontage, TraceText("montageTip", "Montage of the EEG"));
     bar.AddGap();
-    pageLength_ = bar.AddComboBox(kMsgPageLength, "Time on a page (Ctrl++, Ctrl+-, Ctrl+wheel)");
-    gain_ = bar.AddComboBox(kMsgGain,
-                            "Sensitivity of the selected type of channels, else of all (+, -, Shift+wheel)");
+    pageLength_ =
+        bar.AddComboBox(kMsgPageLength, TraceText("pageTip", "Time on a page (Ctrl++, Ctrl+-, Ctrl+wheel)"));
+    gain_ = bar.AddComboBox(
+        kMsgGain, TraceText("gainTip",
+                            "Sensitivity of the selected type of channels, else of all (+, -, Shift+wheel)"));
     bar.AddGap();
-    lowCut_ = bar.AddComboBox(kMsgLowCut, "Low cut filter: takes out what is slower");
-    highCut_ = bar.AddComboBox(kMsgHighCut, "High cut filter: takes out what is faster");
-    notch_ = bar.AddComboBox(kMsgNotch, "Notch filter: takes out mains hum");
+    lowCut_ = bar.AddComboBox(kMsgLowCut, TraceText("lowCutTip", "Low cut filter: takes out what is slower"));
+    highCut_ =
+        bar.AddComboBox(kMsgHighCut, TraceText("highCutTip", "High cut filter: takes out what is faster"));
+    notch_ = bar.AddComboBox(kMsgNotch, TraceText("notchTip", "Notch filter: takes out mains hum"));
     montage_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }
 
@@ -84,14 +88,13 @@ void TraceBoxes::Show(double pageLength, double gain, const std::string& gainUni
     const QString unit = QString::fromStdString(gainUnit);
     Fill(gain_, gains_, kSensitivities, gain,
          [&unit](double value) { return NumberText(value) + " " + unit; });
-    const auto cut = [](const char* sign) {
-        return [sign](double value) {
-            return QString(sign) + (value == 0 ? QString("off") : NumberText(value) + " Hz");
-        };
+    const auto cut = [](const std::string& text) {
+        return [text = QString::fromStdString(text), off = QString::fromStdString(TraceText("off", "off"))](
+                   double value) { return text.arg(value == 0 ? off : NumberText(value) + " Hz"); };
     };
-    Fill(lowCut_, lowCuts_, kLowCuts, filter.lowCut, cut("Low cut "));
-    Fill(highCut_, highCuts_, kHighCuts, filter.highCut, cut("High cut "));
-    Fill(notch_, notches_, kNotches, filter.notch, cut("Notch "));
+    Fill(lowCut_, lowCuts_, kLowCuts, filter.lowCut, cut(TraceText("lowCut", "Low cut %1")));
+    Fill(highCut_, highCuts_, kHighCuts, filter.highCut, cut(TraceText("highCut", "High cut %1")));
+    Fill(notch_, notches_, kNotches, filter.notch, cut(TraceText("notch", "Notch %1")));
 }
 
 void TraceBoxes::ShowMontages(const MontageList& montages, const std::string& current) {

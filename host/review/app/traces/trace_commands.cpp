@@ -1,36 +1,59 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/traces/trace_commands.h"
 
+#include "host/review/app/traces/trace_texts.h"
 #include "host/toolkit/menu_templates.h"
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 namespace orvanta::review {
 
 namespace {
 
-constexpr owl::MenuItem kItems[] = {
-    {kCmViewTraces, "&View Traces"},
-    {kCmPageForward, "Page &Forward\tPgDown"},
-    {kCmPageBack, "Page &Back\tPgUp"},
-    {kCmToStart, "To the &Start\tHome"},
-    {kCmToEnd, "To the &End\tEnd"},
-    {0, ""},
-    {kCmGainUp, "Gain &Up\t+"},
-    {kCmGainDown, "Gain &Down\t-"},
-    {kCmLessTime, "Less &Time on the Page\tCtrl++"},
-    {kCmMoreTime, "M&ore Time on the Page\tCtrl+-"},
-    {kCmFewerLines, "Fe&wer Lines on the Page\tCtrl+Down"},
-    {kCmMoreLines, "More &Lines on the Page\tCtrl+Up"},
-    {kCmZoomBack, "&Zoom Back\tBackspace"},
-    {kCmCenter, "Center Traces on &Their Mean"},
-    {0, ""},
-    {kCmMarkBad, "Bad C&hannel\tB"},
-    {kCmHideLine, "H&ide Channel\tH"},
-    {kCmShowAllLines, "Show &All Channels\tShift+H"},
-    {0, ""},
-    {0, ""},
+/// A line of the menu: its text among those of section TRACES, and the key that is shown beside it.
+struct TraceRow {
+    unsigned id;
+    const char* key;
+    const char* text;
+    const char* shortcut;
+};
+
+constexpr std::array kRows{
+    TraceRow{kCmViewTraces, "viewTraces", "&View Traces", ""},
+    TraceRow{kCmGoToTime, "goToTime", "&Go to Time...", "G"},
+    TraceRow{kCmPageForward, "pageForward", "Page &Forward", "PgDown"},
+    TraceRow{kCmPageBack, "pageBack", "Page &Back", "PgUp"},
+    TraceRow{kCmToStart, "toStart", "To the &Start", "Home"},
+    TraceRow{kCmToEnd, "toEnd", "To the &End", "End"},
+    TraceRow{kCmNextEvent, "nextEvent", "&Next Event", "N"},
+    TraceRow{kCmPreviousEvent, "previousEvent", "&Previous Event", "Shift+N"},
+    TraceRow{kCmPlay, "play", "Pla&y", "Space"},
+    TraceRow{0, "", "", ""},
+    TraceRow{kCmGainUp, "gainUp", "Larger Traces", "+"},
+    TraceRow{kCmGainDown, "gainDown", "Smaller Traces", "-"},
+    TraceRow{kCmLessTime, "lessTime", "Less Time on the Page", "Ctrl++"},
+    TraceRow{kCmMoreTime, "moreTime", "More Time on the Page", "Ctrl+-"},
+    TraceRow{kCmFewerLines, "fewerLines", "Fewer Channels on the Page", "Ctrl+Down"},
+    TraceRow{kCmMoreLines, "moreLines", "More Channels on the Page", "Ctrl+Up"},
+    TraceRow{kCmZoomBack, "zoomBack", "&Zoom Back", "Backspace"},
+    TraceRow{kCmCenter, "center", "Center &Traces on Their Mean", ""},
+    TraceRow{0, "", "", ""},
+    TraceRow{kCmChannels, "channels", "&Channels...", "C"},
+    TraceRow{kCmMarkBad, "markBad", "Bad C&hannel", "B"},
+    TraceRow{kCmHideLine, "hideChannel", "H&ide Channel", "H"},
+    TraceRow{kCmShowAllLines, "showAll", "Show &All Channels", "Shift+H"},
+    TraceRow{0, "", "", ""},
+    TraceRow{kCmMarkMode, "markMode", "Mar&k Events by Clicks", ""},
+    TraceRow{kCmMarkEvent, "markEvent", "&Mark an Event Here...", "M"},
+    TraceRow{kCmEditEvent, "editEvent", "Edit E&vent...", "Enter"},
+    TraceRow{kCmDeleteEvent, "deleteEvent", "&Delete Event", "Del"},
+    TraceRow{kCmUndo, "undoPlain", "&Undo", "Ctrl+Z"},
+    TraceRow{kCmRedo, "redoPlain", "&Redo", "Ctrl+Y"},
+    TraceRow{0, "", "", ""},
+    TraceRow{kCmTraceFont, "font", "Select F&ont...", ""},
 };
 
 struct KeyCommand {
@@ -61,15 +84,43 @@ const std::array kKeys{
     KeyCommand{Qt::Key_Plus, Qt::ControlModifier, kCmLessTime},
     KeyCommand{Qt::Key_Minus, Qt::ControlModifier, kCmMoreTime},
     KeyCommand{Qt::Key_Backspace, Qt::NoModifier, kCmZoomBack},
+    KeyCommand{Qt::Key_G, Qt::NoModifier, kCmGoToTime},
+    KeyCommand{Qt::Key_G, Qt::ControlModifier, kCmGoToTime},
+    KeyCommand{Qt::Key_N, Qt::NoModifier, kCmNextEvent},
+    KeyCommand{Qt::Key_N, Qt::ShiftModifier, kCmPreviousEvent},
     KeyCommand{Qt::Key_B, Qt::NoModifier, kCmMarkBad},
     KeyCommand{Qt::Key_H, Qt::NoModifier, kCmHideLine},
     KeyCommand{Qt::Key_H, Qt::ShiftModifier, kCmShowAllLines},
+    KeyCommand{Qt::Key_C, Qt::NoModifier, kCmChannels},
+    KeyCommand{Qt::Key_M, Qt::NoModifier, kCmMarkEvent},
+    KeyCommand{Qt::Key_Return, Qt::NoModifier, kCmEditEvent},
+    KeyCommand{Qt::Key_Enter, Qt::NoModifier, kCmEditEvent},
+    KeyCommand{Qt::Key_Delete, Qt::NoModifier, kCmDeleteEvent},
+    KeyCommand{Qt::Key_Z, Qt::ControlModifier, kCmUndo},
+    KeyCommand{Qt::Key_Y, Qt::ControlModifier, kCmRedo},
+    KeyCommand{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, kCmRedo},
+    KeyCommand{Qt::Key_Escape, Qt::NoModifier, kCmCancel},
+    KeyCommand{Qt::Key_Space, Qt::NoModifier, kCmPlay},
 };
 
 } // namespace
 
 void RegisterTraceMenu() {
-    owl::RegisterMenuTemplate(kTraceMenu, kItems);
+    // Both last as long as the program: templates are not copied.
+    static std::vector<std::string> texts;
+    static std::vector<owl::MenuItem> items;
+    texts.clear();
+    items.clear();
+    for (const TraceRow& row : kRows) {
+        texts.push_back(row.id == 0
+                            ? std::string()
+                            : TraceText(row.key, row.text) +
+                                  (*row.shortcut == '\0' ? std::string() : std::string("\t") + row.shortcut));
+    }
+    for (std::size_t i = 0; i < kRows.size(); ++i) {
+        items.push_back({kRows[i].id, texts[i].c_str()});
+    }
+    owl::RegisterMenuTemplate(kTraceMenu, items);
 }
 
 std::optional<unsigned> CommandOfKey(int key, Qt::KeyboardModifiers modifiers) {

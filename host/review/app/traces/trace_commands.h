@@ -64,7 +64,7 @@ inline constexpr unsigned kMsgNotch = 14764;
 inline constexpr unsigned kMsgMontage = 14765;
 inline constexpr unsigned kMsgGrown = 14766;
 
-/// From now on the menu of the view has its items; done once, however often it is called.
+/// From now on the menu of the view has its items, in the language in use.
 void RegisterTraceMenu();
 
 /// The command of a key; nothing for a key without one.

@@ -4,6 +4,7 @@
 #include "host/review/app/traces/fitted_text.h"
 #include "host/review/app/traces/scale_bars.h"
 #include "host/review/app/traces/time_ruler.h"
+#include "host/review/app/traces/trace_texts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,9 +16,11 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kTagPadding = 4;
+// Opacities. What the recording itself holds often lasts for hours and stands back.
+constexpr std::uint8_t kFileBand = 14;
 constexpr std::uint8_t kBand = 34;
 constexpr std::uint8_t kSelectedBand = 72;
-constexpr std::uint8_t kShade = 46;
+constexpr std::uint8_t kShade = 36;
 constexpr int kHatch = 8;
 
 owl::TRect Between(const TraceLayout& layout, double begin, double end, int top, int bottom) {
@@ -65,7 +68,7 @@ void PaintGrid(owl::TDC& dc, const PageInput& page, const RulerSteps& steps) {
 }
 
 std::string GapText(double seconds) {
-    return "no data for " + ElapsedText(seconds, seconds < 10 ? 0.1 : 1);
+    return TraceText("gap", "no data for %1", ElapsedText(seconds, seconds < 10 ? 0.1 : 1));
 }
 
 void PaintGaps(owl::TDC& dc, const PageInput& page) {
@@ -106,8 +109,12 @@ void PaintBands(owl::TDC& dc, const PageInput& page, std::span<const EventTag> t
     const owl::TRect& plot = page.layout.plot;
     for (const EventTag& tag : tags) {
         if (tag.input->event->Class == EventClass::State) {
-            dc.BlendRect({tag.begin, plot.top, tag.end, plot.bottom}, ColorOf(*tag.input, page.colors),
-                         tag.input->selected ? kSelectedBand : kBand);
+            const owl::TColor color = ColorOf(*tag.input, page.colors);
+            const bool quiet = !tag.input->own && color != page.colors.badEvent;
+            dc.BlendRect({tag.begin, plot.top, tag.end, plot.bottom}, color,
+                         tag.input->selected ? kSelectedBand
+                         : quiet             ? kFileBand
+                                             : kBand);
         }
     }
 }

@@ -19,10 +19,8 @@ TraceWindow WithDuration(TraceWindow window, double duration, double share, doub
 }
 
 TraceWindow Showing(TraceWindow window, double time, double total) {
-    if (time < window.start) {
+    if (time < window.start || time >= window.start + window.duration) {
         window.start = time - window.duration / 10;
-    } else if (time >= window.start + window.duration) {
-        window.start = time - window.duration * 9 / 10;
     }
     return KeptInside(window, total);
 }

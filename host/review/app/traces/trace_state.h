@@ -32,8 +32,8 @@ struct TraceState {
 TraceWindow KeptInside(TraceWindow window, double total);
 /// Another page length; the time at \p share of the page (0 left, 1 right) stays where it is.
 TraceWindow WithDuration(TraceWindow window, double duration, double share, double total);
-/// Moved so that the time is on the page, as little as can be: where it already is, nothing changes; else it
-/// stands a tenth of the page from the edge.
+/// Moved so that the time is on the page: where it already is, nothing changes, else it stands a tenth of the
+/// page from the left.
 TraceWindow Showing(TraceWindow window, double time, double total);
 
 } // namespace orvanta::review

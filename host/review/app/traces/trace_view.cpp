@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
-#include "host/toolkit/painter_dc.h"
-#include "host/toolkit/qt_painting.h"
+#include "host/toolkit/event_guard.h"
 
 #include <QEvent>
 
@@ -37,8 +37,9 @@ const owl::TResponseEntry* TraceView::Find(const owl::TEventKey& key) const {
 TraceView::TraceView(GlobalWindow& window, EEGFileInfoType& recording, EventEditor& events)
     : TheChild(window, kName, PModule::Named("Orvanta"), Resources()),
       impl_(std::make_unique<Impl>(*this, recording, events)) {
-    setAccessibleName("Traces");
-    setAccessibleDescription("Traces of the recording. Page Up and Page Down turn pages, G goes to a time.");
+    setAccessibleName(QString::fromStdString(TraceText("traces", "Traces")));
+    setAccessibleDescription(QString::fromStdString(TraceText(
+        "tracesAre", "Traces of the recording. Page Up and Page Down turn pages, G goes to a time.")));
     setMinimumSize(120, 80);
 }
 
@@ -46,12 +47,14 @@ TraceView::~TraceView() = default;
 
 TraceView::Impl::Impl(TraceView& owner, EEGFileInfoType& file, EventEditor& eventEditor)
     : view(owner), recording(file), events(eventEditor), model(file),
+      montage(file.GetTraceInfo()->GetMtg().GetName()),
       montageAction("Traces", file.GetMontageFlag(), [this] { MontageChanged(); }),
       positionAction("Traces", file.GetTraceCursor()->GetPositionFlag(), [this] { FollowCursor(); }),
       eventsAction("Traces", eventEditor.GetChangedFlag(), [this] {
           selectedEvent.reset();
           view.Invalidate();
       }) {
+    QObject::connect(&player, &QTimer::timeout, &view, [this] { owl::RunGuarded([this] { PlayOn(); }); });
     model.Store().SetGrown([this] {
         if (!grownQueued.exchange(true)) {
             view.PostMessage(kMsgGrown); // from the thread in the background
@@ -61,7 +64,7 @@ TraceView::Impl::Impl(TraceView& owner, EEGFileInfoType& file, EventEditor& even
 
 void TraceView::SetupWindow() {
     impl_->scrollBar = new QScrollBar(Qt::Vertical, this);
-    impl_->scrollBar->setAccessibleName("Lines");
+    impl_->scrollBar->setAccessibleName(QString::fromStdString(TraceText("channelList", "Channels")));
     impl_->scrollBar->setFocusPolicy(Qt::NoFocus);
     impl_->scrollBar->hide();
     connect(impl_->scrollBar, &QScrollBar::valueChanged, this, [this](int line) {
@@ -77,6 +80,7 @@ void TraceView::SetupWindow() {
 
 void TraceView::Destroy(int retVal) {
     if (IsCreated()) {
+        impl_->Play(false);
         impl_->Store();
     }
     TheChild::Destroy(retVal);

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The commands of the trace view.
+#include "host/review/app/traces/go_to_dialog.h"
 #include "host/review/app/traces/trace_scales.h"
+#include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
 #include "host/toolkit/command_enabler.h"
+#include "host/toolkit/modal_gateway.h"
+#include "host/toolkit/services.h"
 
 namespace orvanta::review {
 
@@ -10,6 +14,8 @@ namespace {
 
 /// Of the page: what Ctrl+arrow moves by.
 constexpr double kSmallStep = 0.1;
+/// Milliseconds from picture to picture while the traces play.
+constexpr int kPlayStep = 40;
 
 } // namespace
 
@@ -59,6 +65,37 @@ void TraceView::Impl::Run(unsigned command) {
         return SetLinesPerPage(Layout().lineCount - 1);
     case kCmMoreLines:
         return SetLinesPerPage(Layout().lineCount + 1);
+    case kCmGoToTime:
+        return GoToTime();
+    case kCmPlay:
+        return Play(!player.isActive());
+    case kCmNextEvent:
+        return SelectNextEvent(true);
+    case kCmPreviousEvent:
+        return SelectNextEvent(false);
+    case kCmMarkMode:
+        marking = !marking;
+        view.setCursor(marking ? Qt::CrossCursor : Qt::ArrowCursor);
+        return;
+    case kCmMarkEvent:
+        return MarkHere();
+    case kCmEditEvent:
+        return EditEvent();
+    case kCmDeleteEvent:
+        return DeleteEvent();
+    case kCmUndo:
+        return events.Undo();
+    case kCmRedo:
+        return events.Redo();
+    case kCmCancel:
+        return Cancel();
+    case kCmChannels:
+        return ChooseChannels();
+    case kCmTraceFont:
+        if (view.ChooseChildFont()) {
+            Refresh();
+        }
+        return;
     case kCmZoomBack:
         return ZoomBack();
     case kCmMarkBad:
@@ -72,6 +109,45 @@ void TraceView::Impl::Run(unsigned command) {
         return Refresh();
     default:
         return;
+    }
+}
+
+void TraceView::Impl::Cancel() {
+    Play(false);
+    drag = Drag::None;
+    marking = false;
+    view.setCursor(Qt::ArrowCursor);
+    overlay->SetCursor({});
+    model.Select({});
+    selectedEvent.reset();
+    Refresh();
+}
+
+void TraceView::Impl::GoToTime() {
+    const TraceWindow& window = model.State().window;
+    GoToDialog dialog(view.GetHandle(), {window.start, model.Total(), model.StartTime()});
+    const QPointer<TraceView> alive(&view);
+    if (dialog.ShowModal() == owl::kIdOk && alive) {
+        MoveTo(dialog.Seconds());
+    }
+}
+
+void TraceView::Impl::Play(bool play) {
+    if (play) {
+        playedAt = owl::CurrentServices().clock->Milliseconds();
+        player.start(kPlayStep);
+    } else {
+        player.stop();
+    }
+}
+
+void TraceView::Impl::PlayOn() {
+    const std::int64_t now = owl::CurrentServices().clock->Milliseconds();
+    const double start = model.State().window.start;
+    MoveBy(static_cast<double>(now - playedAt) / 1000);
+    playedAt = now;
+    if (model.State().window.start <= start) {
+        Play(false); // at the end
     }
 }
 
@@ -90,6 +166,24 @@ void TraceView::CeTraces(owl::TCommandEnabler& item) {
         break;
     case kCmShowAllLines:
         item.Enable(!impl_->model.Hidden().empty());
+        break;
+    case kCmPlay:
+        item.SetCheck(impl_->player.isActive());
+        break;
+    case kCmMarkMode:
+        item.SetCheck(impl_->marking);
+        break;
+    case kCmEditEvent:
+    case kCmDeleteEvent:
+        item.Enable(impl_->selectedEvent.has_value());
+        break;
+    case kCmUndo:
+        item.Enable(impl_->events.CanUndo());
+        item.SetText(TraceText("undo", "&Undo %1", impl_->events.UndoText()) + "\tCtrl+Z");
+        break;
+    case kCmRedo:
+        item.Enable(impl_->events.CanRedo());
+        item.SetText(TraceText("redo", "&Redo %1", impl_->events.RedoText()) + "\tCtrl+Y");
         break;
     case kCmCenter:
         item.SetCheck(impl_->model.State().centered);

@@ -10,7 +10,10 @@
 #include "host/review/app/traces/trace_painter.h"
 #include "host/review/app/traces/trace_view.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <atomic>
 #include <functional>
@@ -67,7 +70,10 @@ struct TraceView::Impl {
     void ToggleBad();
     /// Marks the electrode that the line is named after.
     void SetBad(const TraceChannel& line, bool bad);
+    /// Other views and the average reference notice what is bad.
+    void TellBad();
     void HideSelected();
+    void SetHidden(std::set<std::string> names);
     void ShowAll();
     void ChooseChannels();
     void MontageChanged();
@@ -79,31 +85,68 @@ struct TraceView::Impl {
     void SetScrollBar(const TraceLayout& layout);
 
     // Mouse.
+    std::optional<LineInput> LineUnder(const TraceLayout& layout, int y);
+    CursorInput CursorAt(const TraceLayout& layout, const owl::TPoint& point);
+    CursorInput StretchTo(const TraceLayout& layout, const owl::TPoint& point);
+    /// Beside the mouse and in the message bar.
+    void ReadOut(const CursorInput& cursor);
+    void Click(const TraceLayout& layout, const owl::TPoint& point);
     void Press(const owl::TPoint& point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
-    void Move(const owl::TPoint& point, Qt::KeyboardModifiers modifiers);
-    void Release(const owl::TPoint& point);
+    void Move(const owl::TPoint& point);
+    void Release(const owl::TPoint& point, Qt::MouseButton button);
     void Wheel(const owl::TPoint& point, double notches, Qt::KeyboardModifiers modifiers);
     void MoveToOverview(int x);
 
+    // Events.
+    /// Lets the user choose the label of an event that is to be added.
+    void Offer(const EventRecord& event, const owl::TPoint& at);
+    void OfferSpot(double time, const owl::TPoint& at);
+    void OfferState(double begin, double end, const owl::TPoint& at);
+    void AddEvent(const EventRecord& event);
+    void MarkHere();
+    void SelectEvent(std::optional<std::size_t> event);
+    void SelectNextEvent(bool forward);
+    void EditEvent();
+    void DeleteEvent();
+    /// In a box that waits for the user.
+    void Tell(const std::string& text);
+
+    /// Ends what the user began, and selects nothing.
+    void Cancel();
+    void GoToTime();
+    void Play(bool play);
+    void PlayOn();
+
     void Load();
     void Store();
+    std::string ReadText(const std::string& key) const;
+    // Hidden lines are kept for each montage.
+    std::string HiddenKey() const;
+    void LoadHidden();
+    void StoreHidden() const;
 
     TraceView& view;
     EEGFileInfoType& recording;
     EventEditor& events;
     TraceModel model;
+    std::string montage;            ///< name of the one in use
     std::vector<TraceWindow> zooms; ///< to go back to
     std::vector<Shade> shades;
     std::vector<EventTag> tags;          ///< of the page that was painted last
     std::vector<EventInput> shownEvents; ///< what the tags point to
     std::optional<std::size_t> selectedEvent;
-    bool marking = false; ///< a click marks an event
+    std::vector<std::string> recentLabels; ///< the one used last first
+    std::string said;                      ///< of the mouse, in the message bar
+    bool marking = false;                  ///< a click marks an event
     Drag drag = Drag::None;
     owl::TPoint dragFrom;
     TraceWindow dragWindow; ///< when the button went down
     bool dragged = false;
     bool moving = false; ///< the view itself moves the trace cursor
     std::atomic<bool> grownQueued = false;
+    QPointer<QMenu> labelMenu; ///< opened last
+    QTimer player;
+    std::int64_t playedAt = 0; ///< milliseconds
     QScrollBar* scrollBar = nullptr;
     TraceOverlay* overlay = nullptr;
     TraceBoxes boxes;

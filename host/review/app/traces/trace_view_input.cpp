@@ -54,43 +54,69 @@ void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
             line ? model.Channels()[model.Shown()[static_cast<std::size_t>(layout.firstLine + *line)]].name
                  : std::string();
         Select(name == model.Selected() ? std::string() : name);
-    } else if (layout.plot.Contains(point)) {
-        drag = button == Qt::MiddleButton                                   ? Drag::Pan
-               : button == Qt::RightButton || (modifiers & Qt::AltModifier) ? Drag::Zoom
-                                                                            : Drag::None;
+    } else if (button == Qt::MiddleButton) {
+        drag = Drag::Pan;
+    } else if (layout.plot.Contains(point) &&
+               (button == Qt::RightButton || modifiers.testFlag(Qt::AltModifier))) {
+        drag = Drag::Zoom;
+    } else if (button == Qt::LeftButton) {
+        const bool measure =
+            layout.plot.Contains(point) && (modifiers & (Qt::ControlModifier | Qt::ShiftModifier));
+        drag = measure ? Drag::Measure : Drag::Mark;
     }
 }
 
-void TraceView::Impl::Move(const owl::TPoint& point, Qt::KeyboardModifiers /*modifiers*/) {
+void TraceView::Impl::Move(const owl::TPoint& point) {
     dragged = dragged || std::abs(point.x - dragFrom.x) >= kDragDistance ||
               std::abs(point.y - dragFrom.y) >= kDragDistance;
-    CursorInput cursor;
-    cursor.from = dragFrom;
-    cursor.at = point;
+    const TraceLayout layout = Layout();
     switch (drag) {
     case Drag::Overview:
         MoveToOverview(point.x);
         break;
     case Drag::Pan:
-        MoveTo(dragWindow.start - (point.x - dragFrom.x) * Layout().SecondsPerPixel());
+        MoveTo(dragWindow.start - (point.x - dragFrom.x) * layout.SecondsPerPixel());
         break;
     case Drag::Zoom:
-        cursor.kind = dragged ? CursorInput::Kind::Rectangle : CursorInput::Kind::None;
+        if (dragged) {
+            overlay->SetCursor({CursorInput::Kind::Rectangle, dragFrom, point, {}, {}});
+        }
         break;
-    default:
-        cursor.kind = Layout().plot.Contains(point) ? CursorInput::Kind::Cursor : CursorInput::Kind::None;
+    case Drag::Mark:
+    case Drag::Measure:
+        if (dragged) {
+            ReadOut(StretchTo(layout, point));
+        }
+        break;
+    case Drag::None:
+        ReadOut(CursorAt(layout, point));
         break;
     }
-    overlay->SetCursor(cursor);
 }
 
-void TraceView::Impl::Release(const owl::TPoint& point) {
+void TraceView::Impl::Release(const owl::TPoint& point, Qt::MouseButton button) {
+    const TraceLayout layout = Layout();
     const Drag ended = std::exchange(drag, Drag::None);
-    overlay->SetCursor({});
-    if (ended == Drag::Zoom && dragged) {
-        const auto [left, right] = std::minmax(dragFrom.x, point.x);
-        const auto [top, bottom] = std::minmax(dragFrom.y, point.y);
-        ZoomInto({left, top, right + 1, bottom + 1});
+    const auto [left, right] = std::minmax(dragFrom.x, point.x);
+    const auto [top, bottom] = std::minmax(dragFrom.y, point.y);
+    switch (ended) {
+    case Drag::Zoom:
+        overlay->SetCursor({});
+        if (dragged) {
+            ZoomInto({left, top, right + 1, bottom + 1});
+        } else if (button == Qt::RightButton) {
+            view.GetMenu().popup(view.mapToGlobal(QPoint(point.x, point.y)));
+        }
+        break;
+    case Drag::Mark:
+        if (dragged && std::abs(point.x - dragFrom.x) >= kDragDistance) {
+            OfferState(layout.TimeAt(left), layout.TimeAt(right), point);
+        } else {
+            Click(layout, point);
+        }
+        break;
+    default:
+        break; // what was measured stays until the mouse moves on
     }
 }
 
@@ -139,20 +165,32 @@ void TraceView::mousePressEvent(QMouseEvent* event) {
 
 void TraceView::mouseMoveEvent(QMouseEvent* event) {
     event->accept();
-    owl::RunGuarded([&] { impl_->Move(PointOf(event->position()), event->modifiers()); });
+    owl::RunGuarded([&] { impl_->Move(PointOf(event->position())); });
 }
 
 void TraceView::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
-    owl::RunGuarded([&] { impl_->Release(PointOf(event->position())); });
+    owl::RunGuarded([&] { impl_->Release(PointOf(event->position()), event->button()); });
 }
 
 void TraceView::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event);
+    const owl::TPoint point = PointOf(event->position());
+    const EventTag* tag = TagAt(impl_->tags, impl_->Layout(), point);
+    if (event->button() != Qt::LeftButton || tag == nullptr) {
+        mousePressEvent(event);
+        return;
+    }
+    event->accept();
+    owl::RunGuarded([&] {
+        impl_->drag = Impl::Drag::None;
+        impl_->SelectEvent(tag->input->index);
+        impl_->EditEvent();
+    });
 }
 
 void TraceView::leaveEvent(QEvent* event) {
-    if (impl_->overlay != nullptr && impl_->drag == Impl::Drag::None) {
+    if (impl_->overlay != nullptr && impl_->drag == Impl::Drag::None &&
+        impl_->overlay->Cursor().kind == CursorInput::Kind::Cursor) {
         impl_->overlay->SetCursor({});
     }
     TheChild::leaveEvent(event);

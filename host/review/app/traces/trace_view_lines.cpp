@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Gains, filters and the lines that are shown.
+#include "host/review/app/traces/channels_dialog.h"
 #include "host/review/app/traces/trace_scales.h"
+#include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
+#include "host/toolkit/modal_gateway.h"
 
 #include <algorithm>
 
@@ -67,13 +70,15 @@ void TraceView::Impl::SelectNeighbour(int step) {
 void TraceView::Impl::ToggleBad() {
     const TraceChannel* selected = model.SelectedChannel();
     if (selected == nullptr) {
-        Say("Select a channel first: click its name, or press Shift+Down.");
+        Say(TraceText("noChannel", "Select a channel first: click its name, or press Shift+Down."));
         return;
     }
     const bool bad = !selected->bad;
     const std::string name = selected->name;
     SetBad(*selected, bad);
-    Say(name + (bad ? " is bad now: average references leave it out." : " is good again."));
+    TellBad();
+    Say(bad ? TraceText("isBad", "%1 is bad now: average references leave it out.", name)
+            : TraceText("isGood", "%1 is good again.", name));
 }
 
 void TraceView::Impl::SetBad(const TraceChannel& line, bool bad) {
@@ -86,32 +91,71 @@ void TraceView::Impl::SetBad(const TraceChannel& line, bool bad) {
             sensors.FindSensor(sensor->GetName())->SetBad(bad);
         }
     }
-    model.Reload();
-    Refresh();
+}
+
+void TraceView::Impl::TellBad() {
+    const MontageList& montages = *recording.GetMontageList();
+    const MontageType& used = recording.GetTraceInfo()->GetMtg();
+    const MontageType* listed = montages.Get(montages.GetCurrentIndex());
+    // The average is made anew; one whose electrodes the user chose stays.
+    if (used.GetKind() == MontageType::Kind::AverageReference && listed != nullptr && *listed == used) {
+        recording.ChangeMntg(montages.GetCurrentIndex(), true);
+    } else {
+        recording.GetMontageFlag().Set();
+    }
+}
+
+void TraceView::Impl::ChooseChannels() {
+    ChannelsDialog dialog(view.GetHandle(), model.Channels(), model.Hidden());
+    const QPointer<TraceView> alive(&view);
+    if (dialog.ShowModal() != owl::kIdOk || !alive) {
+        return;
+    }
+    const std::set<std::string> bad = dialog.Bad();
+    bool changed = false;
+    for (const TraceChannel& channel : model.Channels()) {
+        if (bad.contains(channel.name) != channel.bad) {
+            SetBad(channel, !channel.bad);
+            changed = true;
+        }
+    }
+    SetHidden(dialog.Hidden());
+    if (changed) {
+        TellBad();
+    }
 }
 
 void TraceView::Impl::HideSelected() {
     const TraceChannel* selected = model.SelectedChannel();
     if (selected == nullptr) {
-        Say("Select a channel first: click its name, or press Shift+Down.");
+        Say(TraceText("noChannel", "Select a channel first: click its name, or press Shift+Down."));
         return;
     }
     const std::string name = selected->name;
     std::set<std::string> hidden = model.Hidden();
     hidden.insert(name);
-    model.SetHidden(std::move(hidden));
+    SetHidden(std::move(hidden));
+    Say(TraceText("isHidden", "%1 is hidden. Shift+H shows all channels again.", name));
+}
+
+void TraceView::Impl::SetHidden(std::set<std::string> names) {
+    model.SetHidden(std::move(names));
+    StoreHidden();
     Refresh();
-    Say(name + " is hidden. Shift+H shows all channels again.");
 }
 
 void TraceView::Impl::ShowAll() {
-    model.SetHidden({});
-    Refresh();
+    SetHidden({});
 }
 
 void TraceView::Impl::MontageChanged() {
     model.Reload();
-    boxes.ShowMontages(*recording.GetMontageList(), recording.GetTraceInfo()->GetMtg().GetName());
+    const std::string& name = recording.GetTraceInfo()->GetMtg().GetName();
+    if (name != montage) {
+        montage = name;
+        LoadHidden();
+    }
+    boxes.ShowMontages(*recording.GetMontageList(), name);
     Refresh();
 }
 

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user set, kept from session to session.
+#include "host/review/app/traces/event_labels.h"
 #include "host/review/app/traces/trace_scales.h"
 #include "host/review/app/traces/trace_view_impl.h"
+#include "spectra_contract/platform.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace orvanta::review {
 
 namespace {
 
 constexpr double kMostCut = 100000;
+constexpr int kLongestText = 16384;
 
 std::string GainKey(TraceGroup group) {
     return std::string("Gain") + NameOf(group);
@@ -39,6 +43,31 @@ void TraceView::Impl::Load() {
     state.filter.notch = read("Notch", standard.filter.notch, 0, kMostCut);
     state.centered = view.ReadChildInt("Centered", standard.centered ? 1 : 0) != 0;
     model.Reload();
+    recentLabels = SplitNames(ReadText("RecentLabels"));
+    LoadHidden();
+}
+
+std::string TraceView::Impl::ReadText(const std::string& key) const {
+    std::string text(kLongestText + 1, '\0');
+    view.GW().GetPlatform()->ReadString(view.GetChildName().c_str(), key.c_str(), "", text.data(),
+                                        kLongestText);
+    text.resize(std::strlen(text.c_str()));
+    return text;
+}
+
+void TraceView::Impl::LoadHidden() {
+    const std::vector<std::string> names = SplitNames(ReadText(HiddenKey()));
+    model.SetHidden({names.begin(), names.end()});
+}
+
+void TraceView::Impl::StoreHidden() const {
+    const std::vector<std::string> names(model.Hidden().begin(), model.Hidden().end());
+    view.GW().GetPlatform()->WriteString(view.GetChildName().c_str(), HiddenKey().c_str(),
+                                         JoinedNames(names).c_str());
+}
+
+std::string TraceView::Impl::HiddenKey() const {
+    return "Hidden." + montage;
 }
 
 void TraceView::Impl::Store() {
@@ -53,6 +82,8 @@ void TraceView::Impl::Store() {
     view.WriteChildDouble("HighCut", state.filter.highCut);
     view.WriteChildDouble("Notch", state.filter.notch);
     view.WriteChildInt("Centered", state.centered ? 1 : 0);
+    view.GW().GetPlatform()->WriteString(view.GetChildName().c_str(), "RecentLabels",
+                                         JoinedNames(recentLabels).c_str());
 }
 
 } // namespace orvanta::review
