@@ -37,6 +37,7 @@ void StepOfSixteenMaps(benchmark::State& state) {
     view.EnableCartoon(true);
     view.SetSinglePalette(true);
     view.SetMapValues(true);
+    view.Play();
     QApplication::processEvents();
     std::uint64_t step = 0;
     for ([[maybe_unused]] const auto round : state) {

@@ -239,8 +239,17 @@ void CartoonStat::Play() {
         MoveTo(0);
     }
     impl_->playing = {impl_->first, impl_->clock.Milliseconds(), impl_->bar->Speed()};
+    HurryMaps();
     AwaitStep();
     ShowState();
+}
+
+void CartoonStat::HurryMaps() {
+    for (std::size_t i = 0; i < GetNumMaps(); ++i) {
+        if (TMapWindow* const map = GetMap(i)) {
+            map->SetPlaying(IsPlaying());
+        }
+    }
 }
 
 void CartoonStat::Pause() {
@@ -249,6 +258,7 @@ void CartoonStat::Pause() {
     }
     impl_->timer.stop();
     impl_->playing.reset();
+    HurryMaps();
     ShowState();
 }
 
@@ -322,6 +332,7 @@ void CartoonStat::ResetWindows(std::uint16_t rows, std::uint16_t columns) {
     MultiMapWin::ResetWindows(rows, columns);
     if (alive) {
         impl_->first = std::min(impl_->first, impl_->steps.LastStart(GetNumMaps()));
+        HurryMaps();
         ShowState();
     }
 }

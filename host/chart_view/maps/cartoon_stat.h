@@ -71,6 +71,7 @@ private:
     void UpdateStretch();
     void StepTo(std::uint64_t step);
     void StepBy(std::int64_t steps);
+    void HurryMaps();
     void AwaitStep();
     void Tick();
     void ShowState();

@@ -39,6 +39,7 @@ struct TMapWindow::Impl {
     std::optional<Press> press;
     MapFields fields;
     SeenElectrodes seen; ///< as drawn last
+    bool playing = false;
 
     bool IsTurning() const { return threeD && press && press->moved; }
 };
@@ -149,6 +150,12 @@ HeadView TMapWindow::GetView() const {
     return impl_->view;
 }
 
+void TMapWindow::SetPlaying(bool playing) {
+    if (std::exchange(impl_->playing, playing) != playing && impl_->threeD) {
+        Invalidate();
+    }
+}
+
 std::optional<std::size_t> TMapWindow::ElectrodeAt(const owl::TPoint& point) const {
     std::optional<std::size_t> nearest;
     int least = kHitReach * kHitReach;
@@ -185,7 +192,7 @@ void TMapWindow::Draw(owl::TDC& dc, bool erase, owl::TRect& rect) {
     sight.area = GetClientRect();
     sight.threeD = impl_->threeD;
     sight.view = impl_->view;
-    sight.turning = impl_->IsTurning();
+    sight.turning = impl_->IsTurning() || (impl_->threeD && impl_->playing);
     sight.enabled = isEnabled();
     sight.textColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::WindowText));
     sight.backColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::Window));

@@ -75,6 +75,8 @@ public:
     /// Of a head; nothing for a flat map.
     void SetView(const orvanta::chart::HeadView& view);
     orvanta::chart::HeadView GetView() const;
+    /// Whether a cartoon plays: a head is then drawn as coarsely as while it is being turned.
+    void SetPlaying(bool playing);
     /// Number of the electrode at a point of the window.
     std::optional<std::size_t> ElectrodeAt(const owl::TPoint& point) const;
 

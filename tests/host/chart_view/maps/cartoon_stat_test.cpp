@@ -35,8 +35,8 @@ class Cartoon : public testing::Test {
 protected:
     Cartoon() { window.platform.user.values = {{"Maps/MapRows", 1}, {"Maps/MapColumns", 2}}; }
 
-    std::unique_ptr<MapsView> ViewOf(std::uint32_t epochs) {
-        auto view = std::make_unique<MapsView>(window);
+    std::unique_ptr<MapsView> ViewOf(std::uint32_t epochs, bool threeD = false) {
+        auto view = std::make_unique<MapsView>(window, threeD);
         view->ShowAt(800, 300);
         view->source.epochs = Epochs(epochs);
         view->inCartoon = true;
@@ -253,6 +253,20 @@ TEST_F(Cartoon, GoesOnFromWhereTheUserScrubbedTo) {
     view->findChild<QSlider*>("cartoonSlider")->setValue(50);
     services.clock.Advance(40);
     EXPECT_TRUE(Reaches(*view, 51));
+}
+
+TEST_F(Cartoon, DrawsHeadsCoarserWhileItPlays) {
+    const auto view = ViewOf(100, true);
+    QApplication::processEvents();
+    const auto picture = [&] {
+        QApplication::processEvents();
+        return view->GetMap(0)->grab().toImage();
+    };
+    const QImage fine = picture();
+    view->Play();
+    EXPECT_NE(picture(), fine);
+    view->Pause();
+    EXPECT_EQ(picture(), fine);
 }
 
 TEST_F(Cartoon, PausesWhenItIsHidden) {
