@@ -109,7 +109,7 @@ private:
 /// The head with the columns that events need.
 class NewHead {
 public:
-    NewHead(std::string_view line, bool complete) : cells_(CellsOf(line)) {
+    NewHead(std::string_view line, bool complete) : cells_(CellsOf(line)), oldWidth_(cells_.size()) {
         const TableHead old(line);
         onset_ = old.PlaceOf(TableHead::kOnset);
         duration_ = Place(old, TableHead::kDuration, complete);
@@ -122,7 +122,10 @@ public:
     /// \param old the row and the event that it tells; no row for a new event
     std::string Row(const EventRecord& event, std::string_view row, const EventRecord* old) const {
         std::vector<std::string> cells = old == nullptr ? std::vector<std::string>() : CellsOf(row);
-        cells.resize(std::max(cells.size(), cells_.size()), std::string(kMissing));
+        cells.resize(std::max(cells.size(), oldWidth_), std::string(kMissing));
+        // A row may be longer than the head: what it has more of stays behind the new columns.
+        cells.insert(cells.begin() + std::ptrdiff_t(oldWidth_), cells_.size() - oldWidth_,
+                     std::string(kMissing));
         if (old == nullptr || !(old->Interval == event.Interval)) {
             cells[onset_] = BeginText(event);
             cells[duration_] = NumberText(DurationOf(event).Seconds());
@@ -145,6 +148,7 @@ private:
     }
 
     std::vector<std::string> cells_;
+    std::size_t oldWidth_;
     std::size_t onset_ = 0, duration_ = 0, label_ = 0;
 };
 

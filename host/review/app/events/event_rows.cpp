@@ -21,6 +21,7 @@ std::map<std::string, int> LabelRanks(const std::vector<EventRecord>& events, co
         return !QString::fromStdString(rank.first).contains(text, Qt::CaseInsensitive);
     });
     std::vector<std::pair<QString, int*>> labels;
+    labels.reserve(ranks.size());
     for (auto& [label, rank] : ranks) {
         labels.emplace_back(QString::fromStdString(label), &rank);
     }

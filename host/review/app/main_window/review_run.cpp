@@ -40,6 +40,7 @@ int RunReview(const ReviewRequest& request) {
         setup.settingsFile = platform::DefaultSettingsFile();
     }
     setup.dataFolder = platform::DefaultDataFolder();
+    setup.savesEvents = true;
     InstallStarterMacros(setup.dataFolder + "MACRO/");
     const std::unique_ptr<ModuleLibrary> module = LoadModule(setup.moduleProblem);
     if (module != nullptr) {

@@ -2,6 +2,7 @@
 // How recordings are opened, switched and closed.
 #include "host/review/app/main_window/workbench.h"
 
+#include "host/review/app/events/event_autosave.h"
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/main_window/action_listener.h"
 #include "host/review/app/main_window/document.h"
@@ -142,6 +143,9 @@ bool Workbench::Load(const std::string& path) {
     document_ = std::move(opened);
     eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
                                                       [this] { ShowState(); });
+    if (setup_.savesEvents) {
+        autosave_ = std::make_unique<EventAutosave>(document_->Events());
+    }
     document_->Analyses().SetStatMode(platform_.GetUser()->GetInt(kHostSection, kStatMode, 0));
     if (KeepsSessions()) {
         if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
@@ -194,6 +198,7 @@ void Workbench::Unload() {
     }
     views_->CloseAll();
     eventsChanged_.reset();
+    autosave_.reset();
     document_.reset();
     middle_->Repairs().Tell({}, {});
     middle_->ShowWelcome(true);

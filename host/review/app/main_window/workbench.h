@@ -17,6 +17,7 @@ namespace orvanta::review {
 
 class ActionListener;
 class Document;
+class EventAutosave;
 class MainWindow;
 class Menus;
 class ModuleBridge;
@@ -30,6 +31,7 @@ public:
         std::string dataFolder;
         ModuleBridge* bridge = nullptr; ///< null without the module
         std::string moduleProblem;      ///< why there is none
+        bool savesEvents = false;       ///< a moment after they changed, unasked
     };
 
     explicit Workbench(Setup setup);
@@ -104,6 +106,7 @@ private:
     RecentFiles recent_;
     std::unique_ptr<Document> document_;
     std::unique_ptr<ActionListener> eventsChanged_; ///< of the document
+    std::unique_ptr<EventAutosave> autosave_;       ///< of the document's events; null where it is not wanted
     std::unique_ptr<Shell> shell_;
     MainWindow* middle_; ///< of the shell
     std::unique_ptr<OpenViews> views_;

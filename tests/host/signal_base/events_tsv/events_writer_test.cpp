@@ -109,6 +109,11 @@ TEST(WriteEventsTable, AddsTheColumnsThatAreMissing) {
     EXPECT_EQ(Write("onset\n1\n", {Spot("event", 1, 2)}), "onset\n1\n");
 }
 
+TEST(WriteEventsTable, AddsColumnsBeforeWhatRowsHaveMoreThanTheHead) {
+    EXPECT_EQ(Write("onset\tvalue\n1\t7\t5\tx\n", {Spot("7", 1, 2), Spot("8", 2)}),
+              "onset\tvalue\tduration\n1\t7\tn/a\t5\tx\n2\t8\t0\n");
+}
+
 TEST(WriteEventsTable, KeepsLineEndsAndByteOrderMark) {
     EXPECT_EQ(Write("\xEF\xBB\xBFonset\tvalue\tduration\r\n1\t7\t0", {Spot("7", 1, 2), Spot("8", 2)}),
               "\xEF\xBB\xBFonset\tvalue\tduration\r\n1\t7\t0\r\n2\t8\t0\r\n");

@@ -9,7 +9,10 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QToolButton>
+
+#include <filesystem>
 
 namespace {
 
@@ -160,6 +163,17 @@ TEST_F(Analysing, TheRegressionPanelComesAndGoes) {
     EXPECT_EQ(Analyses().GetStatMode(), 2);
     Item("toolsRegression").trigger();
     EXPECT_EQ(panels(), 0);
+}
+
+TEST_F(Analysing, ChangedEventsAreSavedUnasked) {
+    review::Workbench::Setup setup = Setup();
+    setup.savesEvents = true;
+    Start(setup, Demo());
+    AddEvent();
+    const review::EventEditor& events = bench->Current()->Events();
+    constexpr int kPatienceMS = 10000;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !events.IsChanged(); }, kPatienceMS));
+    EXPECT_TRUE(std::filesystem::exists(events.GetFile()));
 }
 
 TEST_F(Analysing, EventsAreUndoneAndDoneAgain) {
