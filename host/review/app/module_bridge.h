@@ -28,6 +28,7 @@ class TDC;
 
 namespace orvanta::review {
 
+struct MapsPage;
 struct SpectrumPage;
 
 /// Shows a window, takes its picture and hides it.
@@ -45,6 +46,16 @@ struct GallerySample {
     EEGFileInfoType& recording;
     GenericPlatform& platform; ///< with some macros in its folder
 };
+
+/// One map of the maps view.
+struct DrawnMap {
+    std::string title;
+    owl::TRect area; ///< empty when the map has no place
+};
+
+/// Called for each frame of a cartoon. \param frame from 0 \param draw may be called once
+using TakeFrame =
+    std::function<void(std::uint64_t frame, std::uint64_t count, const std::function<void(owl::TDC&)>& draw)>;
 
 /// One plot of the spectrum view.
 struct DrawnPlot {
@@ -75,6 +86,17 @@ public:
     virtual std::vector<DrawnPlot> DrawSpectrum(GlobalWindow& window, EEGFileInfoType& recording,
                                                 SpectraMgr& manager, const SpectrumPage& page,
                                                 const owl::TSize& size, owl::TDC& dc) = 0;
+    /// Draws the maps view of an analysis that is computed, of the size given.
+    /// \param window its settings of the view become those of the page
+    /// \param manager of \p recording's analyses
+    /// \return the maps of the page, in its order
+    virtual std::vector<DrawnMap> DrawMaps(GlobalWindow& window, EEGFileInfoType& recording,
+                                           SpectraMgr& manager, const MapsPage& page, const owl::TSize& size,
+                                           owl::TDC& dc) = 0;
+    /// Draws it as a cartoon of the page's first map: a frame for each epoch, or each stretch of epochs where
+    /// the page has room for several, in their order. Ends with what \p take throws.
+    virtual void DrawCartoon(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                             const MapsPage& page, const owl::TSize& size, const TakeFrame& take) = 0;
 
     /// A view that its main window owns; recording and manager must outlive it.
     virtual TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,

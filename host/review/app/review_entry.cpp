@@ -10,6 +10,8 @@
 #include "host/review/app/macro_editing.h"
 #include "host/review/app/main_window/review_run.h"
 #include "host/review/app/module_library.h"
+#include "host/review/app/render/cartoon.h"
+#include "host/review/app/render/map_rendering.h"
 #include "host/review/app/render/render.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
@@ -48,6 +50,14 @@ int Serve(const RenderRequest& request) {
 
 int Serve(const ReviewRequest& request) {
     return RunReview(request);
+}
+
+int Serve(const RenderMapsRequest& request) {
+    return RunRenderMaps(request);
+}
+
+int Serve(const RenderCartoonRequest& request) {
+    return RunRenderCartoon(request);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // What the command line asks of the library with the windows, which it loads at run time. No Qt here.
 #pragma once
 
+#include "host/review/app/maps_page.h"
 #include "host/review/app/spectrum_page.h"
 #include "host/review/cli/analysis_run.h"
 
@@ -28,20 +29,36 @@ struct GalleryRequest {
     std::vector<std::string> only; ///< names of windows; all when empty
 };
 
-/// Draw a page of the spectrum view into a file.
-struct RenderRequest {
+/// Of which analysis a picture is, and its file.
+struct PictureRequest {
     cli::AnalysisArguments analysis; ///< without results as data
     std::string macro;               ///< of the main analysis; empty for the default settings
     std::vector<std::string> assignments;
+    int width = 1600; ///< pixels before scaling, one being 1/96 inch
+    int height = 1000;
+    double scale = 1; ///< device pixels to a pixel
+    std::string out;  ///< ends in .png, .svg or .pdf
+};
+
+/// Draw a page of the spectrum view into a file.
+struct RenderRequest : PictureRequest {
     std::string secondary; ///< macro that the main analysis is compared with; may be empty
     double pThreshold = 0.05;
     bool tTest = true;
     bool ratio = false;
     SpectrumPage page;
-    int width = 1600; ///< pixels before scaling, one being 1/96 inch
-    int height = 1000;
-    double scale = 1; ///< device pixels to a pixel
-    std::string out;  ///< ends in .png, .svg or .pdf
+};
+
+/// Draw a page of the maps view into a file.
+struct RenderMapsRequest : PictureRequest {
+    MapsPage page;
+};
+
+/// Draw the maps view for one epoch after the other, into a file that ends in .mp4 or .webm, or into a
+/// folder.
+struct RenderCartoonRequest : PictureRequest {
+    MapsPage page;
+    double framesPerSecond = 25;
 };
 
 /// Open the review application.
@@ -52,7 +69,8 @@ struct ReviewRequest {
     std::string log;       ///< file that messages are appended to; empty for none
 };
 
-using Request = std::variant<EditMacroRequest, GalleryRequest, RenderRequest, ReviewRequest>;
+using Request = std::variant<EditMacroRequest, GalleryRequest, RenderRequest, RenderMapsRequest,
+                             RenderCartoonRequest, ReviewRequest>;
 
 /// The library's one function. Results go to standard output. \return the exit status; failures are thrown
 /// as the commands throw them

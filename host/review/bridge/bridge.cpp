@@ -3,6 +3,7 @@
 
 #include "host/review/bridge/gallery_pages.h"
 #include "host/review/bridge/map_electrodes.h"
+#include "host/review/bridge/maps_drawing.h"
 #include "host/review/bridge/refresh_view.h"
 #include "host/review/bridge/spectrum_drawing.h"
 #include "side_bar/macro_selection_form.h"
@@ -35,6 +36,16 @@ public:
                                         const SpectrumPage& page, const owl::TSize& size,
                                         owl::TDC& dc) override {
         return DrawSpectrumPage(window, recording, manager, page, size, dc);
+    }
+
+    std::vector<DrawnMap> DrawMaps(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                                   const MapsPage& page, const owl::TSize& size, owl::TDC& dc) override {
+        return DrawMapsPage(window, recording, manager, page, size, dc);
+    }
+
+    void DrawCartoon(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
+                     const MapsPage& page, const owl::TSize& size, const TakeFrame& take) override {
+        DrawMapsCartoon(window, recording, manager, page, size, take);
     }
 
     TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,

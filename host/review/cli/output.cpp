@@ -45,6 +45,10 @@ void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<st
     }
 }
 
+void CheckWritable(const std::string& file) {
+    const platform::AtomicFile probe(file, platform::FileOperations::WithoutSync());
+}
+
 void WriteOutput(const std::string& target, std::string_view text) {
     if (target != "-") {
         platform::WriteFileAtomically(target, text, platform::FileOperations::WithoutSync());

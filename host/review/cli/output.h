@@ -18,6 +18,10 @@ struct OutputOption {
 /// Refuses outputs that would replace one of the inputs or each other. \throws UsageError
 void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs);
 
+/// Refuses a file that could not be written, before it is worked for. Leaves no trace.
+/// \throws std::runtime_error "FILE: reason (remedy)"
+void CheckWritable(const std::string& file);
+
 /// Writes text to standard output for "-", else to a file that is either the old or the new one, whole.
 /// \throws UsageError or std::runtime_error "FILE: reason (remedy)"
 void WriteOutput(const std::string& target, std::string_view text);

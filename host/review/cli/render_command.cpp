@@ -2,16 +2,16 @@
 // orvanta render: pictures of a view for reports and papers.
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
-#include "host/review/cli/macro_keys.h"
+#include "host/review/cli/render_views.h"
 #include "host/review/cli/review_library.h"
 #include "host/review/cli/validators.h"
 
 #include <CLI/CLI.hpp>
 
 #include <charconv>
-#include <map>
 #include <memory>
-#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace orvanta::cli {
 
@@ -23,16 +23,22 @@ constexpr int kLargestSide = 16384;
 constexpr double kMostPixels = 100e6;
 constexpr int kMostLines = 256;
 
-/// Rows or columns that are not given become as many as the channels need.
-review::RenderRequest NewRequest() {
-    review::RenderRequest request;
-    request.page.rows = 0;
-    request.page.columns = 0;
-    return request;
-}
+/// What was asked for, whatever the view.
+struct Choice {
+    std::string view;
+    review::PictureRequest picture;
+    // Of both views.
+    int rows = 0;
+    int columns = 0;
+    bool commonScale = false;
+    review::RenderRequest spectrum;
+    MapsChoice maps;
+    // The options of one view, which the other refuses.
+    std::vector<const CLI::Option*> spectrumOptions, mapsOptions;
+};
 
 /// \throws CLI::ValidationError
-void ParseSize(const std::string& text, review::RenderRequest& request) {
+void ParseSize(const std::string& text, review::PictureRequest& request) {
     const char* end = text.data() + text.size();
     const auto width = std::from_chars(text.data(), end, request.width);
     const bool cross =
@@ -51,7 +57,7 @@ void ParseSize(const std::string& text, review::RenderRequest& request) {
     }
 }
 
-void CheckPixels(const review::RenderRequest& request) {
+void CheckPixels(const review::PictureRequest& request) {
     if (request.width * request.scale * request.height * request.scale > kMostPixels) {
         throw UsageError("--size and --scale: more than " +
                          std::to_string(static_cast<int>(kMostPixels / 1e6)) +
@@ -59,112 +65,104 @@ void CheckPixels(const review::RenderRequest& request) {
     }
 }
 
-template <typename Value>
-void AddChoice(CLI::App& command, const char* name, const char* what,
-               const std::map<std::string, Value>& values, Value& value) {
-    command.add_option(name, value, what)
-        ->transform(CLI::Validator(CLI::CheckedTransformer(values, CLI::ignore_case)).description(""))
-        ->type_name("NAME");
+/// \return the options that \p add adds
+template <typename Add>
+std::vector<const CLI::Option*> OptionsOf(const CLI::App& command, const Add& add) {
+    const auto before = command.get_options().size();
+    add();
+    const auto all = command.get_options();
+    return {all.begin() + static_cast<std::ptrdiff_t>(before), all.end()};
 }
 
-/// \throws CLI::ValidationError
-std::function<void(const std::string&)> KnownView() {
-    return [](const std::string& name) {
-        if (name != "spectrum") {
-            throw CLI::ValidationError("--view", name + " not in {spectrum}");
+void Refuse(const std::vector<const CLI::Option*>& options, const std::string& view,
+            const std::string& other) {
+    for (const CLI::Option* option : options) {
+        if (option->count() > 0) {
+            throw UsageError(option->get_name() + ": belongs to --view " + other + ", not to --view " + view +
+                             " (leave it out, or choose the other view)");
         }
-    };
+    }
 }
 
-void AddPage(CLI::App& command, review::RenderRequest& request) {
-    review::SpectrumPage& page = request.page;
-    command.add_option_function("--view", KnownView(), "spectrum, the default")->type_name("NAME");
-    AddChoice(command, "--layout", "grid (default) of electrode pairs, or scalp",
-              {{"grid", Layout::Mode::Grid}, {"scalp", Layout::Mode::Scalp}}, page.layout);
-    AddChoice(command, "--mode", "mean (default), csa or timefreq",
-              {{"mean", SPECT::Data::Mode::Mean},
-               {"csa", SPECT::Data::Mode::CSA},
-               {"timefreq", SPECT::Data::Mode::TimeFrequency}},
-              page.mode);
-    for (const auto& [name, lines] : {std::pair("--rows", &page.rows), std::pair("--cols", &page.columns)}) {
-        command.add_option(name, *lines, "Of the grid (default: as many as the channels need)")
+void AddShared(CLI::App& command, Choice& choice) {
+    command.add_option("--view", choice.view, "spectrum (default) or maps")
+        ->transform(CLI::Validator(CLI::IsMember({"spectrum", "maps"}, CLI::ignore_case)).description(""))
+        ->type_name("NAME");
+    for (const auto& [name, lines] :
+         {std::pair("--rows", &choice.rows), std::pair("--cols", &choice.columns)}) {
+        command.add_option(name, *lines, "Of plots or maps (default: as many as are needed)")
             ->check(CLI::Validator(CLI::Range(1, kMostLines)).description(""))
             ->type_name("N");
     }
-    command.add_option("--bottom", page.range.bottom, "Lowest frequency shown (default 0)")
-        ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
-        ->type_name("HZ");
-    command
-        .add_option("--top", page.range.top, "Highest frequency shown (default 32, at most half the rate)")
-        ->check(CLI::Validator(CLI::PositiveNumber).description(""))
-        ->type_name("HZ");
-    command.add_flag("--common-scale", page.commonScale, "One vertical scale for all plots");
-    command.add_flag("--sd", page.sd, "Show the band of mean ± SD");
-    for (const auto& [name, shown, what] :
-         {std::tuple("--no-points", &page.points, "Hide the points"),
-          std::tuple("--no-lines", &page.lines, "Hide the drop lines"),
-          std::tuple("--no-labels", &page.labels, "Hide the names of the plots"),
-          std::tuple("--no-axes", &page.axesText, "Hide the numbers at the axes"),
-          std::tuple("--no-measures", &page.measuresBox,
-                     "Hide the box of measures, shown over up to 4 plots"),
-          std::tuple("--no-title", &page.title, "Hide the title, which names the patient")}) {
-        command.add_flag_callback(
-            name, [shown = shown] { *shown = false; }, what);
-    }
+    command.add_flag("--common-scale", choice.commonScale, "One scale for all plots or maps");
 }
 
-void AddComparison(CLI::App& command, review::RenderRequest& request) {
-    CLI::Option* secondary =
-        command.add_option("--secondary", request.secondary, "Compare with the analysis of these settings")
-            ->type_name("S.smx")
-            ->check(IsNotEmpty());
-    command.add_option("--p", request.pThreshold, "Mark bins with a p-value below it (default 0.05)")
-        ->check(CLI::Validator(CLI::Range(0.0, 1.0)).description(""))
-        ->type_name("P")
-        ->needs(secondary);
-    command
-        .add_flag_callback(
-            "--no-ttest", [&request] { request.tTest = false; }, "Mark no bins")
-        ->needs(secondary);
-    command.add_flag("--ratio", request.ratio, "Show main / secondary")->needs(secondary);
+review::RenderRequest SpectrumRequest(const Choice& choice) {
+    review::RenderRequest request = choice.spectrum;
+    static_cast<review::PictureRequest&>(request) = choice.picture;
+    request.page.rows = choice.rows;
+    request.page.columns = choice.columns;
+    request.page.commonScale = choice.commonScale;
+    return request;
+}
+
+review::MapsPage MapsPageOf(const Choice& choice) {
+    review::MapsPage page = choice.maps.Page();
+    page.rows = choice.rows;
+    page.columns = choice.columns;
+    page.commonScale = choice.commonScale;
+    return page;
+}
+
+int Render(const Choice& choice) {
+    CheckPixels(choice.picture);
+    if (choice.view != "maps" && !(choice.view.empty() && choice.maps.cartoon)) {
+        Refuse(choice.mapsOptions, "spectrum", "maps");
+        return AskReview(SpectrumRequest(choice));
+    }
+    Refuse(choice.spectrumOptions, "maps", "spectrum");
+    if (choice.maps.cartoon) {
+        return AskReview(
+            review::RenderCartoonRequest{choice.picture, MapsPageOf(choice), choice.maps.framesPerSecond});
+    }
+    return AskReview(review::RenderMapsRequest{choice.picture, MapsPageOf(choice)});
 }
 
 } // namespace
 
 void AddRender(CLI::App& app, Command& run) {
-    auto request = std::make_shared<review::RenderRequest>(NewRequest());
+    auto choice = std::make_shared<Choice>();
+    review::PictureRequest& picture = choice->picture;
     CLI::App* command = app.add_subcommand("render", "Draw a view into a picture: PNG, SVG or PDF");
     command->option_defaults()->group("Analysis");
-    request->analysis.AddTo(*command);
-    command->add_option("--macro", request->macro, "Settings from a macro file")->type_name("M.smx");
-    command->add_option("--set", request->assignments, "Change one setting, repeatable")
+    picture.analysis.AddTo(*command);
+    command->add_option("--macro", picture.macro, "Settings from a macro file")->type_name("M.smx");
+    command->add_option("--set", picture.assignments, "Change one setting, repeatable")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
-    AddComparison(*command, *request);
     command->option_defaults()->group("View");
-    AddPage(*command, *request);
+    AddShared(*command, *choice);
+    command->option_defaults()->group("Spectrum view");
+    choice->spectrumOptions = OptionsOf(*command, [&] { AddSpectrumView(*command, choice->spectrum); });
+    command->option_defaults()->group("Maps view");
+    choice->mapsOptions = OptionsOf(*command, [&] { AddMapsView(*command, choice->maps); });
     command->option_defaults()->group("Picture");
     command
         ->add_option_function<std::string>(
-            "--size", [request](const std::string& text) { ParseSize(text, *request); },
+            "--size", [choice](const std::string& text) { ParseSize(text, choice->picture); },
             "Pixels before scaling, 96 to an inch (default 1600x1000)")
         ->type_name("WxH");
-    command->add_option("--scale", request->scale, "Device pixels per pixel of a PNG (default 1)")
+    command->add_option("--scale", picture.scale, "Device pixels per pixel of a PNG (default 1)")
         ->check(CLI::Validator(CLI::Range(0.25, 8.0)).description(""))
         ->type_name("S");
-    command->add_option("--out", request->out, "File to write; ends in .png, .svg or .pdf")
+    command->add_option("--out", picture.out, "File to write; ends in .png, .svg or .pdf")
         ->type_name("FILE")
         ->required()
         ->check(IsNotEmpty());
     command->footer("Needs no display, and neither reads nor changes your settings of the view. Without "
                     "--montage the grid takes the first bipolar montage and the scalp the recording's own, "
-                    "for coherence and phase the reference montage.");
-    command->callback([&run, request] {
-        run = [request] {
-            CheckPixels(*request);
-            return AskReview(*request);
-        };
-    });
+                    "for coherence and phase the reference montage; maps show the electrodes as recorded.");
+    command->callback([&run, choice] { run = [choice] { return Render(*choice); }; });
 }
 
 } // namespace orvanta::cli

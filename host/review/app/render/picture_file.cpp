@@ -2,11 +2,11 @@
 #include "host/review/app/render/picture_file.h"
 
 #include "host/review/app/render/svg_dc.h"
+#include "host/review/cli/exit_status.h"
 #include "host/toolkit/painter_dc.h"
 
 #include <QBuffer>
 #include <QFileInfo>
-#include <QImage>
 #include <QImageWriter>
 #include <QPainter>
 #include <QPdfWriter>
@@ -25,7 +25,9 @@ constexpr double kPointsPerInch = 72;
 constexpr double kMetersPerInch = 0.0254;
 constexpr const char* kCreator = "Orvanta";
 
-std::string ToPng(const Picture& picture) {
+} // namespace
+
+QImage PixelsOf(const Picture& picture) {
     QImage image(static_cast<int>(std::lround(picture.size.cx * picture.scale)),
                  static_cast<int>(std::lround(picture.size.cy * picture.scale)), QImage::Format_RGB32);
     if (image.isNull()) {
@@ -41,6 +43,13 @@ std::string ToPng(const Picture& picture) {
         owl::PainterDC dc(painter);
         picture.draw(dc);
     }
+    return image;
+}
+
+namespace {
+
+std::string ToPng(const Picture& picture) {
+    const QImage image = PixelsOf(picture);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, "png");
@@ -91,6 +100,14 @@ std::optional<PictureFormat> FormatOf(const std::string& file) {
         }
     }
     return std::nullopt;
+}
+
+PictureFormat RequiredFormat(const std::string& file) {
+    const std::optional<PictureFormat> format = FormatOf(file);
+    if (!format) {
+        throw cli::UsageError(file + ": no kind of picture (let --out end in .png, .svg or .pdf)");
+    }
+    return *format;
 }
 
 std::string Encode(const Picture& picture, PictureFormat format) {

@@ -4,6 +4,8 @@
 
 #include "host/toolkit/dc.h"
 
+#include <QImage>
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -14,6 +16,8 @@ enum class PictureFormat { Png, Svg, Pdf };
 
 /// By the ending of a file name, whatever its case; nothing for another ending.
 std::optional<PictureFormat> FormatOf(const std::string& file);
+/// The same. \throws cli::UsageError for another ending
+PictureFormat RequiredFormat(const std::string& file);
 
 struct Picture {
     owl::TSize size;   ///< logical pixels of 1/96 inch
@@ -21,6 +25,9 @@ struct Picture {
     std::string title; ///< for the file's description
     std::function<void(owl::TDC&)> draw;
 };
+
+/// The picture as pixels, on white. \throws std::runtime_error when memory does not suffice
+QImage PixelsOf(const Picture& picture);
 
 /// The contents of the file, on white. PNG says its resolution, so that it has the same size on paper at
 /// every scale; SVG and PDF keep texts as texts. \throws std::runtime_error when memory does not suffice

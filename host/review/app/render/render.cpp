@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/render/render.h"
 
-#include "host/platform/interrupts.h"
-#include "host/review/app/application.h"
-#include "host/review/app/host_strings.h"
 #include "host/review/app/module_library.h"
 #include "host/review/app/render/hidden_window.h"
 #include "host/review/app/render/page_choice.h"
+#include "host/review/app/render/render_application.h"
 #include "host/review/cli/event_warnings.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
-#include "host/review/cli/watch.h"
 #include "host/spectral_data/results/errors.h"
-#include "host/toolkit/message_module.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,24 +17,10 @@ namespace orvanta::review {
 
 namespace {
 
-PictureFormat RequiredFormat(const std::string& file) {
-    const std::optional<PictureFormat> format = FormatOf(file);
-    if (!format) {
-        throw cli::UsageError(file + ": no kind of picture (let --out end in .png, .svg or .pdf)");
-    }
-    return *format;
-}
-
 /// Channels that have a place on the page and a spectrum.
 std::size_t ShownOf(const std::vector<DrawnPlot>& plots) {
     return static_cast<std::size_t>(std::ranges::count_if(
         plots, [](const DrawnPlot& plot) { return !plot.trace.empty() && !plot.slot.IsEmpty(); }));
-}
-
-void StopWhenInterrupted() {
-    if (platform::WasInterrupted()) {
-        throw cli::Interrupted();
-    }
 }
 
 } // namespace
@@ -49,6 +31,7 @@ Rendering::Rendering(const RenderRequest& request)
            [&](const EEGFileInfoType& recording) { return DefaultMontage(request, recording); }),
       page_(PageFor(request, run_.Recording())) {
     cli::CheckOutputs({{"--out", request.out}}, run_.Inputs({request.macro, request.secondary}));
+    cli::CheckWritable(request.out);
     Compute();
 }
 
@@ -87,9 +70,7 @@ int RunRender(const RenderRequest& request) {
     const ModuleLibrary module(LibraryFolder());
     Rendering rendering(request);
     StopWhenInterrupted();
-    Application application(Screen::None);
-    application.SetStyle(Style::Light);
-    SupplyHostStrings(PModule::Named("Orvanta"));
+    const RenderApplication application;
     std::vector<DrawnPlot> plots;
     const std::string contents = Encode({{request.width, request.height},
                                          request.scale,

@@ -58,6 +58,15 @@ public:
                  owl::TDC& /*dc*/) override {
         return {};
     }
+    std::vector<orvanta::review::DrawnMap> DrawMaps(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/,
+                                                    SpectraMgr& /*manager*/,
+                                                    const orvanta::review::MapsPage& /*page*/,
+                                                    const owl::TSize& /*size*/, owl::TDC& /*dc*/) override {
+        return {};
+    }
+    void DrawCartoon(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/, SpectraMgr& /*manager*/,
+                     const orvanta::review::MapsPage& /*page*/, const owl::TSize& /*size*/,
+                     const orvanta::review::TakeFrame& /*take*/) override {}
     TheChild* MakeSpectrumView(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/,
                                SpectraMgr& /*manager*/) override {
         return nullptr;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/cli/output.h"
 
+#include "tests/support/temp_folder.h"
+
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <limits>
 
 namespace orvanta::cli {
@@ -34,6 +37,28 @@ TEST(CompactText, KeepsEightColumns) {
     for (const auto& [value, text] : texts) {
         EXPECT_EQ(CompactText(value), text);
     }
+}
+
+TEST(CheckWritable, LeavesNoTrace) {
+    const test::TempFolder folder;
+    CheckWritable(folder.Path("new.png"));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path("")));
+    folder.Write("old.png", "old");
+    CheckWritable(folder.Path("old.png"));
+    EXPECT_EQ(folder.Read("old.png"), "old");
+}
+
+TEST(CheckWritable, SaysWhyAFileCannotBeWritten) {
+    const test::TempFolder folder;
+    try {
+        CheckWritable(folder.Path("none/a.png"));
+        FAIL() << "not refused";
+    } catch (const std::runtime_error& failure) {
+        EXPECT_EQ(failure.what(), folder.Path("none/a.png") +
+                                      ": cannot be written: No such file or directory "
+                                      "(choose a folder that exists)");
+    }
+    EXPECT_THROW(CheckWritable(folder.Path("")), std::runtime_error);
 }
 
 TEST(CsvLine, QuotesWhatNeedsIt) {

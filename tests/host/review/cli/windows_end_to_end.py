@@ -4,6 +4,7 @@
 Usage: windows_end_to_end.py ORVANTA [unittest arguments].
 """
 
+import base64
 import os
 import pathlib
 import re
@@ -369,6 +370,177 @@ class Render(WindowsTest):
         self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "240").returncode, 0)
         before = sorted(self.folder.iterdir())
         self.assert_interrupted_silently("render", long, "--mode", "csa", "--out", self.folder / "a.png")
+        self.assertEqual(sorted(self.folder.iterdir()), before)
+
+
+class RenderMaps(WindowsTest):
+    def render(self, name, *arguments):
+        """The maps of the demo."""
+        path = self.folder / name
+        result = self.orvanta("render", self.demo, "--view", "maps", "--out", path, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertRegex(result.stdout, rf"^written {path}: \d+ maps?\n$")
+        return path
+
+    def refuse(self, pattern, *arguments, out="out.png"):
+        result = self.orvanta("render", self.demo, "--view", "maps", "--out", self.folder / out, *arguments)
+        self.assert_refused(result, pattern)
+        self.assertFalse((self.folder / out).exists())
+
+    def texts(self, path):
+        return ["".join(text.itertext()) for text in xml.parse(path).iter("{http://www.w3.org/2000/svg}text")]
+
+    def test_a_png_has_the_size_and_resolution_asked_for(self):
+        path = self.render("a.png", "--size", "400x300", "--scale", "1.5")
+        self.assertEqual(png_size(path), (600, 450))
+        self.assertAlmostEqual(png_dots_per_inch(path), 144, delta=0.1)
+
+    def test_every_band_is_drawn_by_default(self):
+        titles = [text for text in self.texts(self.render("a.svg")) if text.startswith("Band")]
+        bands = ("Delta", "Theta", "Alpha", "Beta", "Gamma")
+        self.assertEqual(titles, [f"Band: {band} - Measure: Abs" for band in bands])
+
+    def test_maps_are_drawn_in_the_order_asked_for(self):
+        path = self.render("a.svg", "--map", "alpha:rel", "0:sef95", "--map", "Theta:3", "--cols", "3")
+        texts = self.texts(path)
+        self.assertEqual(
+            [text for text in texts if text.startswith("Band")],
+            ["Band: Alpha - Measure: Rel", "Band: Delta - Measure: SEF95", "Band: Theta - Measure: Peak F"],
+        )
+        self.assertEqual(texts.count("Hz"), 2)
+        self.assertEqual(texts.count("%"), 1)
+
+    def test_an_svg_holds_texts_lines_and_one_picture_for_each_map(self):
+        path = self.render("a.svg", "--map", "Alpha:Abs", "--names", "--size", "500x400", "--scale-range", "0:200")
+        root = xml.parse(path).getroot()
+        svg = "{http://www.w3.org/2000/svg}"
+        self.assertEqual(root.get("viewBox"), "0 0 500 400")
+        texts = self.texts(path)
+        for text in ("Fp1", "Cz", "O2", "µV²", "0", "100", "200"):
+            self.assertIn(text, texts)
+        # Three device pixels to a pixel.
+        disc = next(root.iter(svg + "image"))
+        data = base64.b64decode(disc.get("{http://www.w3.org/1999/xlink}href").split(",")[1])
+        self.assertGreaterEqual(struct.unpack(">I", data[16:20])[0], 2.9 * float(disc.get("width")))
+        self.assertGreater(len(list(root.iter(svg + "polyline"))), 1)
+
+    def test_a_pdf_is_one_page_with_its_fonts(self):
+        pdf = self.render("a.pdf", "--size", "960x480").read_bytes()
+        self.assertEqual(re.findall(rb"/MediaBox \[(.*)\]", pdf), [b"0 0 720.000000 360.000000"])
+        self.assertTrue(b"/FontFile2" in pdf)
+
+    def test_every_side_and_palette_is_another_picture(self):
+        contents = set()
+        for side in ("top", "front", "left", "right", "back"):
+            path = self.render(f"{side}.png", "--map", "2:0", "--3d", "--view-from", side, "--size", "300x300")
+            contents.add(path.read_bytes())
+        palettes = ("viridis", "cividis", "inferno", "difference", "turbo", "grey")
+        for palette in palettes:
+            path = self.render(f"{palette}.png", "--map", "2:0", "--palette", palette, "--size", "300x300")
+            contents.add(path.read_bytes())
+        self.assertEqual(len(contents), 5 + len(palettes))
+
+    def test_a_second_run_gives_the_same_picture(self):
+        for name in ("a.png", "a.svg"):
+            first = self.render(name, "--3d").read_bytes()
+            self.assertEqual(self.render(name, "--3d").read_bytes(), first)
+
+    def test_the_users_settings_neither_matter_nor_change(self):
+        first = self.render("a.png").read_bytes()
+        settings = self.folder / "config" / "orvanta" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        text = "[SpectMap]\nMapRows=1\nMapColumns=1\nMapPalette=grey\nFontHeight=40\n"
+        settings.write_text(text)
+        self.assertEqual(self.render("a.png").read_bytes(), first)
+        self.assertEqual(settings.read_text(), text)
+
+    def test_options_of_the_other_view_are_refused(self):
+        self.refuse(r"--mode: belongs to --view spectrum, not to --view maps \(.+\)$", "--mode", "csa")
+        self.refuse(r"--secondary: belongs to --view spectrum", "--secondary", "a.smx")
+        for option in (["--map", "0:0"], ["--3d"], ["--names"], ["--palette", "grey"], ["--scale-range", "0:1"]):
+            with self.subTest(option=option):
+                result = self.orvanta("render", self.demo, "--out", self.folder / "a.png", *option)
+                self.assert_refused(result, rf"{option[0]}: belongs to --view maps, not to --view spectrum")
+
+    def test_what_is_not_there_is_refused_with_what_there_is(self):
+        self.refuse(r'--map Mu:Abs: no band "Mu" \(there are 0 Delta, 1 Theta', "--map", "Mu:Abs")
+        self.refuse(r'--map 0:x: no measure "x" \(there are 0 Abs, 1 Mean', "--map", "0:x")
+        self.refuse(r"--palette x: no such palette \(there are viridis", "--palette", "x")
+        self.refuse("--view-from", "--view-from", "below", "--3d")
+        self.refuse(r"--view-from: turns heads", "--view-from", "left")
+        self.refuse("--contours", "--contours", "21")
+        self.refuse("--rows 1 and --cols 2: no room for 5 maps", "--rows", "1", "--cols", "2")
+
+    def test_a_file_that_cannot_be_written_is_told_before_anything_is_computed(self):
+        # The computation would find nothing, and say so with another status.
+        nothing = ("--set", "fft_seconds=60", "--set", "mode=spots")
+        self.refuse(r"none/out\.png: cannot be written", *nothing, out="none/out.png")
+        result = self.orvanta("render", self.demo, "--out", self.folder / "none" / "a.svg", *nothing)
+        self.assert_refused(result, r"none/a\.svg: cannot be written")
+
+    def test_nothing_computable_is_told_with_status_1(self):
+        out = self.folder / "a.png"
+        result = self.orvanta(
+            "render", self.demo, "--view", "maps", "--out", out, "--set", "fft_seconds=60", "--set", "mode=spots"
+        )
+        self.assertEqual(result.returncode, 1, result.stderr)
+        self.assertFalse(out.exists())
+
+
+class Cartoon(WindowsTest):
+    def cartoon(self, out, *arguments):
+        return self.orvanta(
+            "render", self.demo, "--cartoon", "--map", "Alpha:Abs", "--size", "300x250", "--out", out, *arguments
+        )
+
+    def test_a_folder_gets_a_frame_for_every_epoch(self):
+        out = self.folder / "frames"
+        result = self.cartoon(out)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(result.stdout, f"written {out}: 59 frames\n")
+        names = sorted(path.name for path in out.iterdir())
+        self.assertEqual(names, [f"frame-{number:04}.png" for number in range(1, 60)])
+        self.assertEqual({png_size(out / name) for name in names}, {(300, 250)})
+        self.assertEqual(len({(out / name).read_bytes() for name in names}), 59)
+
+    def test_a_video_has_its_kind(self):
+        for name, start in (("a.mp4", b"ftyp"), ("a.webm", b"\x1a\x45\xdf\xa3")):
+            with self.subTest(name=name):
+                result = self.cartoon(self.folder / name, "--rows", "2", "--cols", "4", "--fps", "5")
+                self.assertEqual((result.returncode, result.stderr), (0, ""))
+                self.assertRegex(result.stdout, r": 52 frames\n$")
+                self.assertIn(start, (self.folder / name).read_bytes()[:16])
+
+    def test_without_ffmpeg_a_video_is_refused_before_anything_is_computed(self):
+        self.environment["PATH"] = str(self.folder)
+        result = self.cartoon(self.folder / "a.mp4", "--set", "fft_seconds=60", "--set", "mode=spots")
+        self.assert_refused(result, r"a\.mp4: a video needs ffmpeg, which is not on the PATH \(.+\)$")
+
+    def test_another_kind_of_file_is_refused(self):
+        self.assert_refused(self.cartoon(self.folder / "a.gif"), r"a\.gif: no kind of video \(.+\)$")
+
+    def test_one_map_is_needed(self):
+        out = self.folder / "a"
+        for maps in ([], ["--map", "0:0", "1:0"]):
+            result = self.orvanta("render", self.demo, "--cartoon", "--out", out, *maps)
+            self.assert_refused(result, r"--cartoon: shows one band and measure over time \(.+\)$")
+        self.assertFalse(out.exists())
+
+    def test_it_belongs_to_the_maps(self):
+        result = self.cartoon(self.folder / "a", "--view", "spectrum")
+        self.assert_refused(result, r"--view maps, not to --view spectrum")
+
+    def test_what_cannot_be_computed_leaves_no_folder(self):
+        out = self.folder / "frames"
+        result = self.cartoon(out, "--set", "fft_seconds=60", "--set", "mode=spots")
+        self.assertEqual(result.returncode, 1)
+        self.assertFalse(out.exists())
+
+    def test_an_interrupt_leaves_nothing(self):
+        long = self.folder / "long.edf"
+        self.assertEqual(self.orvanta("demo", "--out", long, "--minutes", "60").returncode, 0)
+        before = sorted(self.folder.iterdir())
+        self.assert_interrupted_silently("render", long, "--cartoon", "--map", "2:0", "--out", self.folder / "frames")
         self.assertEqual(sorted(self.folder.iterdir()), before)
 
 
