@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/bridge/gallery_pages.h"
 
+#include "host/review/bridge/maps_window.h"
 #include "host/review/bridge/spectrum_window.h"
 #include "host/toolkit/gadget_bar.h"
 #include "host/toolkit/table_window.h"
@@ -205,6 +206,24 @@ void ShowMapDialog(const GallerySample& sample, const TakePicture& take) {
     take(dialog);
 }
 
+void ShowMaps(const GallerySample& sample, const TakePicture& take, MapsKind kind) {
+    SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
+    AddAnalyses(sample, manager, {"Eyes closed", "Eyes open"});
+    ShowMapsWindow(sample, manager, {1100, 700}, kind, take);
+}
+
+void ShowFlatMaps(const GallerySample& sample, const TakePicture& take) {
+    ShowMaps(sample, take, MapsKind::Flat);
+}
+
+void ShowHeads(const GallerySample& sample, const TakePicture& take) {
+    ShowMaps(sample, take, MapsKind::Heads);
+}
+
+void ShowCartoon(const GallerySample& sample, const TakePicture& take) {
+    ShowMaps(sample, take, MapsKind::Cartoon);
+}
+
 /// A scale that will not be taken.
 void ShowMapDialogBeingTyped(const GallerySample& sample, const TakePicture& take) {
     SpectraMgr manager(&sample.recording, sample.platform.GetGUI());
@@ -275,6 +294,9 @@ std::vector<GalleryPage> MakeModulePages(const GallerySample& sample) {
             page("map-options", ShowMapDialog),
             page("map-options-typed", ShowMapDialogBeingTyped),
             page("electrodes", ShowElectrodes),
+            page("maps-view", ShowFlatMaps),
+            page("maps-view-heads", ShowHeads),
+            page("maps-view-cartoon", ShowCartoon),
             page("spectrum-view", ShowSpectrumView),
             page("spectrum-view-small", ShowSmallSpectrumView),
             page("spectra-panel", ShowSpectraPanel),

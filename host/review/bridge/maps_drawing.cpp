@@ -2,11 +2,11 @@
 #include "host/review/bridge/maps_drawing.h"
 
 #include "host/chart_view/topography/head_picture.h"
+#include "host/review/bridge/map_electrodes.h"
+#include "host/review/bridge/maps_settings.h"
 #include "host/review/bridge/part_dc.h"
 #include "host/toolkit/painter_dc.h"
 #include "host/toolkit/qt_painting.h"
-#include "spectra_contract/platform.h"
-#include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectral_maps/spect_map.h"
 
@@ -14,42 +14,10 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <string>
 
 namespace orvanta::review {
 
 namespace {
-
-constexpr const char* kView = "SpectMap";
-
-void PutPlotSet(UserType& user, const std::string& section, const SPECT::PlotSet& map) {
-    const char* name = section.c_str();
-    user.PutInt(name, "SpectralBand", map.SpectralBand);
-    user.PutInt(name, "SpectralMeas", map.SpectralMeas);
-    user.PutInt(name, "bAutoScale", map.bAutoScale ? 1 : 0);
-    user.PutInt(name, "bZeroMin", map.bZeroMin ? 1 : 0);
-    user.PutDouble(name, "LoScale", map.LoScale);
-    user.PutDouble(name, "HiScale", map.HiScale);
-}
-
-/// What the view reads when it is made.
-void PutSettings(const GlobalWindow& window, const MapsPage& page) {
-    UserType& user = *window.GetUser();
-    user.PutInt(kView, "MapRows", page.rows);
-    user.PutInt(kView, "MapColumns", page.columns);
-    user.PutInt(kView, "MapContours", page.contours);
-    user.PutInt(kView, "MapElectrodes", page.electrodes ? 1 : 0);
-    user.PutInt(kView, "MapNames", page.names ? 1 : 0);
-    user.PutInt(kView, "MapValues", page.values ? 1 : 0);
-    user.PutInt(kView, "MapSinglePalette", page.commonScale ? 1 : 0);
-    window.GetPlatform()->WriteString(kView, "MapPalette", page.palette.c_str());
-    PutPlotSet(user, kView, page.maps.front());
-    // Windows that are left over show what a map shows that is drawn, so that they bring in nothing new.
-    for (int i = 0; i < page.rows * page.columns; ++i) {
-        const auto map = std::min(static_cast<std::size_t>(i), page.maps.size() - 1);
-        PutPlotSet(user, std::string(kView) + "_Map_" + std::to_string(i), page.maps[map]);
-    }
-}
 
 chart::HeadView ViewFrom(HeadSide side) {
     switch (side) {
@@ -67,23 +35,13 @@ chart::HeadView ViewFrom(HeadSide side) {
     return chart::kTopView;
 }
 
-std::vector<ElectInfo> ElectrodesOf(const EEGFileInfoType& recording) {
-    SensorList sensors;
-    recording.GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily, Sensor::Class::Eeg);
-    std::vector<ElectInfo> electrodes;
-    for (const SensorType* sensor : sensors) {
-        electrodes.push_back(sensor->GetElectInfo());
-    }
-    return electrodes;
-}
-
 /// The view on white paper.
 class PaperMaps {
 public:
     PaperMaps(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager, const MapsPage& page,
               const owl::TSize& size)
-        : size_(size), page_(page), view_((PutSettings(window, page), window), &recording, &manager,
-                                          page.threeD, ElectrodesOf(recording)) {
+        : size_(size), page_(page), view_((PutMapsSettings(window, page), window), &recording, &manager,
+                                          page.threeD, MapElectrodes(recording)) {
         QPalette paper = view_.palette();
         paper.setColor(QPalette::Window, Qt::white);
         paper.setColor(QPalette::WindowText, Qt::black);
