@@ -419,7 +419,7 @@ class RenderMaps(WindowsTest):
         for text in ("Fp1", "Cz", "O2", "µV²", "0", "100", "200"):
             self.assertIn(text, texts)
         # Three device pixels to a pixel.
-        disc = next(root.iter(svg + "image"))
+        disc = max(root.iter(svg + "image"), key=lambda image: float(image.get("width")))
         data = base64.b64decode(disc.get("{http://www.w3.org/1999/xlink}href").split(",")[1])
         self.assertGreaterEqual(struct.unpack(">I", data[16:20])[0], 2.9 * float(disc.get("width")))
         self.assertGreater(len(list(root.iter(svg + "polyline"))), 1)
