@@ -29,6 +29,7 @@ void PutMapsSettings(const GlobalWindow& window, const MapsPage& page) {
     UserType& user = *window.GetUser();
     user.PutInt(kView, "MapRows", page.rows);
     user.PutInt(kView, "MapColumns", page.columns);
+    user.PutInt(kView, "MapTable", 0);
     user.PutInt(kView, "MapContours", page.contours);
     user.PutInt(kView, "MapElectrodes", page.electrodes ? 1 : 0);
     user.PutInt(kView, "MapNames", page.names ? 1 : 0);
