@@ -18,6 +18,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -38,7 +39,8 @@ KnownRecording(std::size_t seconds = 6, const std::vector<signal::Annotation>& a
         MadeSignal made{label, kRate, {}, "uV"};
         for (std::size_t i = 0; i < seconds * kRate; ++i) {
             const double t = static_cast<double>(i) / kRate;
-            const double growth = 1.0 + static_cast<double>(i / kRate);
+            const std::size_t second = i / kRate;
+            const double growth = 1.0 + static_cast<double>(second);
             made.values.push_back(amplitude * growth * std::sin(kTwoPi * 10 * t) +
                                   (10 - amplitude) * std::sin(kTwoPi * 6 * t));
         }
@@ -165,10 +167,9 @@ protected:
 
 /// Values of a map within single precision.
 inline auto Near(const std::vector<double>& values) {
-    std::vector<testing::Matcher<double>> near;
-    for (const double value : values) {
-        near.push_back(testing::DoubleNear(value, 1e-5 * (1 + std::abs(value))));
-    }
+    std::vector<testing::Matcher<double>> near(values.size());
+    std::transform(values.begin(), values.end(), near.begin(),
+                   [](double value) { return testing::DoubleNear(value, 1e-5 * (1 + std::abs(value))); });
     return testing::ElementsAreArray(near);
 }
 

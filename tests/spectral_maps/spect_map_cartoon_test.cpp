@@ -86,6 +86,13 @@ TEST_F(SpectMapCartoon, HasTheScaleThatWasTyped) {
     EXPECT_EQ(Map(3).GetScale(), (chart::ValueRange{10, 20}));
 }
 
+TEST_F(SpectMapCartoon, HasRoomForItsScaleBesideTheMaps) {
+    ShowCartoon();
+    EXPECT_LT(Map(1).geometry().right(), view->width() - 30);
+    view->SetCartoonMode(false);
+    EXPECT_GE(Map(1).geometry().right(), view->width() - 2);
+}
+
 TEST_F(SpectMapCartoon, LeavesMapsEmptyThatHaveNoEpoch) {
     ShowCartoon(PlainMacro(6));
     EXPECT_EQ(view->GetStepCount(), 1U);

@@ -2,6 +2,7 @@
 // What a view of maps holds.
 #pragma once
 
+#include "host/chart_view/maps/map_array_layout.h"
 #include "host/chart_view/maps/map_values.h"
 #include "host/chart_view/maps/map_values_table.h"
 #include "host/chart_view/maps/multi_map_win.h"
@@ -24,6 +25,10 @@ struct MultiMapWin::Impl {
     std::optional<std::size_t> inUse;
     std::optional<orvanta::chart::ValueRange> fixedRange;
     std::string title, unit;
+    // As laid out last.
+    orvanta::chart::MapArrayLayout layout;
+    std::optional<orvanta::chart::ValueRange> layoutScale;
+
     bool firstDraw = true;
     bool mapsShown = true;
 

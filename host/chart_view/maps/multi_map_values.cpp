@@ -110,8 +110,6 @@ void MultiMapWin::UpdateMapsOrKeep(const XTimeList& list) {
 }
 
 void MultiMapWin::PushMaps() {
-    const MapArrayLayout before = Layout();
-    const auto scale = impl_->CommonScale();
     for (std::size_t i = 0; i < impl_->maps.size(); ++i) {
         if (const QPointer<TMapWindow>& map = impl_->maps[i]) {
             map->SetValues(impl_->contents[i].values, impl_->contents[i].title, false);
@@ -127,7 +125,7 @@ void MultiMapWin::PushMaps() {
             map->Invalidate();
         }
     }
-    if (Layout() != before || impl_->CommonScale() != scale) {
+    if (Layout() != impl_->layout || impl_->CommonScale() != impl_->layoutScale) {
         LayOut();
         Invalidate();
     }

@@ -189,6 +189,8 @@ std::optional<ColorScale> MultiMapWin::SharedScale() const {
 
 void MultiMapWin::LayOut() {
     const MapArrayLayout layout = Layout();
+    impl_->layout = layout;
+    impl_->layoutScale = impl_->CommonScale();
     for (std::size_t i = 0; i < impl_->maps.size() && i < layout.maps.size(); ++i) {
         if (const QPointer<TMapWindow>& map = impl_->maps[i]) {
             map->setGeometry(owl::ToQRect(layout.maps[i]));
