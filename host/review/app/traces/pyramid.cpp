@@ -197,8 +197,12 @@ bool Pyramid::Build(const std::stop_token& stop, const std::function<void()>& gr
     const signal::BlockSource& source = recording_->Source();
     const std::uint64_t blocks = source.BlockCount();
     for (const auto& group : groups_) {
-        group->buckets.assign(group->lines.Members().size(),
-                              std::vector<TraceColumn>(group->grid.BucketCount()));
+        for (std::size_t line = 0; line < group->lines.Members().size(); ++line) {
+            if (stop.stop_requested()) {
+                return false;
+            }
+            group->buckets.emplace_back(group->grid.BucketCount());
+        }
     }
     const std::uint64_t step =
         std::max<std::uint64_t>(1, kPieceBytes / std::max<std::size_t>(1, source.BlockBytes()));
