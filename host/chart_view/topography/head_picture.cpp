@@ -270,12 +270,15 @@ HeadView Dragged(const HeadView& view, int dx, int dy, int size) {
     return {azimuth, std::clamp(view.elevation + dy * perPixel, -90.0, 90.0)};
 }
 
+/// What lies on the rim is seen, on the left as well as on the right: rounding has no say.
+constexpr double kRim = 1e-6;
+
 SeenPoint Seen(const HeadPosition& direction, const HeadView& view, int size) {
     const Axes axes = AxesOf(view);
     const Placing placing = PlacingOf(axes, size);
     const Vector point = ToVector(OnSurface(direction));
     return {placing.x + placing.unit * Dot(point, axes.right), placing.y - placing.unit * Dot(point, axes.up),
-            Dot(point, axes.viewer) > 0};
+            Dot(point, axes.viewer) > -kRim};
 }
 
 owl::TImage PictureOf(const HeadScene& scene) {

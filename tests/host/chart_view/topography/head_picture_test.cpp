@@ -120,6 +120,13 @@ TEST(Seen, TellsTheSideThatIsHidden) {
     EXPECT_FALSE(Seen({0, 1, 0}, kBackView, 100).front);
 }
 
+TEST(Seen, ShowsBothEarsFromInFrontAndFromBehind) {
+    for (const HeadView& view : {kFrontView, kBackView}) {
+        EXPECT_TRUE(Seen({1, 0, 0}, view, 100).front);
+        EXPECT_TRUE(Seen({-1, 0, 0}, view, 100).front);
+    }
+}
+
 TEST(Seen, KeepsTheWholeHeadOnThePicture) {
     for (const HeadView& view : {kTopView, kFrontView, kLeftView, HeadView{30, -90}, HeadView{200, 45}}) {
         for (const HeadPosition& direction : MakeHeadMesh(20, 24).directions) {
