@@ -40,8 +40,8 @@ class PaperMaps {
 public:
     PaperMaps(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager, const MapsPage& page,
               const owl::TSize& size)
-        : size_(size), page_(page), view_((PutMapsSettings(window, page), window), &recording, &manager,
-                                          page.threeD, MapElectrodes(recording)) {
+        : size_(size), view_((PutMapsSettings(window, page), window), &recording, &manager, page.threeD,
+                             MapElectrodes(recording)) {
         QPalette paper = view_.palette();
         paper.setColor(QPalette::Window, Qt::white);
         paper.setColor(QPalette::WindowText, Qt::black);
@@ -86,7 +86,6 @@ public:
 
 private:
     owl::TSize size_;
-    const MapsPage& page_;
     SpectMap view_;
 };
 
