@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace orvanta::chart {
 
@@ -21,6 +22,8 @@ constexpr int kSmallestBody = 72;
 /// Below so many lines of the font a map has no title.
 constexpr int kLinesForTitle = 4;
 constexpr std::uint8_t kNoticeGround = 190;
+/// Numbers have room for so much at least, so that heads beside each other are of one size.
+constexpr std::string_view kUsualNumber = "00.000";
 
 /// Of the bar's height, from its upper end.
 double ShareOf(std::size_t number, std::size_t count) {
@@ -41,7 +44,7 @@ void PaintNumbers(owl::TDC& dc, const owl::TRect& bar, const ColorScale& scale) 
 } // namespace
 
 owl::TSize ScaleExtent(const owl::TDC& dc, const ColorScale& scale) {
-    int numbers = 0;
+    int numbers = dc.GetTextExtent(kUsualNumber).cx;
     for (const std::string& number : scale.numbers) {
         numbers = std::max(numbers, dc.GetTextExtent(number).cx);
     }
