@@ -12,7 +12,7 @@ namespace {
 
 /// Strips in a column of pixels. Odd, so that a line through the middle of a column lies in the middle of a
 /// strip.
-constexpr int kStrips = 5;
+constexpr int kStrips = 3;
 constexpr float kNone = std::numeric_limits<float>::infinity();
 
 /// How far down and up the curve reaches in each of a row of strips.
@@ -41,9 +41,15 @@ void Extend(Reaches& reaches, double left, const TPointF& from, const TPointF& t
     if (end < count) {
         reaches.Extend(static_cast<std::size_t>(end), to.y);
     }
-    const double slope = end > begin ? (to.y - from.y) / (end - begin) : 0;
-    const auto last = static_cast<std::size_t>(std::min(count, std::round(end)));
-    for (auto strip = static_cast<std::size_t>(std::max(0.0, std::round(begin))); strip < last; ++strip) {
+    if (begin == end) {
+        return;
+    }
+    const double slope = (to.y - from.y) / (end - begin);
+    // The middles from here to there are those of the strips from the one number to the other.
+    const double here = std::max(0.0, begin + 0.5);
+    const double there = std::min(count, end + 0.5);
+    const auto last = static_cast<std::size_t>(there);
+    for (auto strip = static_cast<std::size_t>(here); strip < last; ++strip) {
         reaches.Extend(strip, from.y + slope * (static_cast<double>(strip) + 0.5 - begin));
     }
 }

@@ -3,10 +3,16 @@
 
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/plain_window.h"
+#include "host/review/app/traces/channels_dialog.h"
+#include "host/review/app/traces/go_to_dialog.h"
 #include "host/review/app/traces/trace_view.h"
+#include "host/signal_base/recording.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -72,11 +78,33 @@ void ShowTraces(const GallerySample& sample, const QSize& size, double start, co
     events.Undo();
 }
 
+void ShowGoTo(const GallerySample& sample, const TakePicture& take) {
+    const signal::Recording& recording = *sample.recording.GetRecording();
+    GoToDialog dialog(nullptr, {20, recording.Time().Duration(), recording.Data().start});
+    dialog.show();
+    if (auto* edit = dialog.findChild<QLineEdit*>("Edit")) {
+        edit->setText("08:00:00");
+    }
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>("Buttons")) {
+        buttons->button(QDialogButtonBox::Ok)->click();
+    }
+    take(dialog);
+}
+
+void ShowChannels(const GallerySample& sample, const TakePicture& take) {
+    std::vector<TraceChannel> channels = ChannelsOf(sample.recording);
+    channels.at(2).bad = true;
+    ChannelsDialog dialog(nullptr, channels, {channels.at(1).name});
+    take(dialog);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeTracePages(const GallerySample& sample) {
     return {
         {"traces", [sample](const TakePicture& take) { ShowTraces(sample, kWide, 20, take); }},
+        {"traces-go-to", [sample](const TakePicture& take) { ShowGoTo(sample, take); }},
+        {"traces-channels", [sample](const TakePicture& take) { ShowChannels(sample, take); }},
         {"traces-small",
          [sample](const TakePicture& take) {
              ShowTraces(sample, {760, 420}, 40, take);

@@ -98,22 +98,24 @@ Measurement Measure(const TraceLine& line, const TraceLayout& page, double from,
     }
     const auto [begin, end] = std::minmax(from, to);
     TraceColumn range;
-    const auto extend = [&](double time, float low, float high) {
-        if (time >= begin && time <= end) {
+    // Of a sample, or of a column that the stretch touches.
+    const auto extend = [&](double since, double until, float low, float high) {
+        if (until >= begin && since <= end) {
             range = range.IsEmpty() ? TraceColumn{low, high}
                                     : TraceColumn{std::min(range.low, low), std::max(range.high, high)};
         }
     };
     for (const TraceRun& run : line.runs) {
         for (std::size_t i = 0; i < run.values.size(); ++i) {
-            extend(run.start + static_cast<double>(i) * run.step, run.values[i], run.values[i]);
+            const double time = run.start + static_cast<double>(i) * run.step;
+            extend(time, time, run.values[i], run.values[i]);
         }
     }
+    const double width = page.duration / static_cast<double>(std::max<std::size_t>(1, line.columns.size()));
     for (std::size_t i = 0; i < line.columns.size(); ++i) {
         if (!line.columns[i].IsEmpty()) {
-            extend(page.start + (static_cast<double>(i) + 0.5) / static_cast<double>(line.columns.size()) *
-                                    page.duration,
-                   line.columns[i].low, line.columns[i].high);
+            const double left = page.start + static_cast<double>(i) * width;
+            extend(left, left + width, line.columns[i].low, line.columns[i].high);
         }
     }
     if (!range.IsEmpty()) {

@@ -63,7 +63,7 @@ std::vector<double> TicksOf(double start, double duration, double step) {
     const double first = std::ceil(start / step - 1e-9);
     const double last = std::floor((start + duration) / step + 1e-9);
     for (double number = first; number <= last && ticks.size() < kMostTicks; ++number) {
-        ticks.push_back(number * step);
+        ticks.push_back(number * step + 0.0); // no negative zero
     }
     return ticks;
 }

@@ -44,7 +44,7 @@ TraceColors ColorsFor(owl::TColor base, owl::TColor window, owl::TColor text) {
     colors.labelledGrid = Blended(text, base, dark ? 0.22 : 0.2);
     colors.baseline = Blended(text, base, 0.05);
     colors.accent = dark ? Rgb(0x6C, 0xB0, 0xFF) : Rgb(0x1B, 0x6E, 0xD0);
-    colors.ownEvent = dark ? Rgb(0xF0, 0xB0, 0x4A) : Rgb(0xC0, 0x6A, 0x00);
+    colors.ownEvent = dark ? Rgb(0xF0, 0xB0, 0x4A) : Rgb(0xA8, 0x5A, 0x00);
     colors.fileEvent = dark ? Rgb(0x7D, 0xB4, 0x8F) : Rgb(0x2F, 0x7D, 0x4F);
     colors.badEvent = dark ? Rgb(0xF0, 0x7A, 0x70) : Rgb(0xC2, 0x36, 0x2B);
     colors.gap = Blended(text, base, dark ? 0.16 : 0.12);
