@@ -17,6 +17,7 @@ namespace {
 constexpr int kShown = 0;
 constexpr int kType = 1;
 constexpr int kBad = 2;
+constexpr int kRowPadding = 6;
 
 } // namespace
 
@@ -27,6 +28,7 @@ ChannelsDialog::ChannelsDialog(HWND parent, const std::vector<TraceChannel>& cha
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormTraceChannels");
     for (const TraceChannel& channel : channels) {
         auto* row = new QTreeWidgetItem(ui_->List);
+        row->setSizeHint(kShown, {0, ui_->List->fontMetrics().height() + kRowPadding});
         row->setText(kShown, QString::fromStdString(channel.name));
         row->setText(kType, NameOf(GroupOf(channel.type)));
         row->setCheckState(kShown, hidden.contains(channel.name) ? Qt::Unchecked : Qt::Checked);
