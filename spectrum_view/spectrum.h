@@ -57,6 +57,8 @@ public:
     /// Computes what is not up to date. A failure leaves what was there. \param quiet without progress
     void CheckAndRecompute(bool quiet);
     void UpdateStatusBar();
+    /// Lists the recording's montages in the tool bar, with the one in use.
+    void FillMontages();
     void DrawStatusBar() const;
 
     void CmMean() { ChangeDataMode(SPECT::Data::Mode::Mean); }
@@ -190,7 +192,6 @@ private:
     void Toggle(bool orvanta::spectrum_view::DisplaySettings::*flag);
     void Normalize(SPECT::Normalisation normalisation);
     void CheckEntityItems();
-    void FillMontages();
     double LoadedRate() const;
 
     EEGFileInfoType* recording_;

@@ -104,6 +104,9 @@ public:
     /// The same. \param threeD maps on heads
     virtual TheChild* MakeMapsView(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
                                    bool threeD) = 0;
+    /// Lets a view show analyses of the montage that is in use now, and its tool bar name it. Computes
+    /// nothing.
+    virtual void FollowMontage(TheChild& view, const EEGFileInfoType& recording) = 0;
     /// Computes what a view of analyses shows and is not up to date, draws it anew, and lets its panels fill
     /// themselves. The view may be gone afterwards.
     virtual void RefreshView(TheChild& view) = 0;

@@ -51,16 +51,17 @@ public:
     TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,
                                SpectraMgr& manager) override {
         auto* view = new Spectrum(window, &recording, &manager, false);
-        // The grid shows bipolar channels; a montage without any would leave it empty.
-        if (recording.GetTraceInfo()->GetMtg().GetNumBip() == 0) {
-            view->ChangeViewMode(Layout::Mode::Scalp);
-        }
+        FollowRecordingMontage(*view, recording);
         return view;
     }
 
     TheChild* MakeMapsView(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,
                            bool threeD) override {
         return new SpectMap(window, &recording, &manager, threeD, MapElectrodes(recording));
+    }
+
+    void FollowMontage(TheChild& view, const EEGFileInfoType& recording) override {
+        FollowRecordingMontage(view, recording);
     }
 
     void RefreshView(TheChild& view) override { RefreshAnalysisView(view); }

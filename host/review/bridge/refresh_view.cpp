@@ -2,6 +2,7 @@
 #include "host/review/bridge/refresh_view.h"
 
 #include "side_bar/form_listener.h"
+#include "spectra_contract/recording.h"
 #include "spectral_maps/spect_map.h"
 #include "spectrum_view/spectrum.h"
 
@@ -21,12 +22,26 @@ void RefreshPanels(TheChild& view) {
 
 } // namespace
 
+void FollowRecordingMontage(TheChild& view, const EEGFileInfoType& recording) {
+    auto* spectrum = dynamic_cast<Spectrum*>(&view);
+    if (spectrum == nullptr) {
+        return;
+    }
+    const MontageType& montage = recording.GetTraceInfo()->GetMtg();
+    if (!montage.IsMappable()) {
+        spectrum->ChangeViewMode(Layout::Mode::Grid);
+    } else if (montage.GetNumBip() == 0) {
+        spectrum->ChangeViewMode(Layout::Mode::Scalp);
+    }
+    spectrum->FillMontages();
+}
+
 void RefreshAnalysisView(TheChild& view) {
     const QPointer<TheChild> alive(&view);
     if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
         spectrum->CheckAndRecompute(spectrum->GW().IsQuiet());
     } else if (auto* maps = dynamic_cast<SpectMap*>(&view)) {
-        maps->CmRecompute();
+        maps->SetMapValues(true);
     }
     if (alive && alive->IsCreated()) {
         view.Invalidate();

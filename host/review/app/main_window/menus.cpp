@@ -50,7 +50,7 @@ void ShowChange(QAction& action, const QString& verb, const std::string& change)
 QString MenuTitle(const std::string& view) {
     for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"childSpectrum", "&Spectrum"}),
                                         std::pair("SpectMap", Caption{"childMaps", "Ma&ps"}),
-                                        std::pair("TraceView", Caption{"childTraces", "T&races"})}) {
+                                        std::pair("Traces", Caption{"childTraces", "T&races"})}) {
         if (view == name) {
             return caption.Text();
         }

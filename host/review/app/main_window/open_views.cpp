@@ -5,7 +5,9 @@
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/module_bridge.h"
+#include "host/review/app/traces/trace_view.h"
 
+#include <QApplication>
 #include <QPointer>
 
 #include <utility>
@@ -19,14 +21,20 @@ constexpr std::array kKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::M
 OpenViews::OpenViews(MainWindow& window, ModuleBridge* bridge) : window_(window), bridge_(bridge) {}
 
 bool OpenViews::CanShow(ViewKind kind) const {
-    return kind == ViewKind::Spectrum && bridge_ != nullptr;
+    return kind == ViewKind::Traces || bridge_ != nullptr;
 }
 
 bool OpenViews::IsShown(ViewKind kind) const {
     return window_.Views().ViewOf(kind) != nullptr;
 }
 
-TheChild* OpenViews::Make(ViewKind /*kind*/, Document& document) {
+TheChild* OpenViews::Make(ViewKind kind, Document& document) {
+    if (kind == ViewKind::Traces) {
+        return new TraceView(window_, document.Recording(), document.Events());
+    }
+    if (kind == ViewKind::Maps) {
+        return bridge_->MakeMapsView(window_, document.Recording(), document.Analyses(), false);
+    }
     return bridge_->MakeSpectrumView(window_, document.Recording(), document.Analyses());
 }
 
@@ -52,13 +60,29 @@ void OpenViews::CloseAll() {
     }
 }
 
-void OpenViews::RefreshAnalyses() {
+void OpenViews::FollowMontage(const Document& document) {
     for (const ViewKind kind : {ViewKind::Spectrum, ViewKind::Maps}) {
+        if (TheChild* view = window_.Views().ViewOf(kind)) {
+            bridge_->FollowMontage(*view, document.Recording());
+        }
+    }
+}
+
+void OpenViews::Refresh(std::initializer_list<ViewKind> kinds) {
+    const QPointer<QWidget> focused(QApplication::focusWidget());
+    for (const ViewKind kind : kinds) {
         // A view may go while another computes.
         if (TheChild* view = window_.Views().ViewOf(kind)) {
             bridge_->RefreshView(*view);
         }
     }
+    if (focused) {
+        focused->setFocus();
+    }
+}
+
+TraceView* OpenViews::Traces() const {
+    return static_cast<TraceView*>(window_.Views().ViewOf(ViewKind::Traces));
 }
 
 void OpenViews::Focus() {

@@ -5,6 +5,7 @@
 #include "host/review/app/main_window/view_area.h"
 
 #include <functional>
+#include <initializer_list>
 
 class TheChild;
 
@@ -13,6 +14,7 @@ namespace orvanta::review {
 class Document;
 class MainWindow;
 class ModuleBridge;
+class TraceView;
 
 /// Makes and ends them. Views must be gone before the document. GUI thread.
 class OpenViews {
@@ -29,8 +31,12 @@ public:
     /// Stores the view's settings. Nothing for a view that is not there.
     void Close(ViewKind kind);
     void CloseAll();
-    /// Computes what the views of analyses show, and lets them and their panels show it.
-    void RefreshAnalyses();
+    /// Lets the views of analyses show the montage that is in use now.
+    void FollowMontage(const Document& document);
+    /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
+    void Refresh(std::initializer_list<ViewKind> kinds);
+    /// Null while they are not shown.
+    TraceView* Traces() const;
     /// Gives the focus to the traces, which ask nothing when they get it, else to the window itself.
     void Focus();
 

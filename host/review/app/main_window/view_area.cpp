@@ -51,6 +51,16 @@ void ViewArea::Place(ViewKind kind, TheChild& view, std::function<void()> close)
     }
     filled_.reset();
     ShowFrames();
+    ShareRoom();
+}
+
+void ViewArea::ShareRoom() {
+    // Qt keeps only the proportions.
+    constexpr int kTraces = 450;
+    constexpr int kOthers = 550;
+    setSizes(sizes_.size() == count() ? sizes_ : QList<int>{kTraces, kOthers});
+    others_->setSizes(otherSizes_.size() == others_->count() ? otherSizes_
+                                                             : QList<int>(others_->count(), kTraces));
 }
 
 void ViewArea::Remove(ViewKind kind) {
@@ -103,8 +113,9 @@ void ViewArea::RestoreLayout(const std::string& text) {
     if (arrangement >= 0 && arrangement <= static_cast<int>(Arrangement::Rows)) {
         Arrange(static_cast<Arrangement>(arrangement));
     }
-    setSizes(SizesOf(parts[1]));
-    others_->setSizes(SizesOf(parts[2]));
+    sizes_ = SizesOf(parts[1]);
+    otherSizes_ = SizesOf(parts[2]);
+    ShareRoom();
 }
 
 } // namespace orvanta::review

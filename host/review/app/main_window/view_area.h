@@ -49,11 +49,14 @@ public:
 
 private:
     void ShowFrames();
+    /// As a new user finds them.
+    void ShareRoom();
 
     Arrangement arrangement_ = Arrangement::TracesAbove;
     QSplitter* others_; ///< spectrum and maps
     std::array<QPointer<ViewFrame>, kViewKinds> frames_;
     std::optional<ViewKind> filled_;
+    QList<int> sizes_, otherSizes_; ///< as they were stored; empty for a new user
 };
 
 } // namespace orvanta::review

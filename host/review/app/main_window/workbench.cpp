@@ -25,7 +25,6 @@
 
 #include <QApplication>
 #include <QMenuBar>
-#include <QPointer>
 
 namespace orvanta::review {
 
@@ -67,7 +66,16 @@ Workbench::Workbench(Setup setup)
                                       menus_->ShowMenuOf(child);
                                   }
                               },
-                              [](const XTime&) {}, [](const std::string&) {}});
+                              [this](const XTime& time) {
+                                  if (TraceView* traces = views_->Traces()) {
+                                      traces->GoTo(time);
+                                  }
+                              },
+                              [this](const std::string& name) {
+                                  if (TraceView* traces = views_->Traces()) {
+                                      traces->ShowChannel(name);
+                                  }
+                              }});
     shell_->setCentralWidget(middle_);
     middle_->SetWelcome(*new WelcomePage(*this, middle_));
     views_ = std::make_unique<OpenViews>(*middle_, setup_.bridge);
@@ -79,7 +87,7 @@ Workbench::Workbench(Setup setup)
         middle_->Problem().Tell(HostQText("noModule", "Only traces can be shown"),
                                 {QString::fromStdString(setup_.moduleProblem)});
     }
-    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] { ShowState(); });
+    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] { Follow(); });
     statePoll_.start(kStatePoll);
 }
 
@@ -142,7 +150,9 @@ bool Workbench::Load(const std::string& path) {
     Unload();
     document_ = std::move(opened);
     eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
-                                                      [this] { ShowState(); });
+                                                      [this] { EventsChanged(); });
+    montageChanged_ = std::make_unique<ActionListener>("Workbench", document_->Recording().GetMontageFlag(),
+                                                       [this] { MontageChanged(); });
     if (setup_.savesEvents) {
         autosave_ = std::make_unique<EventAutosave>(document_->Events());
     }
@@ -152,29 +162,21 @@ bool Workbench::Load(const std::string& path) {
             Restore(*session, *document_, gui_);
         }
     }
+    montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
     middle_->Repairs().Tell(HostQText("repairs", "About this recording"), Lines(document_->Repairs()));
     middle_->ShowWelcome(false);
-    const auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
-    for (const ViewKind kind : kKinds) {
-        if ((hidden & Bit(kind)) == 0) {
-            OpenView(kind);
-        }
-    }
+    OpenWantedViews();
     views_->Focus();
-    ShowState();
+    Follow();
     // Once everything can be seen.
     QMetaObject::invokeMethod(
-        &statePoll_, [this] { ComputeRestored(); }, Qt::QueuedConnection);
+        &statePoll_, [this] { RefreshAnalyses(); }, Qt::QueuedConnection);
     return true;
 }
 
-void Workbench::ComputeRestored() {
+void Workbench::RefreshAnalyses() {
     if (document_ != nullptr && document_->Analyses().GetMain() != nullptr && !gui_.IsBusy()) {
-        const QPointer<QWidget> focused(QApplication::focusWidget());
-        views_->RefreshAnalyses(); // gives the focus to the view
-        if (focused) {
-            focused->setFocus();
-        }
+        views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
     }
 }
 
@@ -199,6 +201,7 @@ void Workbench::Unload() {
     views_->CloseAll();
     eventsChanged_.reset();
     autosave_.reset();
+    montageChanged_.reset();
     document_.reset();
     middle_->Repairs().Tell({}, {});
     middle_->ShowWelcome(true);
@@ -221,8 +224,25 @@ void Workbench::StoreSession() {
     }
 }
 
+bool Workbench::IsWanted(ViewKind kind) const {
+    const auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
+    return (hidden & Bit(kind)) == 0;
+}
+
+void Workbench::OpenWantedViews() {
+    const bool analysed = document_->Analyses().GetMain() != nullptr;
+    for (const ViewKind kind : kKinds) {
+        if (IsWanted(kind) && (analysed || kind != ViewKind::Maps)) {
+            OpenView(kind);
+        }
+    }
+}
+
 void Workbench::OpenView(ViewKind kind) {
-    views_->Open(kind, *document_, [this, kind] { Show(kind, false); });
+    if (!IsShown(kind)) {
+        views_->Open(kind, *document_, [this, kind] { Show(kind, false); });
+        followed_ = {};
+    }
 }
 
 bool Workbench::CanShow(ViewKind kind) const {
@@ -240,10 +260,8 @@ void Workbench::Show(ViewKind kind, bool show) {
         } else {
             views_->Close(kind);
         }
-        unsigned hidden = 0;
-        for (const ViewKind one : kKinds) {
-            hidden |= views_->CanShow(one) && !views_->IsShown(one) ? Bit(one) : 0;
-        }
+        auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
+        hidden = show ? hidden & ~Bit(kind) : hidden | Bit(kind);
         platform_.GetUser()->PutInt(kHostSection, kHidden, static_cast<int>(hidden));
     });
 }
@@ -283,6 +301,59 @@ void Workbench::ShowState() {
     const StatusFields fields = document_ != nullptr ? StatusOf(document_->Recording()) : StatusFields();
     menus_->Update();
     shell_->ShowFields(fields.recording, fields.montage, fields.place);
+}
+
+void Workbench::Follow() {
+    ShowState();
+    if (document_ != nullptr && !gui_.IsBusy() &&
+        montage_ != document_->Recording().GetTraceInfo()->GetMtg().GetName()) {
+        document_->Recording().GetMontageFlag().Set(); // a view changed it without telling
+    }
+    FollowAnalyses();
+}
+
+void Workbench::FollowAnalyses() {
+    if (document_ == nullptr || gui_.IsBusy() || QApplication::activeModalWidget() != nullptr) {
+        return;
+    }
+    const QPalette palette = middle_->palette();
+    const AnalysisState state = AnalysisStateOf(document_->Analyses(), palette);
+    if (state == followed_) {
+        return;
+    }
+    followed_ = state;
+    OpenWantedViews();
+    followed_ = state;
+    if (TraceView* traces = views_->Traces()) {
+        traces->SetShades(EpochShades(document_->Analyses(), document_->Recording(), palette));
+    }
+    views_->Refresh({ViewKind::Maps});
+}
+
+void Workbench::EventsChanged() {
+    ShowState();
+    const SpectMacroResult* main = document_->Analyses().GetMain();
+    if (main != nullptr && main->IsComputed() &&
+        main->IsRecomputingNeeded(document_->Recording().GetTraceInfo()->GetMtg(), {}, 0)) {
+        shell_->ShowText(HostText("eventsStale", "The events have changed since the analysis was computed. "
+                                                 "Choose Recompute to take them in."));
+    }
+}
+
+void Workbench::MontageChanged() {
+    montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
+    views_->FollowMontage(*document_);
+    if (refreshQueued_) {
+        return;
+    }
+    refreshQueued_ = true; // several changes, one computation
+    QMetaObject::invokeMethod(
+        &statePoll_,
+        [this] {
+            refreshQueued_ = false;
+            RefreshAnalyses();
+        },
+        Qt::QueuedConnection);
 }
 
 bool Workbench::MayClose() {

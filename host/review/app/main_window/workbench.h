@@ -4,6 +4,7 @@
 
 #include "host/platform/host_platform.h"
 #include "host/review/app/main_window/commands.h"
+#include "host/review/app/main_window/epoch_shades.h"
 #include "host/review/app/main_window/open_views.h"
 #include "host/review/app/main_window/recent_files.h"
 #include "host/review/app/main_window/work_gui.h"
@@ -97,16 +98,27 @@ private:
     void StoreSession();
     void OpenView(ViewKind kind);
     void ShowState();
+    /// Shows what changed without being told.
+    void Follow();
+    void FollowAnalyses();
+    /// Those that the user has not closed. Maps need an analysis, or they would ask for one at once.
+    void OpenWantedViews();
+    bool IsWanted(ViewKind kind) const;
+    void EventsChanged();
+    void MontageChanged();
     bool MayClose();
-    void ComputeRestored();
+    void RefreshAnalyses();
 
     Setup setup_;
     WorkGui gui_;
     platform::HostPlatform platform_;
     RecentFiles recent_;
     std::unique_ptr<Document> document_;
-    std::unique_ptr<ActionListener> eventsChanged_; ///< of the document
-    std::unique_ptr<EventAutosave> autosave_;       ///< of the document's events; null where it is not wanted
+    std::unique_ptr<ActionListener> eventsChanged_, montageChanged_; ///< of the document
+    AnalysisState followed_;                                         ///< what traces and maps show
+    std::string montage_;                                            ///< that was told last
+    bool refreshQueued_ = false;
+    std::unique_ptr<EventAutosave> autosave_; ///< of the document's events; null where it is not wanted
     std::unique_ptr<Shell> shell_;
     MainWindow* middle_; ///< of the shell
     std::unique_ptr<OpenViews> views_;

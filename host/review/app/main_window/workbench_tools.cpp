@@ -37,10 +37,11 @@ void Workbench::NewAnalysis() {
     } catch (const std::exception& error) {
         gui_.ShowError(error.what());
     }
+    OpenWantedViews();
     if (!IsShown(ViewKind::Spectrum) && !IsShown(ViewKind::Maps)) {
         Show(ViewKind::Spectrum, true);
     }
-    views_->RefreshAnalyses();
+    views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
 }
 
 void Workbench::Recompute() {
@@ -48,7 +49,7 @@ void Workbench::Recompute() {
         if (SpectMacroResult* main = document_->Analyses().GetMain()) {
             main->ResetData();
         }
-        views_->RefreshAnalyses();
+        views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
     }
 }
 
@@ -97,8 +98,8 @@ std::size_t Workbench::CurrentMontage() const {
 }
 
 void Workbench::ChooseMontage(std::size_t index) {
-    if (document_ != nullptr && !gui_.IsBusy() && document_->Recording().ChangeMntg(index, true)) {
-        views_->RefreshAnalyses();
+    if (document_ != nullptr && !gui_.IsBusy()) {
+        document_->Recording().ChangeMntg(index, true); // which is told
     }
 }
 

@@ -75,6 +75,7 @@ public:
                            bool /*threeD*/) override {
         return nullptr;
     }
+    void FollowMontage(TheChild& /*view*/, const EEGFileInfoType& /*recording*/) override {}
     void RefreshView(TheChild& /*view*/) override {}
     std::int32_t CreateNewSpectrum(const GenericPlatform& /*platform*/, HWND /*parent*/,
                                    SpectraMgr& /*manager*/, EEGFileInfoType& /*recording*/) override {

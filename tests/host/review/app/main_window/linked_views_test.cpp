@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What one view points at, the others show.
+#include "host/review/app/events/event_editor.h"
+#include "host/review/app/main_window/epoch_shades.h"
+#include "host/toolkit/appearance.h"
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+
+#include <QComboBox>
+#include <QTest>
+
+namespace {
+
+using namespace orvanta;
+using review::Shade;
+using review::TraceView;
+using review::ViewKind;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr std::int64_t kSecond = 1'000'000'000;
+
+XTimeInterval Seconds(double begin, double end) {
+    const auto at = [](double s) { return XTime::FromNanoseconds(static_cast<std::int64_t>(s * kSecond)); };
+    return {at(begin), at(end)};
+}
+
+TEST(CoveredStretches, JoinWhatOverlapsOrTouches) {
+    XTimeList list;
+    for (const XTimeInterval& interval :
+         {Seconds(4, 6), Seconds(0, 2), Seconds(1, 3), Seconds(3, 3.5), Seconds(4.5, 5)}) {
+        list.push_back(interval);
+    }
+    EXPECT_THAT(review::Covered(list), ElementsAre(Seconds(0, 3.5), Seconds(4, 6)));
+    EXPECT_THAT(review::Covered({}), IsEmpty());
+}
+
+class LinkedViews : public test::WorkbenchFixture {
+protected:
+    LinkedViews() { Start(Demo()); }
+
+    TraceView& Traces() const {
+        return static_cast<TraceView&>(*bench->Middle().Views().ViewOf(ViewKind::Traces));
+    }
+    SpectMacroResult& AddStates(const char* label, std::uint32_t color = 0x00FF0000) const {
+        SpectraMacro macro;
+        macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByStateEvents);
+        macro.SetAcceptStateList({label});
+        macro.Color = color;
+        return AddAnalysis(macro);
+    }
+    std::vector<Shade> Shades() const {
+        return review::EpochShades(Analyses(), Recording(), owl::AppearancePalette(false));
+    }
+};
+
+TEST_F(LinkedViews, NothingIsShadedBeforeTheAnalysisIsComputed) {
+    AddStates("eyes open");
+    EXPECT_THAT(Shades(), IsEmpty());
+}
+
+TEST_F(LinkedViews, TheEpochsOfBothAnalysesAreShaded) {
+    AddStates("eyes open", 0x000000FF);                             // red
+    Analyses().SetSecondary(&AddStates("eyes closed", 0x00FF0000)); // blue
+    bench->Recompute();
+    // 22 % of the colour on white.
+    EXPECT_THAT(Shades(), ElementsAre(Shade{Seconds(0, 30), 0x00C6C6FF}, Shade{Seconds(30, 60), 0x00FFC6C6}));
+}
+
+TEST_F(LinkedViews, TheSecondaryAnalysisIsToldApartWhenBothHaveOneColour) {
+    AddStates("eyes open");
+    Analyses().SetSecondary(&AddStates("eyes closed"));
+    bench->Recompute();
+    ASSERT_THAT(Shades(), SizeIs(2));
+    EXPECT_NE(Shades()[0].color, Shades()[1].color);
+}
+
+TEST_F(LinkedViews, ShadesFollowTheAnalyses) {
+    const QPalette palette = owl::AppearancePalette(false);
+    const review::AnalysisState none = review::AnalysisStateOf(Analyses(), palette);
+    AddStates("eyes open");
+    EXPECT_EQ(review::AnalysisStateOf(Analyses(), palette), none);
+    bench->Recompute();
+    const review::AnalysisState computed = review::AnalysisStateOf(Analyses(), palette);
+    EXPECT_NE(computed, none);
+    EXPECT_NE(review::AnalysisStateOf(Analyses(), owl::AppearancePalette(true)), computed);
+}
+
+TEST_F(LinkedViews, PointingAtATimeMovesTheTraces) {
+    bench->Middle().PointAtTime(XTime::FromNanoseconds(45 * kSecond));
+    const XTimeInterval page = Traces().GetPage();
+    EXPECT_LE(*page.GetBeginPtr(), XTime::FromNanoseconds(45 * kSecond));
+    EXPECT_GE(*page.GetEndPtr(), XTime::FromNanoseconds(45 * kSecond));
+}
+
+TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {
+    bench->Show(ViewKind::Traces, false);
+    bench->Middle().PointAtTime(XTime::FromNanoseconds(45 * kSecond));
+    bench->Middle().PointAtChannel("Cz");
+    EXPECT_FALSE(bench->IsShown(ViewKind::Traces));
+}
+
+TEST_F(LinkedViews, AMontageChosenAnywhereIsTheOneOfAllViews) {
+    AddAnalysis();
+    bench->Recompute();
+    bench->ChooseMontage(1);
+    test::WaitUntilIdle();
+    EXPECT_EQ(Analyses().GetMain()->GetMontage().GetName(), "Longitudinal bipolar");
+    TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
+    EXPECT_EQ(spectrum.GetToolBar().findChild<QComboBox*>()->currentText(), "Longitudinal bipolar");
+}
+
+TEST_F(LinkedViews, SaysThatChangedEventsAreNotInTheAnalysis) {
+    AddStates("eyes open");
+    bench->Recompute();
+    bench->Current()->Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
+    EXPECT_EQ(bench->Window().ShownText(), "The events have changed since the analysis was computed. Choose "
+                                           "Recompute to take them in.")
+        << SpectMacroResult(Analyses().GetMain()->GetMacro(), &Recording(), nullptr).GetFFTCount()
+        << " epochs, then " << Analyses().GetMain()->GetFFTCount() << ", events "
+        << Recording().GetEventsManager()->GetEvents().size();
+    bench->Current()->Events().Undo();
+}
+
+} // namespace
