@@ -4,6 +4,7 @@
 #include "host/chart_view/topography/palettes.h"
 #include "host/review/app/module_library.h"
 #include "host/review/app/render/hidden_window.h"
+#include "host/review/app/render/page_grid.h"
 #include "host/review/app/render/picture_file.h"
 #include "host/review/app/render/render_application.h"
 #include "host/review/cli/exit_status.h"
@@ -12,7 +13,6 @@
 #include "host/spectral_data/results/names.h"
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 namespace orvanta::review {
@@ -47,19 +47,7 @@ void CheckCommonScale(const std::vector<SPECT::PlotSet>& maps, SPECT::Entity::Ty
     }
 }
 
-int CeilOf(int count, int divisor) {
-    return (count + divisor - 1) / divisor;
-}
-
-void FillGrid(MapsPage& page, int maps) {
-    if (page.rows == 0 && page.columns == 0) {
-        page.columns = static_cast<int>(std::ceil(std::sqrt(maps)));
-    }
-    if (page.rows == 0) {
-        page.rows = CeilOf(maps, page.columns);
-    } else if (page.columns == 0) {
-        page.columns = CeilOf(maps, page.rows);
-    }
+void CheckGrid(const MapsPage& page, int maps) {
     if (page.rows > kMostAside || page.columns > kMostAside || page.rows * page.columns < maps) {
         throw cli::UsageError("--rows " + std::to_string(page.rows) + " and --cols " +
                               std::to_string(page.columns) + ": no room for " + std::to_string(maps) +
@@ -102,7 +90,9 @@ MapsPage MapsPageFor(const MapsPage& page, SPECT::Entity::Type entity, bool cart
         CheckCommonScale(page.maps, entity);
     }
     MapsPage filled = page;
-    FillGrid(filled, cartoon ? 1 : static_cast<int>(page.maps.size()));
+    const int maps = cartoon ? 1 : static_cast<int>(page.maps.size());
+    FillGrid(maps, filled.rows, filled.columns);
+    CheckGrid(filled, maps);
     return filled;
 }
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/render/page_choice.h"
 
+#include "host/review/app/render/page_grid.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/spectral_data/results/errors.h"
 #include "spectra_contract/recording.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace orvanta::review {
 
@@ -56,22 +56,6 @@ void CheckRange(const SPECT::FrequencyRange& range, double rate) {
     }
 }
 
-int CeilOf(int count, int divisor) {
-    return (count + divisor - 1) / divisor;
-}
-
-void FillGrid(SpectrumPage& page, int channels) {
-    const int count = std::max(1, channels);
-    if (page.rows == 0 && page.columns == 0) {
-        page.columns = static_cast<int>(std::ceil(std::sqrt(count)));
-    }
-    if (page.rows == 0) {
-        page.rows = CeilOf(count, page.columns);
-    } else if (page.columns == 0) {
-        page.columns = CeilOf(count, page.rows);
-    }
-}
-
 } // namespace
 
 std::string DefaultMontage(const RenderRequest& request, const EEGFileInfoType& recording) {
@@ -95,7 +79,7 @@ SpectrumPage PageFor(const RenderRequest& request, const EEGFileInfoType& record
     CheckRange(request.page.range, recording.GetTraceCursor()->GetMemDataSR());
     CheckMontage(request, montage);
     SpectrumPage page = request.page;
-    FillGrid(page, static_cast<int>(montage.GetNumTraces()));
+    FillGrid(std::max(1, static_cast<int>(montage.GetNumTraces())), page.rows, page.columns);
     return page;
 }
 
