@@ -72,14 +72,8 @@ FlatHead PlaceFlatHead(const owl::TRect& room, const MapReach& reach) {
 }
 
 std::vector<ElectrodeMark> PaintFlatMap(owl::TDC& dc, const FlatMap& map) {
-    dc.SelectFont(map.look.font);
     const bool empty = map.field.empty();
-    const MapFrame frame =
-        LayOutMap(map.area, dc.GetTextExtent("0").cy,
-                  map.look.scale && !empty ? ScaleExtent(dc, map.scale) : owl::TSize{}, !map.title.empty());
-    if (!frame.title.IsEmpty()) {
-        PaintTitle(dc, frame.title, map.title, map.look.textColor);
-    }
+    const MapFrame frame = BeginMap(dc, map.area, map.title, map.scale, empty, map.look);
     const FlatHead head = PlaceFlatHead(frame.body, map.reach);
     if (head.radius <= 0) {
         return {};

@@ -22,14 +22,8 @@ owl::TRect SquareIn(const owl::TRect& room) {
 } // namespace
 
 std::vector<ElectrodeMark> PaintHeadMap(owl::TDC& dc, const HeadMap& map) {
-    dc.SelectFont(map.look.font);
     const bool empty = map.field.empty();
-    const MapFrame frame =
-        LayOutMap(map.area, dc.GetTextExtent("0").cy,
-                  map.look.scale && !empty ? ScaleExtent(dc, map.scale) : owl::TSize{}, !map.title.empty());
-    if (!frame.title.IsEmpty()) {
-        PaintTitle(dc, frame.title, map.title, map.look.textColor);
-    }
+    const MapFrame frame = BeginMap(dc, map.area, map.title, map.scale, empty, map.look);
     const owl::TRect square = SquareIn(frame.body);
     if (square.Width() < kSmallestPicture) {
         return {};

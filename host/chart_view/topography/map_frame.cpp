@@ -80,6 +80,18 @@ void PaintTitle(owl::TDC& dc, const owl::TRect& area, const std::string& title, 
     dc.TextOut({(area.left + area.right) / 2, area.top}, Elided(dc, title, area.Width()));
 }
 
+MapFrame BeginMap(owl::TDC& dc, const owl::TRect& area, const std::string& title, const ColorScale& scale,
+                  bool empty, const MapLook& look) {
+    dc.SelectFont(look.font);
+    const MapFrame frame =
+        LayOutMap(area, dc.GetTextExtent("0").cy,
+                  look.scale && !empty ? ScaleExtent(dc, scale) : owl::TSize{}, !title.empty());
+    if (!frame.title.IsEmpty()) {
+        PaintTitle(dc, frame.title, title, look.textColor);
+    }
+    return frame;
+}
+
 void PaintScale(owl::TDC& dc, const owl::TRect& area, const Colors& colors, const ColorScale& scale,
                 const MapLook& look) {
     const int line = dc.GetTextExtent("0").cy;

@@ -45,6 +45,11 @@ ORVANTA_API owl::TSize ScaleExtent(const owl::TDC& dc, const ColorScale& scale);
 ORVANTA_API MapFrame LayOutMap(const owl::TRect& area, int lineHeight, const owl::TSize& scale,
                                bool withTitle);
 
+/// Selects the font, lays the map out and paints its title.
+/// \param empty nothing is known, which has no scale
+ORVANTA_API MapFrame BeginMap(owl::TDC& dc, const owl::TRect& area, const std::string& title,
+                              const ColorScale& scale, bool empty, const MapLook& look);
+
 /// The part of the scale's room beside a head of this radius, as far as the scale needs no more.
 ORVANTA_API owl::TRect Beside(const owl::TRect& scale, int middle, int radius);
 

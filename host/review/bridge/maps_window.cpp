@@ -4,7 +4,7 @@
 #include "host/chart_view/maps/map_commands.h"
 #include "host/review/bridge/map_electrodes.h"
 #include "host/review/bridge/maps_settings.h"
-#include "host/review/bridge/view_frame.h"
+#include "host/review/app/gallery/view_frame.h"
 #include "spectral_maps/spect_map.h"
 
 namespace orvanta::review {

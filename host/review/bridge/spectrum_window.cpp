@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/bridge/spectrum_window.h"
 
-#include "host/review/bridge/view_frame.h"
+#include "host/review/app/gallery/view_frame.h"
 #include "host/toolkit/event.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/spectrum.h"

@@ -2,7 +2,7 @@
 #include "host/review/app/gallery/trace_pages.h"
 
 #include "host/review/app/events/event_editor.h"
-#include "host/review/app/plain_window.h"
+#include "host/review/app/gallery/view_frame.h"
 #include "host/review/app/traces/channels_dialog.h"
 #include "host/review/app/traces/go_to_dialog.h"
 #include "host/review/app/traces/trace_view.h"
@@ -13,34 +13,12 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QSplitter>
-#include <QVBoxLayout>
 
 namespace orvanta::review {
 
 namespace {
 
 constexpr QSize kWide(1500, 860);
-
-/// Tool bar and panes of the view.
-class TraceFrame final : public PlainWindow {
-public:
-    explicit TraceFrame(GenericPlatform& platform) : platform_(platform) {}
-
-    GenericPlatform* GetPlatform() const override { return &platform_; }
-
-    void Take(TraceView& view) {
-        auto* rows = new QVBoxLayout(this);
-        rows->setContentsMargins(0, 0, 0, 0);
-        rows->setSpacing(0);
-        rows->addWidget(&view.GetToolBar());
-        rows->addWidget(&view.Panes(), 1);
-        view.GetToolBar().show();
-    }
-
-private:
-    GenericPlatform& platform_;
-};
 
 void SendMouse(QWidget& view, QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons,
                Qt::KeyboardModifiers modifiers) {
@@ -57,7 +35,7 @@ void ShowTraces(const GallerySample& sample, const QSize& size, double start, co
                 {XTime::FromSeconds(start + 6.2), XTime::FromSeconds(start + 7.4)}});
     events.Add(
         {"blink", EventClass::Spot, {XTime::FromSeconds(start + 3.1), XTime::FromSeconds(start + 3.1)}});
-    TraceFrame window(sample.platform);
+    ViewFrame window(sample.platform);
     auto* view = new TraceView(window, sample.recording, events);
     window.Take(*view);
     window.resize(size);
