@@ -2,9 +2,9 @@
 #include "host/review/bridge/maps_window.h"
 
 #include "host/chart_view/maps/map_commands.h"
+#include "host/review/app/gallery/view_frame.h"
 #include "host/review/bridge/map_electrodes.h"
 #include "host/review/bridge/maps_settings.h"
-#include "host/review/app/gallery/view_frame.h"
 #include "spectral_maps/spect_map.h"
 
 namespace orvanta::review {
