@@ -32,6 +32,8 @@ constexpr Call kCalls[] = {
     {R"(ResultsText\()", "TFormBCIResults"},
     {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
+    {R"(HostQ?Text\()", "HOST"},
+    {R"(Caption\{)", "HOST"},
     {R"(EventText\()", "EVENTS"},
     {R"(TraceText\()", "TRACES"},
     {R"(TraceRow\{kCm[A-Za-z]+,)", "TRACES"},

@@ -17,6 +17,10 @@ using orvanta::test::ShippedTexts;
 /// Sections whose texts are seen at the same time, so that a mnemonic stands for one thing.
 QString ShownTogether(const QString& key) {
     const QString section = key.section('/', 0, 0);
+    if (section == "HOST") { // the application's menus and boxes, named by the first word of the key
+        static const QRegularExpression word("^[a-z]+");
+        return section + word.match(key.section('/', 1)).captured();
+    }
     return section == "MENU" ? section + key.section('/', 1).section('_', 1, 1) : section;
 }
 

@@ -48,9 +48,9 @@ void ShowChange(QAction& action, const QString& verb, const std::string& change)
 }
 
 QString MenuTitle(const std::string& view) {
-    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"childSpectrum", "&Spectrum"}),
-                                        std::pair("SpectMap", Caption{"childMaps", "Ma&ps"}),
-                                        std::pair("Traces", Caption{"childTraces", "T&races"})}) {
+    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"menuSpectrum", "&Spectrum"}),
+                                        std::pair("SpectMap", Caption{"menuMaps", "Ma&ps"}),
+                                        std::pair("Traces", Caption{"menuTraces", "T&races"})}) {
         if (view == name) {
             return caption.Text();
         }
@@ -127,7 +127,7 @@ void Menus::AddView() {
         QAction* action = Add(menu, view.caption, {}, [] {});
         action->setCheckable(true);
         QObject::connect(action, &QAction::triggered, &menu,
-                         [this, kind = view.kind](bool show) { commands_.Show(kind, show); });
+                         [this, kind = view.kind] { commands_.Show(kind, !commands_.IsShown(kind)); });
         QObject::connect(&menu, &QMenu::aboutToShow, action, [this, action, kind = view.kind] {
             action->setEnabled(commands_.CanShow(kind));
             action->setChecked(commands_.IsShown(kind));
@@ -188,7 +188,7 @@ void Menus::AddTools() {
     regression_ = Add(menu, Caption{"toolsRegression", "&Regression of Contrast Values"}, {}, [] {});
     regression_->setCheckable(true);
     QObject::connect(regression_, &QAction::triggered, &menu,
-                     [this](bool use) { commands_.UseRegression(use); });
+                     [this] { commands_.UseRegression(!commands_.UsesRegression()); });
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
 }
 

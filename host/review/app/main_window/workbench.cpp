@@ -229,6 +229,14 @@ bool Workbench::IsWanted(ViewKind kind) const {
     return (hidden & Bit(kind)) == 0;
 }
 
+bool Workbench::HasAnalysisFor(ViewKind kind) {
+    const SpectraMgr& analyses = document_->Analyses();
+    if (kind == ViewKind::Maps && analyses.GetMain() == nullptr) {
+        NewAnalysis();
+    }
+    return kind != ViewKind::Maps || analyses.GetMain() != nullptr;
+}
+
 void Workbench::OpenWantedViews() {
     const bool analysed = document_->Analyses().GetMain() != nullptr;
     for (const ViewKind kind : kKinds) {
@@ -255,10 +263,10 @@ bool Workbench::IsShown(ViewKind kind) const {
 
 void Workbench::Show(ViewKind kind, bool show) {
     gui_.WhenIdle([this, kind, show] {
-        if (show && CanShow(kind)) {
-            OpenView(kind);
-        } else {
+        if (!show) {
             views_->Close(kind);
+        } else if (CanShow(kind) && HasAnalysisFor(kind)) {
+            OpenView(kind);
         }
         auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
         hidden = show ? hidden & ~Bit(kind) : hidden | Bit(kind);

@@ -101,7 +101,9 @@ private:
     /// Shows what changed without being told.
     void Follow();
     void FollowAnalyses();
-    /// Those that the user has not closed. Maps need an analysis, or they would ask for one at once.
+    /// Maps need an analysis: without one they would ask again and again. The user is asked here, once.
+    bool HasAnalysisFor(ViewKind kind);
+    /// Those that the user has not closed and that need ask nothing.
     void OpenWantedViews();
     bool IsWanted(ViewKind kind) const;
     void EventsChanged();

@@ -99,6 +99,17 @@ TEST_F(Analysing, ShowsTheViewThatTheUserHasClosed) {
     EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
 }
 
+TEST_F(Analysing, MapsWithoutAnAnalysisAskForOneOnce) {
+    Start(Demo());
+    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    user.MeetsDialog([](QDialog& form) { form.reject(); });
+    Item("viewMaps").trigger();
+    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    ChooseMacro("Resting eyes closed");
+    Item("viewMaps").trigger();
+    EXPECT_TRUE(bench->IsShown(ViewKind::Maps));
+}
+
 TEST_F(Analysing, NeedsARecording) {
     Start();
     EXPECT_FALSE(Item("analysisNew").isEnabled());
