@@ -41,7 +41,7 @@ ViewArea::ViewArea(QWidget* parent) : QSplitter(Qt::Vertical, parent), others_(n
 }
 
 void ViewArea::Place(ViewKind kind, TheChild& view, std::function<void()> close) {
-    auto* frame = new ViewFrame(view, {[this, kind] { Fill(kind); }, std::move(close)}, this);
+    auto* frame = new FramedView(view, {[this, kind] { Fill(kind); }, std::move(close)}, this);
     frames_[At(kind)] = frame;
     if (kind == ViewKind::Traces) {
         insertWidget(0, frame);
@@ -70,7 +70,7 @@ void ViewArea::Remove(ViewKind kind) {
 }
 
 TheChild* ViewArea::ViewOf(ViewKind kind) const {
-    const ViewFrame* frame = frames_[At(kind)];
+    const FramedView* frame = frames_[At(kind)];
     return frame != nullptr ? &frame->View() : nullptr;
 }
 
@@ -88,7 +88,7 @@ void ViewArea::Fill(ViewKind kind) {
 void ViewArea::ShowFrames() {
     bool others = false;
     for (std::size_t i = 0; i < kViewKinds; ++i) {
-        if (ViewFrame* frame = frames_[i]) {
+        if (FramedView* frame = frames_[i]) {
             const bool shown = !filled_ || At(*filled_) == i;
             frame->setVisible(shown);
             others = others || (shown && i != At(ViewKind::Traces));

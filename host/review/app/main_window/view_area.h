@@ -2,7 +2,7 @@
 // Where the views stand.
 #pragma once
 
-#include "host/review/app/main_window/view_frame.h"
+#include "host/review/app/main_window/framed_view.h"
 
 #include <QPointer>
 #include <QSplitter>
@@ -54,7 +54,7 @@ private:
 
     Arrangement arrangement_ = Arrangement::TracesAbove;
     QSplitter* others_; ///< spectrum and maps
-    std::array<QPointer<ViewFrame>, kViewKinds> frames_;
+    std::array<QPointer<FramedView>, kViewKinds> frames_;
     std::optional<ViewKind> filled_;
     QList<int> sizes_, otherSizes_; ///< as they were stored; empty for a new user
 };

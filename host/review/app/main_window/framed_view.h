@@ -12,14 +12,14 @@ namespace orvanta::review {
 
 /// The tool bar and two buttons, which let the view fill the area and close it, above the panes of the view.
 /// The frame must go before or with the view's main window; it does not own the view.
-class ViewFrame final : public QFrame {
+class FramedView final : public QFrame {
 public:
     struct Buttons {
         std::function<void()> fill;
         std::function<void()> close;
     };
 
-    ViewFrame(TheChild& view, Buttons buttons, QWidget* parent);
+    FramedView(TheChild& view, Buttons buttons, QWidget* parent);
 
     TheChild& View() const { return view_; }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/review/app/main_window/view_frame.h"
+#include "host/review/app/main_window/framed_view.h"
 
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/host_text.h"
@@ -29,7 +29,7 @@ QToolButton* Button(const char* name, const QString& tip, QWidget* parent) {
 
 } // namespace
 
-ViewFrame::ViewFrame(TheChild& view, Buttons buttons, QWidget* parent) : QFrame(parent), view_(view) {
+FramedView::FramedView(TheChild& view, Buttons buttons, QWidget* parent) : QFrame(parent), view_(view) {
     setFrameShape(QFrame::StyledPanel);
     auto* head = new QHBoxLayout;
     head->setSpacing(0);
