@@ -40,7 +40,7 @@ QDialog* HelpWindow(QWidget& parent, const QString& title, QWidget* content) {
 QString ManualPage() {
     QDir folder(QString::fromStdString(LibraryFolder()));
     do {
-        for (const char* page : {"share/doc/orvanta/manual/index.md", "docs/manual/index.md"}) {
+        for (const char* page : {"share/doc/orvanta/manual/README.md", "docs/manual/README.md"}) {
             if (folder.exists(page)) {
                 return folder.filePath(page);
             }
