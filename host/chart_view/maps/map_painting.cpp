@@ -5,6 +5,7 @@
 #include "host/chart_view/topography/flat_map.h"
 #include "host/chart_view/topography/head_map.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta::chart {
@@ -36,15 +37,30 @@ const Colors& ColorsOf(const MapDisplay& display) {
     return palette != nullptr ? palette->colors : Palettes().front().colors;
 }
 
+/// The scale that fields are drawn on, which are shares of the map's own scale.
+ColorScale InShares(ColorScale bar) {
+    bar.high = bar.high > bar.low ? 1 : 0;
+    bar.low = 0;
+    return bar;
+}
+
+/// Of the scale, 0 at its lower end and 1 at its upper one; what is far off it is only known to be far.
+float ShareOf(double value, const ValueRange& scale) {
+    constexpr double kFar = 1e6;
+    const double half = scale.high / 2 - scale.low / 2; // the whole may be more than a double holds
+    return half > 0 ? static_cast<float>(std::clamp((value / 2 - scale.low / 2) / half, -kFar, kFar)) : 0.0F;
+}
+
 } // namespace
 
 bool MapFields::Collect(const MapData& data) {
     std::vector<HeadPosition> electrodes;
     std::vector<float> values;
+    const ValueRange scale = ScaleOf(data);
     for (std::size_t i = 0; i < data.electrodes.size(); ++i) {
         if (data.IsUsed(i)) {
             electrodes.push_back(data.electrodes[i].Position);
-            values.push_back(static_cast<float>(data.values[i]));
+            values.push_back(ShareOf(data.values[i], scale));
         }
     }
     if (electrodes != electrodes_) {
@@ -89,7 +105,7 @@ const HeadSurface* MapFields::Head(const MapData& data) {
 SeenElectrodes PaintMap(owl::TDC& dc, const GenericPlatform* platform, const MapData& data,
                         const MapDisplay& display, const MapSight& sight, MapFields& fields) {
     const ValueRange scale = ScaleOf(data);
-    const ColorScale bar = ColorScaleOf(platform, scale, data.unit);
+    const ColorScale bar = InShares(ColorScaleOf(platform, scale, data.unit));
     const std::vector<MapElectrode> electrodes = ElectrodesOf(platform, data, DecimalsFor(scale));
     const MapLook look = LookOf(display, sight);
     SeenElectrodes seen;

@@ -11,7 +11,8 @@
 
 namespace orvanta::chart {
 
-/// Interpolates the values of one map; keeps what is the same for the next values.
+/// Interpolates the values of one map; keeps what is the same for the next values. A field is in shares of
+/// the map's scale, from 0 to 1 on it, so that values of any size keep their differences in single precision.
 class ORVANTA_API MapFields {
 public:
     /// On the grid of a flat map, and how far each node is extrapolated. Empty when nothing is known.
@@ -26,7 +27,7 @@ private:
     bool Collect(const MapData& data);
 
     std::vector<HeadPosition> electrodes_; ///< those that take part,
-    std::vector<float> values_;            ///< and their values
+    std::vector<float> values_;            ///< and their shares of the scale
     std::shared_ptr<const FlatSurface> flat_;
     std::shared_ptr<const HeadSurface> head_;
     std::vector<float> field_;

@@ -270,6 +270,37 @@ TEST_P(FewElectrodes, AreDrawnWithTheirValues) {
 INSTANTIATE_TEST_SUITE_P(Counts, FewElectrodes,
                          testing::Combine(testing::Bool(), testing::Values(1, 2, 3, 4)));
 
+// Values of any size: a field is the same in every unit.
+TEST_P(MapPicture, DoesNotDependOnTheUnitOfItsValues) {
+    MapCase map(TwentyOneElectrodes(), GetParam());
+    ShowColorsOnly(map, "grey");
+    map.ChangeDisplay([](MapDisplay& display) { display.contours = 6; });
+    const auto pictureIn = [&map](double unit, double zero) {
+        map.SetField([=](const HeadPosition& p) { return zero + unit * (p.x + 2 * p.y); });
+        map.Map().SetRange(1, 1, true, false); // that of the values
+        return Bare(map);
+    };
+    const QImage plain = pictureIn(1, 0);
+    EXPECT_EQ(pictureIn(1e-300, 0), plain);
+    EXPECT_EQ(pictureIn(1e-42, 0), plain);
+    EXPECT_EQ(pictureIn(1e60, 0), plain);
+    EXPECT_EQ(pictureIn(7e307, 0), plain); // the range is wider than a double holds
+    const QImage onTop = pictureIn(1, 1e9);
+    const owl::TPoint c3 = map.PlaceOf("C3");
+    EXPECT_NEAR(ColorAt(onTop, c3).red(), ColorAt(plain, c3).red(), 1);
+}
+
+TEST_P(MapPicture, IsOfTheEndsOfTheScaleFarBeyondIt) {
+    MapCase map(TwentyOneElectrodes(), GetParam());
+    ShowColorsOnly(map, "grey");
+    const auto lightness = [&map](double value) {
+        map.SetValues(std::vector<double>(21, value));
+        return ColorAt(Bare(map), map.PlaceOf("Cz")).lightness();
+    };
+    EXPECT_LT(lightness(-1e300), 10);
+    EXPECT_GT(lightness(1e300), 220);
+}
+
 TEST_P(MapPicture, IsDrawnInAnySize) {
     for (const auto& [width, height] :
          {std::pair(1, 1), {5, 5}, {20, 20}, {60, 60}, {200, 10}, {10, 200}, {600, 600}}) {
