@@ -79,7 +79,7 @@ void MultiMapWin::SetFixedRange(const std::optional<ValueRange>& range) {
 }
 
 void MultiMapWin::SetSinglePalette(bool single) {
-    impl_->single = single;
+    impl_->single = single || impl_->settings.singlePalette;
     PushMaps();
     LayOut();
     Invalidate();

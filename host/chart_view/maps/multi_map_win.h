@@ -46,7 +46,7 @@ public:
 
     void SetTitle(const std::string& title);
     void SetMeasUnit(const std::string& unit);
-    /// One colour bar beside the maps instead of one in each.
+    /// One colour bar beside the maps instead of one in each. \param single false for what the user wants
     void SetSinglePalette(bool single);
     /// Brings the maps' values to the screen. \param fetch ask for them anew, too
     virtual void SetMapValues(bool fetch);

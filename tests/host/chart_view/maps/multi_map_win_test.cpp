@@ -461,6 +461,17 @@ TEST_F(MapArray, RemembersTheUsersPaletteAndNotTheCartoons) {
     EXPECT_EQ(window.platform.user.values["Maps/MapSinglePalette"], 0);
 }
 
+TEST_F(MapArray, HasTheUsersOneScaleAgainAfterTheCartoons) {
+    window.platform.user.values["Maps/MapSinglePalette"] = 1;
+    MapsView view(window);
+    view.ShowAt(800, 400);
+    view.SetSinglePalette(true); // as the cartoon does
+    view.SetSinglePalette(false);
+    EXPECT_TRUE(view.IsSinglePalette());
+    view.RunCommand(kSinglePalette);
+    EXPECT_FALSE(view.IsSinglePalette());
+}
+
 TEST_F(MapArray, TakesOneScaleOnDemand) {
     MapsView view(window);
     view.ShowAt(800, 400);
