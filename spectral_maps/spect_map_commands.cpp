@@ -123,7 +123,12 @@ void SpectMap::CmSpectraInfo() {
 }
 
 void SpectMap::CmSelectFont() {
-    if (ChooseChildFont()) {
+    const QPointer<SpectMap> alive(this);
+    const bool chosen = ChooseChildFont();
+    if (!alive) {
+        return;
+    }
+    if (chosen) {
         SetWholeRect();
         Invalidate();
     }

@@ -106,7 +106,11 @@ void TheChild::WriteChildDouble(const char* key, double value) const {
 }
 
 bool TheChild::ChooseChildFont() {
+    const QPointer<TheChild> alive(this);
     const std::optional<owl::TFont> font = owl::CurrentModalGateway().AskFont(GetHandle(), viewFont_);
+    if (!alive) {
+        return false;
+    }
     if (font) {
         viewFont_ = *font;
         StoreViewFont(*window_.GetPlatform(), name_.c_str(), viewFont_);

@@ -4,6 +4,7 @@
 #include "host/toolkit/file_chooser.h"
 #include "host/toolkit/input_dialog.h"
 #include "host/toolkit/message_box.h"
+#include "host/toolkit/outlive_parent.h"
 #include "host/toolkit/qt_painting.h"
 
 #include <QApplication>
@@ -33,6 +34,7 @@ int QtModalGateway::ShowMessage(HWND owner, const std::string& text, const std::
 }
 
 int QtModalGateway::RunModal(QDialog& dialog) {
+    OutliveParent(dialog);
     return dialog.exec() == QDialog::Accepted ? kIdOk : kIdCancel;
 }
 
@@ -63,6 +65,7 @@ std::optional<TFont> QtModalGateway::AskFont(HWND owner, const TFont& font) {
     offered.setStyleName(existing.styleName());
     QFontDialog chooser(offered, owner.Widget());
     const QFont shown = chooser.currentFont();
+    OutliveParent(chooser);
     if (chooser.exec() != QDialog::Accepted) {
         return std::nullopt;
     }

@@ -221,6 +221,25 @@ TEST_F(SpectMapCommands, AnotherFontIsThatOfTheMaps) {
     EXPECT_EQ(Map(0).GetDisplay().font, serif);
 }
 
+TEST_F(SpectMapCommands, TheViewMayEndWhileTheUserChoosesAFont) {
+    Open();
+    user.ChoosesFont(owl::TFont{"Serif", 15, true, false}, [this] { view.reset(); });
+    view->RunCommand(14144);
+    EXPECT_EQ(view, nullptr);
+    EXPECT_EQ(window.platform.texts.count("SpectMap/FontFace"), 0U);
+}
+
+TEST_F(SpectMapCommands, TheViewMayEndWhileTheUserChoosesForAMap) {
+    Add();
+    Show();
+    user.Meets<Spect3DDlg>([this](Spect3DDlg& dialog) {
+        view.reset();
+        dialog.done(owl::kIdOk);
+    });
+    DoubleClick(1);
+    EXPECT_EQ(view, nullptr);
+}
+
 TEST_F(SpectMapCommands, ANewSizeOfTheArrayComputesAgain) {
     Add();
     Show();

@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 /// What was on the screen when the user answered.
@@ -70,6 +72,14 @@ TEST(ModalGateway, HasTheNumbersOfTheMessageBoxTypes) {
     EXPECT_EQ(owl::kMbIconStop, 16U);
     EXPECT_EQ(owl::kMbIconExclamation, 48U);
     EXPECT_EQ(owl::kMbYesNo + owl::kMbIconExclamation, 52U);
+}
+
+TEST(ModalGateway, CancelsADialogWhoseWindowGoesAndLeavesItToItsMaker) {
+    auto window = std::make_unique<QWidget>();
+    QDialog dialog(window.get());
+    QTimer::singleShot(0, &dialog, [&] { window.reset(); });
+    EXPECT_EQ(owl::CurrentModalGateway().RunModal(dialog), owl::kIdCancel);
+    EXPECT_EQ(dialog.parentWidget(), nullptr);
 }
 
 TEST(ModalGateway, RunsADialogUntilItCloses) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/qt/scripted_user.h"
 
+#include "host/toolkit/outlive_parent.h"
+
 #include <QDialog>
 #include <gtest/gtest.h>
 
@@ -47,9 +49,10 @@ ScriptedUser& ScriptedUser::ChoosesColor(std::optional<owl::TColor> color) {
     return Add(std::move(step));
 }
 
-ScriptedUser& ScriptedUser::ChoosesFont(std::optional<owl::TFont> font) {
+ScriptedUser& ScriptedUser::ChoosesFont(std::optional<owl::TFont> font, std::function<void()> meanwhile) {
     Step step{"font"};
     step.font = std::move(font);
+    step.meanwhile = std::move(meanwhile);
     return Add(std::move(step));
 }
 
@@ -87,6 +90,7 @@ int ScriptedUser::RunModal(QDialog& dialog) {
         return owl::kIdCancel;
     }
     dialog.setModal(true);
+    owl::OutliveParent(dialog);
     dialog.show();
     step.action(dialog);
     if (dialog.isVisible()) {
@@ -116,7 +120,11 @@ std::optional<owl::TColor> ScriptedUser::AskColor(HWND /*owner*/, owl::TColor co
 
 std::optional<owl::TFont> ScriptedUser::AskFont(HWND /*owner*/, const owl::TFont& font) {
     fonts_.push_back(font);
-    return Take("font", font.face).font;
+    const Step step = Take("font", font.face);
+    if (step.meanwhile) {
+        step.meanwhile();
+    }
+    return step.font;
 }
 
 std::optional<std::string> ScriptedUser::AskText(HWND /*owner*/, const owl::TextQuestion& question) {

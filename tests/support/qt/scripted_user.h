@@ -45,7 +45,7 @@ public:
     ScriptedUser& Meets(std::function<void(Form&)> action);
     ScriptedUser& ChoosesFile(std::optional<std::string> path);
     ScriptedUser& ChoosesColor(std::optional<owl::TColor> color);
-    ScriptedUser& ChoosesFont(std::optional<owl::TFont> font);
+    ScriptedUser& ChoosesFont(std::optional<owl::TFont> font, std::function<void()> meanwhile = {});
     ScriptedUser& Enters(std::optional<std::string> text);
 
     // What came up, in order.
