@@ -53,7 +53,8 @@ void CARElectSelDlg::Destroy(int retVal) {
     selected_.clear();
     int row = 0;
     for (const SensorType* sensor : all_) {
-        if (list_->item(row++)->isSelected()) {
+        const QListWidgetItem* item = list_->item(row++);
+        if (item != nullptr && item->isSelected()) { // without items it was never shown
             selected_.push_back(sensor);
         }
     }

@@ -147,4 +147,9 @@ TEST_F(ElectrodesDialog, IsFilledAndEmptiedByKeyboard) {
     EXPECT_THAT(Selected(), ElementsAre("Cz"));
 }
 
+TEST_F(ElectrodesDialog, SelectsNothingWhenItWasNeverShown) {
+    CARElectSelDlg(nullptr, selected, all).Destroy(owl::kIdOk);
+    EXPECT_THAT(Selected(), ElementsAre());
+}
+
 } // namespace
