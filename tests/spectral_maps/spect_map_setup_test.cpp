@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the view comes and goes: settings, menu, tool bar, focus.
 #include "host/toolkit/gadget_bar.h"
-#include "spectral_maps/command_ids.h"
+#include "host/toolkit/icon.h"
+#include "side_bar/spectrum_macro_form.h"
 #include "tests/spectral_maps/map_fixture.h"
+#include "tests/support/qt/fake_services.h"
+#include "tests/support/qt/form_user.h"
+#include "tests/support/qt/scripted_user.h"
 
 #include <QSlider>
 
@@ -118,6 +122,65 @@ TEST_F(SpectMapSetup, HasButtonsWithPicturesAndTips) {
     for (const int key : {2, 4, 8, 14, 17, 19}) {
         EXPECT_EQ(view->GetGadget(key)->width(), 6) << key;
     }
+}
+
+QImage PictureOf(const QIcon& icon, QIcon::State state) {
+    return icon.pixmap(24, QIcon::Normal, state).toImage();
+}
+
+TEST_F(SpectMapSetup, HasTheBitmapOfEachButton) {
+    Open(true);
+    for (const auto& [key, up, down] : {std::tuple(0, 2070U, 2070U),
+                                        {1, 2071U, 2071U},
+                                        {3, 2072U, 2072U},
+                                        {7, 2069U, 2068U},
+                                        {9, 2082U, 2082U},
+                                        {10, 2081U, 2081U},
+                                        {11, 2084U, 2084U},
+                                        {12, 2083U, 2083U},
+                                        {13, 2080U, 2080U},
+                                        {16, 2079U, 2079U},
+                                        {18, 2059U, 2059U}}) {
+        const QIcon icon = dynamic_cast<const QToolButton*>(view->GetGadget(key))->icon();
+        EXPECT_EQ(PictureOf(icon, QIcon::Off), PictureOf(owl::IconOf(up), QIcon::Off)) << key;
+        EXPECT_EQ(PictureOf(icon, QIcon::On), PictureOf(owl::IconOf(down), QIcon::Off)) << key;
+    }
+}
+
+TEST_F(SpectMapSetup, TurnsTheHeadsByItsButtons) {
+    Open(true);
+    struct Side {
+        int key;
+        chart::HeadView view;
+    };
+    for (const Side& side :
+         {Side{9, chart::kLeftView}, Side{10, chart::kFrontView}, Side{12, chart::kRightView},
+          Side{13, chart::kBackView}, Side{11, chart::kTopView}}) {
+        dynamic_cast<QToolButton*>(view->GetGadget(side.key))->click();
+        EXPECT_EQ(Map(0).GetView(), side.view) << side.key;
+        EXPECT_EQ(Map(3).GetView(), side.view) << side.key;
+    }
+}
+
+TEST_F(SpectMapSetup, RunsItsCommandsByItsButtons) {
+    const FakeServices services;
+    ScriptedUser user;
+    Add();
+    Show();
+    const auto clicks = [this](int key) { dynamic_cast<QToolButton*>(view->GetGadget(key))->click(); };
+    const auto generation = manager.GetMain()->GetGeneration();
+
+    clicks(1);
+    EXPECT_NE(manager.GetMain()->GetGeneration(), generation) << "computed again";
+    clicks(16);
+    EXPECT_FALSE(view->AreElectrodesShown());
+    clicks(18);
+    EXPECT_EQ(services.clipboard.Texts().size(), 1U);
+    user.Meets<TFormSpectrumMacro>([](TFormSpectrumMacro& form) { FormUser(form).PressesEscape(); });
+    clicks(0);
+    user.MeetsDialog([](QDialog& dialog) { dialog.reject(); });
+    clicks(3);
+    EXPECT_EQ(user.DialogsShown(), 2);
 }
 
 TEST_F(SpectMapSetup, HasASliderFromClearToOpaque) {
