@@ -239,9 +239,12 @@ TEST(WindowPainting, GoesOnAfterAFailure) {
     canvas.inside = [] { throw std::runtime_error("no memory"); };
     canvas.Invalidate();
     EXPECT_THROW(canvas.UpdateWindow(), std::runtime_error);
+    orvanta::test::ScriptedUser user; // nobody catches what fails in the queue: it is told
+    user.AnswersMessage(owl::kIdOk);
     canvas.Invalidate();
     RunQueue();
     EXPECT_EQ(canvas.drawn.size(), 2U);
+    EXPECT_EQ(user.Messages().size(), 1U);
 }
 
 TEST(WindowPainting, IsDoneAtOnceOnDemand) {
