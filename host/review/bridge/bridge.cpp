@@ -50,9 +50,7 @@ public:
 
     TheChild* MakeSpectrumView(GlobalWindow& window, EEGFileInfoType& recording,
                                SpectraMgr& manager) override {
-        auto* view = new Spectrum(window, &recording, &manager, false);
-        FollowRecordingMontage(*view, recording);
-        return view;
+        return new Spectrum(window, &recording, &manager, false);
     }
 
     TheChild* MakeMapsView(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,

@@ -42,6 +42,9 @@ void OpenViews::Open(ViewKind kind, Document& document, std::function<void()> cl
     if (CanShow(kind) && !IsShown(kind)) {
         TheChild* view = Make(kind, document);
         view->Create();
+        if (kind != ViewKind::Traces) {
+            bridge_->FollowMontage(*view, document.Recording());
+        }
         window_.Views().Place(kind, *view, std::move(close));
     }
 }

@@ -100,6 +100,11 @@ TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {
     EXPECT_FALSE(bench->IsShown(ViewKind::Traces));
 }
 
+TEST_F(LinkedViews, AViewThatOpensNamesTheMontageInUse) {
+    const TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
+    EXPECT_EQ(spectrum.GetToolBar().findChild<QComboBox*>()->currentText(), "As recorded");
+}
+
 TEST_F(LinkedViews, AMontageChosenAnywhereIsTheOneOfAllViews) {
     AddAnalysis();
     bench->Recompute();
