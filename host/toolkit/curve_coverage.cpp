@@ -99,7 +99,8 @@ public:
         std::size_t end = std::min(last_ + 1, coverage_.size());
         for (std::size_t row = first_; row < end; ++row) {
             sum += steps_[row];
-            coverage_[row] = static_cast<std::uint8_t>(sum * (255.0F / kStrips) + 0.5F);
+            const float rounded = sum * (255.0F / kStrips) + 0.5F; // a call of lround takes longer
+            coverage_[row] = static_cast<std::uint8_t>(rounded);
         }
         while (end > first_ && coverage_[end - 1] == 0) {
             --end;

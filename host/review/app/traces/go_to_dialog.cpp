@@ -8,12 +8,10 @@
 
 #include <QPushButton>
 
-#include <utility>
-
 namespace orvanta::review {
 
-GoToDialog::GoToDialog(HWND parent, TimeContext context)
-    : TForm(parent), context_(std::move(context)), ui_(std::make_unique<Ui::TFormGoToTime>()) {
+GoToDialog::GoToDialog(HWND parent, const TimeContext& context)
+    : TForm(parent), context_(context), ui_(std::make_unique<Ui::TFormGoToTime>()) {
     ui_->setupUi(this);
     owl::TranslateForm(*this, PModule::Named("Orvanta"), "TFormGoToTime");
     ui_->Edit->setText(QString::fromStdString(context_.start ? ClockTimeText(context_.now, 1, context_.start)

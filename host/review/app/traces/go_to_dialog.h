@@ -16,7 +16,7 @@ namespace orvanta::review {
 /// One edit; it closes with OK only for a time of the recording, and says what is wrong until then.
 class GoToDialog final : public owl::TForm {
 public:
-    GoToDialog(HWND parent, TimeContext context);
+    GoToDialog(HWND parent, const TimeContext& context);
     ~GoToDialog() override;
 
     /// Seconds since the first sample; of a text that is good.

@@ -96,7 +96,8 @@ Measurement Measure(const TraceLine& line, const TraceLayout& page, double from,
     if (first && last) {
         measured.difference = *last - *first;
     }
-    const auto [begin, end] = std::minmax(from, to);
+    const double begin = std::min(from, to);
+    const double end = std::max(from, to);
     TraceColumn range;
     // Of a sample, or of a column that the stretch touches.
     const auto extend = [&](double since, double until, float low, float high) {

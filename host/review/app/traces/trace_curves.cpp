@@ -83,6 +83,25 @@ std::optional<TraceColumn> RangeOf(const TraceLine& line) {
     return range.IsEmpty() ? std::nullopt : std::optional(range);
 }
 
+std::vector<TraceColumn> ColumnsOf(const TraceLine& line, const PageRequest& request) {
+    std::vector<TraceColumn> columns = line.columns;
+    columns.resize(static_cast<std::size_t>(std::max(0, request.columns)));
+    for (const TraceRun& run : line.runs) {
+        for (std::size_t i = 0; i < run.values.size(); ++i) {
+            const double time = run.start + static_cast<double>(i) * run.step;
+            const double at = std::floor((time - request.start) / request.duration * request.columns);
+            if (at >= 0 && at < request.columns) {
+                TraceColumn& column = columns[static_cast<std::size_t>(at)];
+                const float value = run.values[i];
+                column = column.IsEmpty()
+                             ? TraceColumn{value, value}
+                             : TraceColumn{std::min(column.low, value), std::max(column.high, value)};
+            }
+        }
+    }
+    return columns;
+}
+
 double MeanOf(const TraceLine& line) {
     double sum = 0;
     std::size_t count = 0;

@@ -27,6 +27,8 @@ std::vector<TraceCurve> CurvesOf(const TraceLine& line, const TraceLayout& layou
 
 /// Least and greatest value on the page; nothing when there is none.
 std::optional<TraceColumn> RangeOf(const TraceLine& line);
+/// A line as columns of the stretch that it was read for; runs are sorted into them.
+std::vector<TraceColumn> ColumnsOf(const TraceLine& line, const PageRequest& request);
 /// Mean of the values, or of the middles of columns; 0 when there are none.
 double MeanOf(const TraceLine& line);
 /// The value at a time: of the nearest sample, or the middle of the column; nothing in a gap.

@@ -43,6 +43,10 @@ TraceModel::TraceModel(EEGFileInfoType& recording)
     Reload();
 }
 
+std::size_t TraceModel::LineOf(const TraceLayout& layout, int line) const {
+    return shown_[static_cast<std::size_t>(layout.firstLine) + static_cast<std::size_t>(line)];
+}
+
 double TraceModel::Total() const {
     return recording_.GetRecording()->Time().Duration();
 }
@@ -103,9 +107,9 @@ std::optional<std::size_t> TraceModel::FindShown(const std::string& name) const 
 }
 
 void TraceModel::ReadPage(const TraceLayout& layout, int columns) {
-    std::vector<std::size_t> lines;
+    std::vector<std::size_t> lines(static_cast<std::size_t>(layout.lineCount));
     for (int i = 0; i < layout.lineCount; ++i) {
-        lines.push_back(shown_[static_cast<std::size_t>(layout.firstLine + i)]);
+        lines[static_cast<std::size_t>(i)] = LineOf(layout, i);
     }
     const PageRequest request{layout.start, layout.duration, std::max(1, columns)};
     if (page_ && page_->data.complete && page_->lines == lines && page_->request.start == request.start &&
@@ -142,7 +146,7 @@ double TraceModel::UnitsPerPixel(const TraceChannel& channel, const TraceLine& l
 std::vector<LineInput> TraceModel::Lines(const TraceLayout& layout, double millimetre) {
     std::vector<LineInput> inputs;
     for (int i = 0; i < layout.lineCount; ++i) {
-        const std::size_t line = shown_[static_cast<std::size_t>(layout.firstLine + i)];
+        const std::size_t line = LineOf(layout, i);
         LineInput& input = inputs.emplace_back();
         input.channel = &channels_[line];
         input.selected = input.channel->name == selected_;
@@ -186,10 +190,10 @@ const OverviewInput& TraceModel::Overview(int columns) {
     }
     std::vector<float>& activity = overview_.activity;
     for (const TraceLine& line : page.lines) {
-        const std::size_t count = std::min(activity.size(), line.columns.size());
-        for (std::size_t i = 0; i < count; ++i) {
-            if (!line.columns[i].IsEmpty()) {
-                activity[i] = std::max(0.0F, activity[i]) + line.columns[i].high - line.columns[i].low;
+        const std::vector<TraceColumn> ranges = ColumnsOf(line, {0, Total(), columns});
+        for (std::size_t i = 0; i < activity.size(); ++i) {
+            if (!ranges[i].IsEmpty()) {
+                activity[i] = std::max(0.0F, activity[i]) + ranges[i].high - ranges[i].low;
             }
         }
     }

@@ -27,6 +27,8 @@ public:
     const std::vector<TraceChannel>& Channels() const { return channels_; }
     /// Numbers of the lines that are not hidden.
     const std::vector<std::size_t>& Shown() const { return shown_; }
+    /// Number of a line on the page. \param line counted from the first one shown
+    std::size_t LineOf(const TraceLayout& layout, int line) const;
     /// Seconds of the whole recording.
     double Total() const;
     const std::vector<TraceGap>& Gaps() const { return gaps_; }

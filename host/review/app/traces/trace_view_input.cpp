@@ -50,9 +50,7 @@ void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
         MoveToOverview(point.x);
     } else if (button == Qt::LeftButton && layout.names.Contains(point)) {
         const std::optional<int> line = layout.LineAt(point.y);
-        const std::string name =
-            line ? model.Channels()[model.Shown()[static_cast<std::size_t>(layout.firstLine + *line)]].name
-                 : std::string();
+        const std::string name = line ? model.Channels()[model.LineOf(layout, *line)].name : std::string();
         Select(name == model.Selected() ? std::string() : name);
     } else if (button == Qt::MiddleButton) {
         drag = Drag::Pan;

@@ -94,8 +94,7 @@ void TraceView::Impl::Click(const TraceLayout& layout, const owl::TPoint& point)
                     : std::nullopt);
     const QPointer<TraceView> alive(&view);
     if (const std::optional<int> line = layout.LineAt(point.y)) {
-        const std::string name =
-            model.Channels()[model.Shown()[static_cast<std::size_t>(layout.firstLine + *line)]].name;
+        const std::string name = model.Channels()[model.LineOf(layout, *line)].name;
         Select(name);
         view.GW().PointAtChannel(name);
     }

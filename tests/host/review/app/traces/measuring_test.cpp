@@ -53,6 +53,17 @@ TEST(Measurement, OfColumnsTakesTheirMiddlesAndTheirWholeRange) {
     EXPECT_FALSE(Measure(line, Page(), 1, 9).difference); // nothing there
 }
 
+TEST(ColumnsOfALine, SortItsSamplesIntoTheStretch) {
+    const std::vector<TraceColumn> columns =
+        ColumnsOf({{TraceRun{-1, 1, {9, 1, 5, -3, 2, 7}}}, {}}, {0, 4, 2}); // from -1 s to 4 s
+    ASSERT_EQ(columns.size(), 2);
+    EXPECT_EQ(columns[0].low, 1);
+    EXPECT_EQ(columns[0].high, 5);
+    EXPECT_EQ(columns[1].low, -3);
+    EXPECT_EQ(columns[1].high, 2);
+    EXPECT_TRUE(ColumnsOf({}, {0, 4, 3})[2].IsEmpty());
+}
+
 TEST(MeasurementTexts, SayTimeFrequencyAndValues) {
     TraceChannel channel;
     channel.name = "Fp1-F3";
