@@ -237,10 +237,10 @@ TEST(WindowPainting, GoesOnAfterAFailure) {
     Canvas canvas;
     Show(canvas);
     canvas.inside = [] { throw std::runtime_error("no memory"); };
+    orvanta::test::ScriptedUser user;
+    user.AnswersMessage(owl::kIdOk); // that tells of it
     canvas.Invalidate();
-    EXPECT_THROW(canvas.UpdateWindow(), std::runtime_error);
-    orvanta::test::ScriptedUser user; // nobody catches what fails in the queue: it is told
-    user.AnswersMessage(owl::kIdOk);
+    canvas.UpdateWindow();
     canvas.Invalidate();
     RunQueue();
     EXPECT_EQ(canvas.drawn.size(), 2U);
