@@ -89,11 +89,15 @@ std::optional<orvanta::chart::ValueRange> SpectMap::CartoonRange() {
     KnownRange wanted = RangeWanted();
     if (!known_ || !known_->IsFor(wanted)) {
         const QPointer<SpectMap> alive(this);
+        const bool quiet = GW().IsQuiet();
         const std::unique_ptr<GenericProgress> progress(
             GW().GetPlatform()->CreateProgress("Scaling the Maps...", MSWindow(GetHandle())));
+        if (!alive) {
+            return std::nullopt;
+        }
         if (const auto ends = main->GetCartoonRange(Sensors(), plotSet_.SpectralBand,
                                                     static_cast<SPECT::Meas::Type>(plotSet_.SpectralMeas),
-                                                    GW().IsQuiet() ? nullptr : progress.get())) {
+                                                    quiet ? nullptr : progress.get())) {
             wanted.range = {ends->first, ends->second};
         }
         if (!alive) {

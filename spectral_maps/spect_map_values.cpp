@@ -48,11 +48,16 @@ bool SpectMap::BringUpToDate(const XTimeList& events) {
     if (!spectraMgr_->IsRecomputingNeeded(cursor.GetMtg(), events, top)) {
         return true;
     }
-    // The view may go while the progress is shown.
+    // The view may go while the progress comes up, and while it is shown.
+    const QPointer<SpectMap> alive(this);
+    const bool quiet = GW().IsQuiet();
     const std::unique_ptr<GenericProgress> progress(
         GW().GetPlatform()->CreateProgress("Computing Spectra...", MSWindow(GetHandle())));
+    if (!alive) {
+        return false;
+    }
     const owl::WaitCursor wait;
-    return spectraMgr_->ReComputeFFT(fileInfo_, top, events, GW().IsQuiet() ? nullptr : progress.get());
+    return spectraMgr_->ReComputeFFT(fileInfo_, top, events, quiet ? nullptr : progress.get());
 }
 
 std::optional<XTimeList> SpectMap::Fetch() {
