@@ -8,6 +8,7 @@
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gallery/sample.h"
 #include "host/review/app/gallery/trace_pages.h"
+#include "host/review/app/gallery/window_pages.h"
 #include "host/review/app/host_strings.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
@@ -54,6 +55,8 @@ std::vector<GalleryPage> MakePages(const ModuleLibrary* module, const GallerySam
     }
     std::ranges::move(MakeHostPages(sample), std::back_inserter(pages));
     std::ranges::move(MakeTracePages(sample), std::back_inserter(pages));
+    std::ranges::move(MakeWindowPages(sample, module != nullptr ? &module->Bridge() : nullptr),
+                      std::back_inserter(pages));
     return pages;
 }
 
