@@ -15,10 +15,15 @@ int Fitting(int wanted, int room) {
     return wanted <= room / kShareOfPart ? wanted : 0;
 }
 
-/// Edge number \p index of \p count equal parts.
-int Edge(int from, int to, int index, int count) {
-    return from + static_cast<int>(static_cast<std::int64_t>(to - from) * index / count);
-}
+/// Equal parts, so that their heads are; what does not divide is left at both ends.
+struct EqualParts {
+    int from;
+    int each;
+
+    EqualParts(int begin, int end, int count)
+        : from(begin + (end - begin) % count / 2), each((end - begin) / count) {}
+    int Edge(int index) const { return from + index * each; }
+};
 
 } // namespace
 
@@ -44,12 +49,12 @@ MapArrayLayout LayOutMapArray(const owl::TRect& area, const MapGrid& grid, const
         rest.right -= scale;
     }
     layout.maps.reserve(grid.Count());
+    const EqualParts columns(rest.left, rest.right, grid.columns);
+    const EqualParts rows(rest.top, rest.bottom, grid.rows);
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
-            layout.maps.push_back({Edge(rest.left, rest.right, column, grid.columns),
-                                   Edge(rest.top, rest.bottom, row, grid.rows),
-                                   Edge(rest.left, rest.right, column + 1, grid.columns),
-                                   Edge(rest.top, rest.bottom, row + 1, grid.rows)});
+            layout.maps.push_back(
+                {columns.Edge(column), rows.Edge(row), columns.Edge(column + 1), rows.Edge(row + 1)});
         }
     }
     return layout;

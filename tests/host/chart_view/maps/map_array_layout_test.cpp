@@ -23,9 +23,9 @@ TEST(MapArrayLayout, FillsTheAreaRowByRow) {
     EXPECT_TRUE(layout.bar.IsEmpty());
 }
 
-TEST(MapArrayLayout, SharesOutPixelsThatDoNotDivide) {
+TEST(MapArrayLayout, KeepsMapsEqualWhenPixelsDoNotDivide) {
     const auto layout = LayOutMapArray({10, 0, 21, 5}, {1, 3}, {});
-    EXPECT_THAT(layout.maps, ElementsAre(TRect{10, 0, 13, 5}, TRect{13, 0, 17, 5}, TRect{17, 0, 21, 5}));
+    EXPECT_THAT(layout.maps, ElementsAre(TRect{11, 0, 14, 5}, TRect{14, 0, 17, 5}, TRect{17, 0, 20, 5}));
 }
 
 TEST(MapArrayLayout, PutsTitleAboveScaleBesideControlsBelow) {
