@@ -51,6 +51,11 @@ public:
     /// Logical dots per inch of the screen.
     int GetDPI() const { return logicalDpiX(); }
 
+    /// Draws the view with the windows in it on white paper of this size, in the colours of the light
+    /// appearance; what is shown on the screen does not change. \param fineness pixels to a logical one of
+    /// what the view draws as pixels
+    virtual void DrawPicture(owl::TDC& dc, const owl::TSize& size, double fineness);
+
     /// The number of the picture that fits the screen: pictures are drawn at every resolution, so their own.
     static constexpr unsigned DPI_AWARE_BMP_ID(unsigned bitmap) { return bitmap; }
 
@@ -67,6 +72,9 @@ protected:
     virtual void LoadUserSettings();
     /// Fills the tool bar. What overrides it calls the base first.
     virtual void CreateGadgets();
+
+    /// Draws the view of its present size with the windows in it.
+    virtual void DrawAll(owl::TDC& dc, double fineness);
 
     // The view's section of the settings.
     int ReadChildInt(const char* key, int defaultValue) const;

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QImage>
 #include <QProcess>
 
 #include <cerrno>
@@ -68,6 +69,11 @@ public:
     void SetText(const std::string& text) const override {
         if (HasKeyboardAndClipboard()) {
             QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+        }
+    }
+    void SetImage(const QImage& image) const override {
+        if (HasKeyboardAndClipboard()) {
+            QGuiApplication::clipboard()->setImage(image);
         }
     }
 };

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+class QImage;
+
 namespace owl {
 
 /// The system's errors are errno values; 0 stands for success.
@@ -44,6 +46,7 @@ class ORVANTA_TOOLKIT_API Clipboard {
 public:
     virtual ~Clipboard();
     virtual void SetText(const std::string& text) const = 0;
+    virtual void SetImage(const QImage& image) const = 0;
 };
 
 /// Virtual keys of the keyboard state.

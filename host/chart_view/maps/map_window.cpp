@@ -3,9 +3,11 @@
 
 #include "host/chart_view/maps/map_painting.h"
 #include "host/chart_view/maps/map_texts.h"
+#include "host/chart_view/part_dc.h"
 #include "host/toolkit/qt_painting.h"
 
 #include <QEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cstdlib>
@@ -40,6 +42,7 @@ struct TMapWindow::Impl {
     MapFields fields;
     SeenElectrodes seen; ///< as drawn last
     bool playing = false;
+    std::optional<double> fineness; ///< of a picture; the screen's without
 
     bool IsTurning() const { return threeD && press && press->moved; }
 };
@@ -196,11 +199,22 @@ void TMapWindow::Draw(owl::TDC& dc, bool erase, owl::TRect& rect) {
     sight.enabled = isEnabled();
     sight.textColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::WindowText));
     sight.backColor = owl::FromQColor(palette().color(QPalette::Active, QPalette::Window));
-    sight.pixelRatio = devicePixelRatioF();
+    sight.pixelRatio = impl_->fineness.value_or(devicePixelRatioF());
     if (!erase) {
         dc.FillRect(sight.area, sight.backColor);
     }
     impl_->seen = PaintMap(dc, impl_->platform, impl_->data, impl_->display, sight, impl_->fields);
+}
+
+void TMapWindow::DrawInView(owl::TDC& dc, double fineness) {
+    const owl::TRect place = isHidden() ? owl::TRect{} : owl::FromQRect(geometry());
+    if (place.IsEmpty()) {
+        return;
+    }
+    const QScopedValueRollback<std::optional<double>> fine(impl_->fineness, fineness);
+    PartDC part(dc, place);
+    owl::TRect whole = GetClientRect();
+    Draw(part, true, whole);
 }
 
 void TMapWindow::changeEvent(QEvent* event) {

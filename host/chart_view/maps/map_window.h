@@ -81,6 +81,9 @@ public:
     std::optional<std::size_t> ElectrodeAt(const owl::TPoint& point) const;
 
     void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
+    /// Draws the map where it stands in its view, whose surface this is; nothing while it is hidden.
+    /// \param fineness pixels to a logical one
+    void DrawInView(owl::TDC& dc, double fineness);
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 
     /// The parent is told after the user turned the head, so that others may follow: first argument the

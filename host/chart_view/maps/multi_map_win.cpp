@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QScopeGuard>
 
 using namespace orvanta::chart;
 
@@ -200,6 +201,28 @@ void MultiMapWin::LayOut() {
     }
     if (impl_->lowerBar) {
         impl_->lowerBar->setGeometry(owl::ToQRect(layout.bar));
+    }
+}
+
+void MultiMapWin::DrawAll(owl::TDC& dc, double fineness) {
+    // A picture needs no controls.
+    const bool controls = impl_->lowerBar && !impl_->lowerBar->isHidden();
+    if (controls) {
+        impl_->lowerBar->hide();
+    }
+    const QPointer<MultiMapWin> alive(this);
+    const auto shown = qScopeGuard([&] {
+        if (controls && alive) {
+            impl_->lowerBar->show();
+            LayOut();
+        }
+    });
+    LayOut();
+    TheChild::DrawAll(dc, fineness);
+    for (std::size_t i = 0; alive && i < impl_->maps.size(); ++i) {
+        if (TMapWindow* map = GetMap(i)) {
+            map->DrawInView(dc, fineness);
+        }
     }
 }
 

@@ -90,6 +90,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    void DrawAll(owl::TDC& dc, double fineness) override;
+
     // What a derived view supplies.
     /// A new map; the caller owns it as a widget of this window.
     virtual TMapWindow* CreateMap(int index) = 0;

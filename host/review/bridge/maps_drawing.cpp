@@ -4,7 +4,6 @@
 #include "host/chart_view/topography/head_picture.h"
 #include "host/review/bridge/map_electrodes.h"
 #include "host/review/bridge/maps_settings.h"
-#include "host/review/bridge/part_dc.h"
 #include "host/toolkit/painter_dc.h"
 #include "host/toolkit/qt_painting.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -74,11 +73,7 @@ public:
         for (std::size_t i = 0; i < std::min<std::size_t>(maps, view_.GetNumMaps()); ++i) {
             TMapWindow& map = *view_.GetMap(i);
             const owl::TRect place = map.isHidden() ? owl::TRect{} : owl::FromQRect(map.geometry());
-            if (!place.IsEmpty()) {
-                PartDC part(dc, place);
-                owl::TRect whole = map.GetClientRect();
-                map.Draw(part, true, whole);
-            }
+            map.DrawInView(dc, view_.devicePixelRatioF());
             drawn.push_back({map.GetTitle(), place});
         }
         return drawn;

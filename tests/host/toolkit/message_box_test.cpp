@@ -14,6 +14,7 @@ namespace {
 class FakeClipboard final : public owl::Clipboard {
 public:
     void SetText(const std::string& text) const override { text_ = text; }
+    void SetImage(const QImage& /*image*/) const override { ADD_FAILURE() << "no picture was asked for"; }
     mutable std::string text_;
 };
 

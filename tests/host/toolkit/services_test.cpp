@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -113,6 +114,13 @@ TEST(SystemProcesses, FindTheProgramFromTheCurrentFolder) {
 TEST(SystemClipboard, TakesText) {
     owl::CurrentServices().clipboard->SetText("Fp1\t12.5 µV²\r\n");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Fp1\t12.5 µV²\r\n");
+}
+
+TEST(SystemClipboard, TakesPictures) {
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    owl::CurrentServices().clipboard->SetImage(image);
+    EXPECT_EQ(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), image);
 }
 
 TEST(SystemKeys, AreUpWhileNobodyHoldsThem) {

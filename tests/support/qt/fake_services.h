@@ -4,6 +4,8 @@
 
 #include "host/toolkit/services.h"
 
+#include <QImage>
+
 #include <map>
 #include <set>
 #include <string>
@@ -62,11 +64,15 @@ class FakeClipboard final : public owl::Clipboard {
 public:
     /// All texts that were put there, in their order.
     const std::vector<std::string>& Texts() const { return texts_; }
+    /// The same for pictures.
+    const std::vector<QImage>& Images() const { return images_; }
 
     void SetText(const std::string& text) const override { texts_.push_back(text); }
+    void SetImage(const QImage& image) const override { images_.push_back(image); }
 
 private:
     mutable std::vector<std::string> texts_;
+    mutable std::vector<QImage> images_;
 };
 
 class FakeKeys final : public owl::KeyState {

@@ -7,6 +7,7 @@
 #include "host/review/app/events/event_list.h"
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gui.h"
+#include "host/review/app/pictures_out/picture_dialog.h"
 #include "host/review/app/progress_box.h"
 #include "host/toolkit/input_dialog.h"
 #include "host/toolkit/modal_gateway.h"
@@ -14,6 +15,9 @@
 namespace orvanta::review {
 
 namespace {
+
+constexpr int kUsualResolution = 96;
+constexpr int kFinestResolution = 1200;
 
 GalleryPage MessagePage(const std::string& name, const std::string& text, const std::string& caption,
                         unsigned type) {
@@ -77,6 +81,15 @@ void ShowMapSettings(const TakePicture& take) {
         take);
 }
 
+/// A picture of 1280 x 720 logical pixels.
+void ShowPictureSize(PictureFormat format, int resolution, const TakePicture& take) {
+    constexpr double kWidth = 1280;
+    constexpr double kHeight = 720;
+    PictureDialog dialog(nullptr,
+                         {.format = format, .resolution = resolution, .width = kWidth, .height = kHeight});
+    take(dialog);
+}
+
 } // namespace
 
 std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
@@ -103,6 +116,10 @@ std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
         {"event-list", [&recording](const TakePicture& take) { ShowEvents(recording, take); }},
         {"map-palette", ShowPalettes},
         {"map-settings", ShowMapSettings},
+        {"picture-size",
+         [](const TakePicture& take) { ShowPictureSize(PictureFormat::Svg, kUsualResolution, take); }},
+        {"picture-size-wrong",
+         [](const TakePicture& take) { ShowPictureSize(PictureFormat::Png, kFinestResolution, take); }},
     };
 }
 

@@ -43,6 +43,12 @@ public:
     virtual bool HasChangedEvents() const = 0;
     virtual void SaveEvents() = 0;
 
+    // Pictures of the active view.
+    virtual bool HasActiveView() const = 0;
+    virtual void SavePicture() = 0;
+    virtual void PrintPicture() = 0;
+    virtual void CopyPicture() = 0;
+
     virtual std::vector<std::string> MontageNames() const = 0;
     virtual std::size_t CurrentMontage() const = 0;
     virtual void ChooseMontage(std::size_t index) = 0;

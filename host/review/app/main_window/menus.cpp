@@ -83,6 +83,13 @@ void Menus::AddFile() {
     save_ = Add(menu, Caption{"fileSaveEvents", "&Save Events"}, QKeySequence::Save,
                 [this] { commands_.SaveEvents(); });
     menu.addSeparator();
+    savePicture_ = Add(menu, Caption{"fileSavePicture", "Save P&icture..."},
+                       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { commands_.SavePicture(); });
+    copyPicture_ = Add(menu, Caption{"fileCopyPicture", "Copy Pict&ure"},
+                       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { commands_.CopyPicture(); });
+    print_ = Add(menu, Caption{"filePrint", "&Print..."}, QKeySequence::Print,
+                 [this] { commands_.PrintPicture(); });
+    menu.addSeparator();
     Add(menu, Caption{"fileQuit", "&Quit"}, QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { commands_.Quit(); });
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
 }
@@ -204,6 +211,9 @@ void Menus::AddHelp() {
 void Menus::Update() {
     close_->setEnabled(commands_.HasDocument());
     save_->setEnabled(commands_.HasChangedEvents());
+    for (QAction* picture : {savePicture_, copyPicture_, print_}) {
+        picture->setEnabled(commands_.HasActiveView());
+    }
     ShowChange(*undo_, HostQText("editUndo", "&Undo"), commands_.UndoText());
     ShowChange(*redo_, HostQText("editRedo", "&Redo"), commands_.RedoText());
     newAnalysis_->setEnabled(commands_.CanAnalyse());

@@ -43,6 +43,7 @@ private:
     QAction* beforeChild_ = nullptr; ///< the view's menu stands before it
     QPointer<QAction> child_;
     QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr;
+    QAction *savePicture_ = nullptr, *print_ = nullptr, *copyPicture_ = nullptr;
     QAction *close_ = nullptr, *newAnalysis_ = nullptr, *recompute_ = nullptr, *regression_ = nullptr,
             *macros_ = nullptr;
 };

@@ -11,6 +11,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -23,6 +24,7 @@ class MainWindow;
 class Menus;
 class ModuleBridge;
 class Shell;
+struct ViewToShow;
 
 /// Opens, switches and closes recordings and does what the menus ask for. GUI thread.
 class Workbench final : public Commands {
@@ -75,6 +77,11 @@ public:
     bool HasChangedEvents() const override;
     void SaveEvents() override;
 
+    bool HasActiveView() const override;
+    void SavePicture() override;
+    void PrintPicture() override;
+    void CopyPicture() override;
+
     std::vector<std::string> MontageNames() const override;
     std::size_t CurrentMontage() const override;
     void ChooseMontage(std::size_t index) override;
@@ -109,6 +116,8 @@ private:
     void EventsChanged();
     void MontageChanged();
     bool MayClose();
+    /// Nothing without an active view, or while something is computed.
+    void TakePicture(const std::function<void(const ViewToShow&)>& take);
     void RefreshAnalyses();
 
     Setup setup_;

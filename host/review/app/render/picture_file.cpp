@@ -25,13 +25,21 @@ constexpr double kPointsPerInch = 72;
 constexpr double kMetersPerInch = 0.0254;
 constexpr const char* kCreator = "Orvanta";
 
+owl::TSize PixelSize(const Picture& picture) {
+    if (picture.pixels != owl::TSize{}) {
+        return picture.pixels;
+    }
+    return {static_cast<int>(std::lround(picture.size.cx * picture.scale)),
+            static_cast<int>(std::lround(picture.size.cy * picture.scale))};
+}
+
 } // namespace
 
 QImage PixelsOf(const Picture& picture) {
-    QImage image(static_cast<int>(std::lround(picture.size.cx * picture.scale)),
-                 static_cast<int>(std::lround(picture.size.cy * picture.scale)), QImage::Format_RGB32);
+    const owl::TSize pixels = PixelSize(picture);
+    QImage image(pixels.cx, pixels.cy, QImage::Format_RGB32);
     if (image.isNull()) {
-        throw std::runtime_error("not enough memory for the picture (choose a smaller --size or --scale)");
+        throw std::runtime_error("not enough memory for the picture (choose a smaller size or scale)");
     }
     const int resolution = static_cast<int>(std::lround(kDotsPerInch * picture.scale / kMetersPerInch));
     image.setDotsPerMeterX(resolution);
@@ -57,7 +65,7 @@ std::string ToPng(const Picture& picture) {
     writer.setText("Software", kCreator);
     if (!writer.write(image)) {
         throw std::runtime_error("PNG: " + writer.errorString().toStdString() +
-                                 " (choose a smaller --size or --scale)");
+                                 " (choose a smaller size or scale)");
     }
     return buffer.data().toStdString();
 }

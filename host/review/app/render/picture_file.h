@@ -24,6 +24,8 @@ struct Picture {
     double scale = 1;  ///< device pixels to a logical one, for PNG
     std::string title; ///< for the file's description
     std::function<void(owl::TDC&)> draw;
+    owl::TSize
+        pixels{}; ///< of a PNG, where they are not those of size and scale; what is drawn beyond is cut
 };
 
 /// The picture as pixels, on white. \throws std::runtime_error when memory does not suffice

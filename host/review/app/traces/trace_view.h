@@ -41,6 +41,7 @@ public:
 
     void Destroy(int retVal = 0) override;
     void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
+    void DrawPicture(owl::TDC& dc, const owl::TSize& size, double fineness) override;
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 
 protected:
@@ -49,6 +50,7 @@ protected:
     void SetupWindow() override;
     void LoadUserSettings() override;
     void CreateGadgets() override;
+    void DrawAll(owl::TDC& dc, double fineness) override;
 
     /// \param id of the view's commands
     void CmTraces(unsigned id);

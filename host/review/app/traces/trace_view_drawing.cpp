@@ -4,6 +4,8 @@
 #include "host/toolkit/qt_painting.h"
 #include "host/toolkit/set_font.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <cmath>
 
@@ -63,14 +65,15 @@ PageInput TraceView::Impl::Page(const TraceLayout& layout) {
     page.layout = layout;
     page.colors = ColorsOf(view.palette());
     page.font = view.GetViewFont();
-    page.lineWidth = view.devicePixelRatioF() >= kFineScreen ? kFineLine : 1;
+    const double fine = fineness.value_or(view.devicePixelRatioF());
+    page.lineWidth = fine >= kFineScreen ? kFineLine : 1;
     page.startTime = model.StartTime();
     page.total = model.Total();
     page.millimetre = Millimetre();
     page.events = Events();
     page.shades = shades;
     page.gaps = model.Gaps();
-    model.ReadPage(layout, static_cast<int>(std::lround(layout.plot.Width() * view.devicePixelRatioF())));
+    model.ReadPage(layout, static_cast<int>(std::lround(layout.plot.Width() * fine)));
     page.lines = model.Lines(layout, page.millimetre);
     return page;
 }
@@ -117,6 +120,20 @@ void TraceView::Impl::Refresh() {
     boxes.Show(model.State().window.duration, model.State().window.gains[group],
                std::string(selected != nullptr ? selected->unit : "µV") + "/mm", model.State().filter);
     view.Invalidate();
+}
+
+void TraceView::DrawPicture(owl::TDC& dc, const owl::TSize& size, double fineness) {
+    // A larger page may begin with an earlier line.
+    const int firstLine = impl_->model.State().window.firstLine;
+    TheChild::DrawPicture(dc, size, fineness);
+    impl_->model.State().window.firstLine = firstLine;
+    impl_->Refresh();
+}
+
+void TraceView::DrawAll(owl::TDC& dc, double fineness) {
+    impl_->scrollBar->hide(); // it comes back with the view's size
+    const QScopedValueRollback<std::optional<double>> fine(impl_->fineness, fineness);
+    TheChild::DrawAll(dc, fineness);
 }
 
 } // namespace orvanta::review

@@ -149,6 +149,7 @@ struct TraceView::Impl {
     std::int64_t playedAt = 0; ///< milliseconds
     QScrollBar* scrollBar = nullptr;
     TraceOverlay* overlay = nullptr;
+    std::optional<double> fineness; ///< of a picture; the screen's without
     TraceBoxes boxes;
     FlagAction montageAction, positionAction, eventsAction;
 };

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace orvanta::review {
+namespace orvanta::chart {
 
 /// Draws inside a rectangle of another surface, whose upper left corner is the origin; nothing gets out.
 class PartDC final : public owl::TDC {
@@ -53,4 +53,4 @@ private:
     owl::TRect part_;
 };
 
-} // namespace orvanta::review
+} // namespace orvanta::chart

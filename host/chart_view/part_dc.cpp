@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/review/bridge/part_dc.h"
+#include "host/chart_view/part_dc.h"
 
 #include <algorithm>
 
-namespace orvanta::review {
+namespace orvanta::chart {
 
 PartDC::PartDC(owl::TDC& whole, const owl::TRect& part) : whole_(whole), part_(part) {
     whole_.SelectPen({});
@@ -49,4 +49,4 @@ std::vector<owl::TPoint> PartDC::Moved(std::span<const owl::TPoint> points) cons
     return moved;
 }
 
-} // namespace orvanta::review
+} // namespace orvanta::chart
