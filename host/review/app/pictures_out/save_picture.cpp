@@ -27,22 +27,26 @@ constexpr double kVectorFineness = 3;
 
 struct FormatName {
     PictureFormat format;
-    const char *ending, *key, *text;
+    std::string ending, text;
 };
-constexpr std::array kFormats = {FormatName{PictureFormat::Png, "png", "picturesPng", "PNG pictures"},
-                                 FormatName{PictureFormat::Svg, "svg", "picturesSvg", "SVG drawings"},
-                                 FormatName{PictureFormat::Pdf, "pdf", "picturesPdf", "PDF documents"}};
 
 /// The chosen format first.
+std::array<FormatName, 3> FormatNames(PictureFormat chosen) {
+    std::array names = {FormatName{PictureFormat::Png, "png", HostText("picturesPng", "PNG pictures")},
+                        FormatName{PictureFormat::Svg, "svg", HostText("picturesSvg", "SVG drawings")},
+                        FormatName{PictureFormat::Pdf, "pdf", HostText("picturesPdf", "PDF documents")}};
+    std::ranges::stable_partition(names, [chosen](const FormatName& one) { return one.format == chosen; });
+    return names;
+}
+
 std::optional<std::string> AskFile(HWND owner, const std::string& name, const std::string& folder,
                                    PictureFormat format) {
-    auto formats = kFormats;
-    std::ranges::stable_partition(formats, [format](const FormatName& one) { return one.format == format; });
+    const auto formats = FormatNames(format);
     std::string filter;
     for (const FormatName& one : formats) {
-        filter += (filter.empty() ? "" : "|") + HostText(one.key, one.text) + "|*." + one.ending;
+        filter += (filter.empty() ? "" : "|") + one.text + "|*." + one.ending;
     }
-    const std::string ending = formats.front().ending;
+    const std::string& ending = formats.front().ending;
     return owl::CurrentModalGateway().AskFileToSave(owner, {.title = HostText("pictureTitle", "Save Picture"),
                                                             .filter = filter,
                                                             .extension = ending,
@@ -88,7 +92,7 @@ std::optional<std::string> SavePicture(HWND owner, const ViewToShow& shown, Gene
     const QPointer<TheChild> alive(&shown.view);
     while (const auto file = AskFile(owner, shown.name, ReadText(platform, kFolder), settings.format)) {
         if (!alive) {
-            break; // a page that a script or the session took away meanwhile
+            break; // closed while the chooser was open
         }
         try {
             Write(*file, shown, settings);
