@@ -55,6 +55,7 @@ void ShowAnalyses(const GallerySample& sample, ModuleBridge* bridge, const TakeP
     LetItFollow();
     constexpr double kFirstClosed = 30; // seconds
     bench.Middle().PointAtTime(XTime::FromSeconds(kFirstClosed));
+    LetItFollow();
     take(bench.Window());
 }
 
