@@ -98,6 +98,7 @@ std::unique_ptr<QApplication> StartQt(Screen screen, double scale) {
 Application::Application(Screen screen, double scale) : qt_(StartQt(screen, scale)) {
     QApplication::setApplicationName("orvanta");
     QApplication::setApplicationDisplayName("Orvanta");
+    QApplication::setDesktopFileName("orvanta"); // the icon of its windows
     SetLanguage({});
     QObject::connect(&interruptWatch_, &QTimer::timeout, qt_.get(), [] {
         if (platform::WasInterrupted()) {

@@ -35,7 +35,8 @@ std::array<FormatName, 3> FormatNames(PictureFormat chosen) {
     std::array names = {FormatName{PictureFormat::Png, "png", HostText("picturesPng", "PNG pictures")},
                         FormatName{PictureFormat::Svg, "svg", HostText("picturesSvg", "SVG drawings")},
                         FormatName{PictureFormat::Pdf, "pdf", HostText("picturesPdf", "PDF documents")}};
-    std::ranges::stable_partition(names, [chosen](const FormatName& one) { return one.format == chosen; });
+    std::stable_partition(names.begin(), names.end(),
+                          [chosen](const FormatName& one) { return one.format == chosen; });
     return names;
 }
 
@@ -90,7 +91,7 @@ std::optional<std::string> SavePicture(HWND owner, const ViewToShow& shown, Gene
     const PictureSettings settings = dialog.Settings();
     StorePictureSettings(platform, settings);
     const QPointer<TheChild> alive(&shown.view);
-    while (const auto file = AskFile(owner, shown.name, ReadText(platform, kFolder), settings.format)) {
+    while (auto file = AskFile(owner, shown.name, ReadText(platform, kFolder), settings.format)) {
         if (!alive) {
             break; // closed while the chooser was open
         }
