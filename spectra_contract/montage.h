@@ -119,6 +119,9 @@ public:
     /// Appends a user montage and returns its index. A user montage of the same name (case ignored) is
     /// replaced; one that is named as a standard montage gets " (user)" behind its name.
     std::size_t Add(MontageType montage);
+    /// Adds these in place of all user montages. The current one stays so when there still is one of its
+    /// name; else "as recorded" becomes it. What is in use is the recording's business.
+    void ReplaceUser(std::vector<MontageType> montages);
 
 private:
     std::unique_ptr<Impl> impl_;

@@ -108,6 +108,10 @@ public:
     /// \param notify tell the listeners of GetMontageFlag
     /// \param replacement use this montage instead of the list's entry; null for the entry itself
     bool ChangeMntg(std::size_t index, bool notify, const MontageType* replacement = nullptr);
+    /// From now on the average reference is the mean of these, in the list and where it is in use, which is
+    /// told; none: of all. Those that are bad, or no electrode of that montage, take no part, and when fewer
+    /// than two are left it is the mean of all.
+    void SetAverageElectrodes(const SensorList& electrodes);
     /// Set when the montage changed and the change is to be told.
     ManagedFlag& GetMontageFlag() const;
 

@@ -36,6 +36,7 @@ constexpr Call kCalls[] = {
     {R"(Caption\{)", "HOST"},
     {R"(EventText\()", "EVENTS"},
     {R"(TraceText\()", "TRACES"},
+    {R"(MontageWords\()", "MONTAGES"},
     {R"(TraceRow\{kCm[A-Za-z]+,)", "TRACES"},
     {R"re(TextOr\([^;]*?"([A-Za-z_0-9]+)",)re", ""},
 };
@@ -122,7 +123,7 @@ TEST(BuiltInTexts, UseEveryTextOfFormsAndMessageBoxes) {
     for (const QString& key : english.keys()) {
         if (key.startsWith("TForm") || key.startsWith("DIALOG_") || key.startsWith("MACRO/") ||
             key.startsWith("MODULE/") || key.startsWith("HOST/") || key.startsWith("EVENTS/") ||
-            key.startsWith("TRACES/")) {
+            key.startsWith("TRACES/") || key.startsWith("MONTAGES/")) {
             const QString control = key.section('/', 1).section('.', 0, 0);
             EXPECT_TRUE(used.contains(key) || namedInCode.contains(control))
                 << key.toStdString() << " is used nowhere";

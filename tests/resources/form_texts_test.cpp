@@ -28,6 +28,7 @@
 #include "ui_macro_selection.h"
 #include "ui_map_palette.h"
 #include "ui_map_settings.h"
+#include "ui_montage_editor.h"
 #include "ui_regression_panel.h"
 #include "ui_regression_results.h"
 #include "ui_spectrum_macro.h"
@@ -214,6 +215,10 @@ TEST(GermanForms, GoToTimeSpeaksGermanThroughout) {
 
 TEST(GermanForms, ChannelsDialogSpeaksGermanThroughout) {
     ExpectGerman(Ui::TFormTraceChannels(), "TFormTraceChannels", 4);
+}
+
+TEST(GermanForms, MontageEditorSpeaksGermanThroughout) {
+    ExpectGerman(Ui::TFormMontageEditor(), "TFormMontageEditor");
 }
 
 TEST(GermanForms, AreSpokenInGerman) {

@@ -79,6 +79,11 @@ public:
     virtual std::int32_t SelectMacro(HWND parent, SpectraMacro& macro, EventsManager* events,
                                      const SensorList& sensors, int mode,
                                      const GenericPlatform& platform) = 0;
+    /// Lets the user choose electrodes.
+    /// \param parent of another class than owl::TWindow counts as none
+    /// \param selected at first; replaced on OK only
+    /// \return false when the user cancelled
+    virtual bool ChooseElectrodes(HWND parent, SensorList& selected, const SensorList& all) = 0;
     /// Draws the spectrum view of analyses that are computed, of the size given.
     /// \param window its settings of the view become those of the page
     /// \param manager of \p recording's analyses

@@ -6,11 +6,14 @@
 #include "host/review/bridge/maps_drawing.h"
 #include "host/review/bridge/refresh_view.h"
 #include "host/review/bridge/spectrum_drawing.h"
+#include "host/toolkit/modal_gateway.h"
+#include "host/toolkit/window.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/api.h"
 #include "spectra_contract/module_entry.h"
 #include "spectra_contract/recording.h"
+#include "spectral_maps/dialogs/electrodes_dialog.h"
 #include "spectral_maps/spect_map.h"
 #include "spectrum_view/spectrum.h"
 
@@ -30,6 +33,11 @@ public:
         TFormMacroSpectra form(nullptr, parent, &macro, events, sensors, mode, &platform);
         form.ShowModal();
         return form.GetResult();
+    }
+
+    bool ChooseElectrodes(HWND parent, SensorList& selected, const SensorList& all) override {
+        return CARElectSelDlg(dynamic_cast<owl::TWindow*>(parent.Widget()), selected, all).Execute() ==
+               owl::kIdOk;
     }
 
     std::vector<DrawnPlot> DrawSpectrum(GlobalWindow& window, EEGFileInfoType& recording, SpectraMgr& manager,

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/montage/montage_file.h"
 
-#include "host/signal_base/recording_error.h"
 #include "host/signal_base/text.h"
 #include "host/signal_base/text_encoding.h"
 
@@ -24,7 +23,7 @@ public:
         : text_(text), file_(file), line_(line) {}
 
     [[noreturn]] void Refuse(const std::string& reason, const std::string& remedy) const {
-        throw RecordingError(file_, "line " + std::to_string(line_) + ": " + reason, remedy);
+        throw MontageError(file_, line_, reason, remedy);
     }
 
     bool AtEnd() {
@@ -189,15 +188,13 @@ private:
 
     void CheckNotEmpty() const {
         if (!montages_.empty() && montages_.back().channels.empty()) {
-            throw RecordingError(file_,
-                                 "line " + std::to_string(start_) + ": montage \"" + montages_.back().name +
-                                     "\" has no channel",
-                                 "write its channels below the name");
+            throw MontageError(file_, start_, "montage \"" + montages_.back().name + "\" has no channel",
+                               "write its channels below the name");
         }
     }
 
     [[noreturn]] void Refuse(const std::string& reason, const std::string& remedy) const {
-        throw RecordingError(file_, "line " + std::to_string(line_) + ": " + reason, remedy);
+        throw MontageError(file_, line_, reason, remedy);
     }
 
     const std::string& file_;

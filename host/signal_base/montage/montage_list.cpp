@@ -49,6 +49,20 @@ MontageType* MontageList::GetRefMtg() const {
     return impl_->montages[impl_->reference].get();
 }
 
+void MontageList::ReplaceUser(std::vector<MontageType> montages) {
+    const std::string current = impl_->montages[impl_->current]->GetName();
+    // They stand behind the standard ones, whose places stay.
+    std::erase_if(impl_->montages,
+                  [](const auto& montage) { return montage->GetKind() == MontageType::Kind::User; });
+    for (MontageType& montage : montages) {
+        Add(std::move(montage));
+    }
+    const auto same = std::find_if(begin(), end(), [&](const auto& montage) {
+        return orvanta::signal::SameText(montage->GetName(), current);
+    });
+    impl_->current = same == end() ? impl_->unipolar : static_cast<std::size_t>(same - begin());
+}
+
 std::size_t MontageList::Add(MontageType montage) {
     using orvanta::signal::SameText;
     const auto sameName = [&](const std::string& name) {

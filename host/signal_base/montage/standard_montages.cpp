@@ -89,7 +89,7 @@ const SensorType* DefaultReference(const Sensors& sensors) {
     return electrodes.empty() ? nullptr : scalp == electrodes.end() ? electrodes.front() : *scalp;
 }
 
-MontageType AverageMontage(const Sensors& sensors) {
+MontageType AverageMontage(const Sensors& sensors, const SensorList& chosen) {
     std::vector<const SensorType*> electrodes = Electrodes(sensors);
     const auto inside = [](const SensorType* sensor) { return sensor->GetType() == Sensor::IntracranialEeg; };
     if (!std::all_of(electrodes.begin(), electrodes.end(), inside)) {
@@ -98,6 +98,13 @@ MontageType AverageMontage(const Sensors& sensors) {
     electrodes = MostComparable(electrodes);
     std::vector<const SensorType*> good = electrodes;
     std::erase_if(good, [](const SensorType* sensor) { return sensor->IsBad(); });
+    std::vector<const SensorType*> wanted = good;
+    std::erase_if(wanted, [&](const SensorType* sensor) {
+        return std::find(chosen.begin(), chosen.end(), sensor) == chosen.end();
+    });
+    if (wanted.size() > 1) {
+        good = std::move(wanted);
+    }
 
     Channels channels;
     if (good.size() > 1) {

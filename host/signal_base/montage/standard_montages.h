@@ -22,7 +22,8 @@ const SensorType* DefaultReference(const Sensors& sensors);
 /// Every electrode against the mean of all that are not marked bad. Contacts inside the skull take part only
 /// when there is no electrode on the scalp, electrodes recorded against another reference than most and those
 /// in raw values not at all; empty when no reference is that of most.
-MontageType AverageMontage(const Sensors& sensors);
+/// \param chosen the mean is of those of them that are here, when they are two or more
+MontageType AverageMontage(const Sensors& sensors, const SensorList& chosen = {});
 
 /// All montages that can be made, in this order: as recorded; longitudinal bipolar; transverse bipolar;
 /// average reference; reference; linked ears; linked mastoids. As recorded is always there, and serves as the

@@ -41,7 +41,7 @@ bool EEGFileInfoType::ChangeMntg(std::size_t index, bool notify, const MontageTy
     }
     if (chosen->GetKind() == MontageType::Kind::AverageReference) {
         // Sensors may have been marked bad, or good again, since it was made.
-        *chosen = orvanta::signal::AverageMontage(impl_->recording->Sensors());
+        *chosen = orvanta::signal::AverageMontage(impl_->recording->Sensors(), impl_->average);
     }
     impl_->montages->SetCurrentIndex(index);
     impl_->traceInfo->SetMtg(replacement == nullptr ? *chosen : *replacement);
@@ -49,6 +49,21 @@ bool EEGFileInfoType::ChangeMntg(std::size_t index, bool notify, const MontageTy
         impl_->montageFlag.Set();
     }
     return true;
+}
+
+void EEGFileInfoType::SetAverageElectrodes(const SensorList& electrodes) {
+    constexpr auto kAverage = MontageType::Kind::AverageReference;
+    impl_->average = electrodes;
+    const auto listed = std::find_if(impl_->montages->begin(), impl_->montages->end(),
+                                     [](const auto& montage) { return montage->GetKind() == kAverage; });
+    if (listed == impl_->montages->end()) {
+        return;
+    }
+    **listed = orvanta::signal::AverageMontage(impl_->recording->Sensors(), electrodes);
+    if (impl_->traceInfo->GetMtg().GetKind() == kAverage) {
+        impl_->traceInfo->SetMtg(**listed);
+        impl_->montageFlag.Set();
+    }
 }
 
 ManagedFlag& EEGFileInfoType::GetMontageFlag() const {

@@ -24,6 +24,7 @@ struct EEGFileInfoType::Impl {
     std::unique_ptr<EventsManager> events;
     std::unique_ptr<TraceCursorType> cursor;
     std::unique_ptr<MontageList> montages;
+    SensorList average; ///< electrodes chosen for the average reference; empty for all
     std::string label;
     std::string fileName;
     ManagedFlag montageFlag;

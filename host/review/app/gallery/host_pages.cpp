@@ -7,6 +7,7 @@
 #include "host/review/app/events/event_list.h"
 #include "host/review/app/gallery/picture.h"
 #include "host/review/app/gui.h"
+#include "host/review/app/montage/montage_editor.h"
 #include "host/review/app/pictures_out/picture_dialog.h"
 #include "host/review/app/progress_box.h"
 #include "host/toolkit/input_dialog.h"
@@ -68,6 +69,15 @@ void ShowEvents(EEGFileInfoType& recording, const TakePicture& take) {
     editor.Undo();
 }
 
+/// One montage being typed, with a channel that is not there.
+void ShowMontages(EEGFileInfoType& recording, const std::string& lastLine, const TakePicture& take) {
+    const std::string channels = "Fp1-F3 = +Fp1 -F3\nF3-C3  = +F3 -C3\nC3-P3  = +C3 -P3\n";
+    MontageEditor editor(
+        nullptr, {{"Frontal and central", channels + lastLine}, {"Vertex", "Cz = Cz -0.5*A1 -0.5*A2\n"}},
+        &recording);
+    take(editor);
+}
+
 void ShowPalettes(const TakePicture& take) {
     LookAtModal([] { chart::ChoosePalette(nullptr, "inferno"); }, take);
 }
@@ -114,6 +124,10 @@ std::vector<GalleryPage> MakeHostPages(const GallerySample& sample) {
              ShowEvent(recording, {"Artifact", EventClass::Spot, Stretch(-1, -1)}, take);
          }},
         {"event-list", [&recording](const TakePicture& take) { ShowEvents(recording, take); }},
+        {"montages",
+         [&recording](const TakePicture& take) { ShowMontages(recording, "P3-O1  = +P3 -O1\n", take); }},
+        {"montages-wrong",
+         [&recording](const TakePicture& take) { ShowMontages(recording, "P3-O1  = +P3 O1\n", take); }},
         {"map-palette", ShowPalettes},
         {"map-settings", ShowMapSettings},
         {"picture-size",

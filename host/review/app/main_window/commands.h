@@ -52,6 +52,10 @@ public:
     virtual std::vector<std::string> MontageNames() const = 0;
     virtual std::size_t CurrentMontage() const = 0;
     virtual void ChooseMontage(std::size_t index) = 0;
+    /// The user's own.
+    virtual void EditMontages() = 0;
+    /// Needs the module and a recording.
+    virtual void ChooseAverageElectrodes() = 0;
 
     virtual void EditMacros() = 0;
     virtual bool UsesRegression() const = 0;

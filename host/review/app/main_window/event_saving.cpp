@@ -3,6 +3,7 @@
 
 #include "host/platform/interrupts.h"
 #include "host/review/app/events/event_editor.h"
+#include "host/review/app/gui.h"
 #include "host/review/app/main_window/host_text.h"
 #include "host/toolkit/modal_gateway.h"
 #include "spectra_contract/file_path.h"
@@ -10,6 +11,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <array>
 #include <optional>
 
 namespace orvanta::review {
@@ -17,19 +19,20 @@ namespace orvanta::review {
 namespace {
 
 /// \return number of the button, from 0; nothing when the box was closed otherwise
-std::optional<int> Ask(HWND parent, const QString& text, const QString& details,
-                       const std::vector<std::pair<QMessageBox::ButtonRole, QString>>& buttons) {
+std::optional<std::size_t> Ask(HWND parent, const QString& text, const QString& details,
+                               const std::vector<std::pair<QMessageBox::ButtonRole, QString>>& buttons) {
     QMessageBox box(QMessageBox::Warning, "Orvanta", text, QMessageBox::NoButton, parent.Widget());
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(details);
     std::vector<QAbstractButton*> made;
+    made.reserve(buttons.size());
     for (const auto& [role, caption] : buttons) {
         made.push_back(box.addButton(caption, role));
     }
     owl::CurrentModalGateway().RunModal(box);
     for (std::size_t i = 0; i < made.size(); ++i) {
         if (box.clickedButton() == made[i]) {
-            return static_cast<int>(i);
+            return i;
         }
     }
     return std::nullopt;
@@ -54,15 +57,35 @@ bool SaveElsewhere(HWND parent, EventEditor& events) {
     return chosen.has_value();
 }
 
-enum class Next { Done, GivenUp, Again, Elsewhere, Overwrite };
+/// Takes what the other program wrote; the changes here are lost.
+/// \return false when the table makes no sense, after a message
+bool LoadTheirs(EventEditor& events) {
+    try {
+        std::string repairs;
+        for (const std::string& repair : events.Load(events.GetFile())) {
+            repairs += (repairs.empty() ? "" : "\n") + repair;
+        }
+        if (!repairs.empty()) {
+            Gui().ShowWarning(repairs);
+        }
+        return true;
+    } catch (const std::runtime_error& error) {
+        Gui().ShowError(error.what());
+        return false;
+    }
+}
+
+enum class Next { Done, GivenUp, Again, Elsewhere, Overwrite, Load };
 
 Next AfterConflict(HWND parent, const EventsFileChanged& changed) {
     const auto answer =
         Ask(parent, HostQText("eventsConflict", "Another program has changed the events."), changed.what(),
-            {{QMessageBox::DestructiveRole, HostQText("eventsReplace", "&Replace Them")},
+            {{QMessageBox::DestructiveRole, HostQText("eventsOverwrite", "&Overwrite")},
+             {QMessageBox::DestructiveRole, HostQText("eventsLoad", "&Load theirs")},
              {QMessageBox::ActionRole, HostQText("eventsOther", "Save &Elsewhere...")},
              {QMessageBox::RejectRole, Cancel()}});
-    return answer == 0 ? Next::Overwrite : answer == 1 ? Next::Elsewhere : Next::GivenUp;
+    constexpr std::array kAnswers = {Next::Overwrite, Next::Load, Next::Elsewhere, Next::GivenUp};
+    return kAnswers[answer.value_or(kAnswers.size() - 1)];
 }
 
 Next AfterFailure(HWND parent, const std::exception& error) {
@@ -77,6 +100,9 @@ Next TrySave(HWND parent, EventEditor& events, Next how) {
     try {
         if (how == Next::Elsewhere) {
             return SaveElsewhere(parent, events) ? Next::Done : Next::GivenUp;
+        }
+        if (how == Next::Load) {
+            return LoadTheirs(events) ? Next::Done : Next::GivenUp;
         }
         events.Save(how == Next::Overwrite ? EventEditor::Existing::Overwrite : EventEditor::Existing::Keep);
         return Next::Done;

@@ -8,8 +8,9 @@ namespace orvanta::review {
 
 class EventEditor;
 
-/// Asks before it replaces a table that another program has changed; after a failure the user may try again
-/// or choose another file. \return whether the events are in a file now
+/// When another program has changed the table, the user chooses whether to overwrite it, to load it and lose
+/// the changes here, or to save elsewhere; after a failure he may try again or choose another file.
+/// \return whether the events are in a file now
 bool SaveEvents(HWND parent, EventEditor& events);
 
 /// Asks what becomes of changes that are not saved. When the program is interrupted they are saved.

@@ -187,6 +187,11 @@ void Menus::FillMontages() {
     if (names.empty()) {
         montage_->addAction(HostQText("montageNone", "No recording is open"))->setEnabled(false);
     }
+    montage_->addSeparator();
+    Add(*montage_, Caption{"montageEdit", "&Montages..."}, {}, [this] { commands_.EditMontages(); });
+    Add(*montage_, Caption{"montageAverage", "Common &Average Electrodes..."}, {}, [this] {
+        commands_.ChooseAverageElectrodes();
+    })->setEnabled(commands_.CanAnalyse());
 }
 
 void Menus::AddTools() {

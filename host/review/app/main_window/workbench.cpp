@@ -149,6 +149,7 @@ bool Workbench::Load(const std::string& path) {
     }
     Unload();
     document_ = std::move(opened);
+    const std::vector<std::string> remarks = OfferMontages();
     eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
                                                       [this] { EventsChanged(); });
     montageChanged_ = std::make_unique<ActionListener>("Workbench", document_->Recording().GetMontageFlag(),
@@ -163,7 +164,7 @@ bool Workbench::Load(const std::string& path) {
         }
     }
     montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
-    middle_->Repairs().Tell(HostQText("repairs", "About this recording"), Lines(document_->Repairs()));
+    middle_->Repairs().Tell(HostQText("repairs", "About this recording"), Lines(remarks));
     middle_->ShowWelcome(false);
     OpenWantedViews();
     views_->Focus();

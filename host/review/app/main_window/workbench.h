@@ -85,6 +85,8 @@ public:
     std::vector<std::string> MontageNames() const override;
     std::size_t CurrentMontage() const override;
     void ChooseMontage(std::size_t index) override;
+    void EditMontages() override;
+    void ChooseAverageElectrodes() override;
 
     void EditMacros() override;
     bool UsesRegression() const override;
@@ -103,6 +105,8 @@ private:
     bool MayUnload();
     void Unload();
     void StoreSession();
+    /// Offers the user's montages for what was opened. \return what is worth knowing about it
+    std::vector<std::string> OfferMontages();
     void OpenView(ViewKind kind);
     void ShowState();
     /// Shows what changed without being told.

@@ -10,6 +10,8 @@
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/review/app/module_bridge.h"
+#include "host/review/app/montage/average_electrodes.h"
+#include "host/review/app/montage/montage_editor.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -100,6 +102,33 @@ std::size_t Workbench::CurrentMontage() const {
 void Workbench::ChooseMontage(std::size_t index) {
     if (document_ != nullptr && !gui_.IsBusy()) {
         document_->Recording().ChangeMntg(index, true); // which is told
+    }
+}
+
+std::vector<std::string> Workbench::OfferMontages() {
+    EEGFileInfoType& recording = document_->Recording();
+    const MontageFiles montages = LoadMontageFiles(platform_.GetAppFolder(kMontageFolder));
+    RestoreAverageElectrodes(recording, platform_);
+    std::vector<std::string> remarks = document_->Repairs();
+    for (const auto& more : {montages.problems, review::OfferMontages(recording, montages.files)}) {
+        remarks.insert(remarks.end(), more.begin(), more.end());
+    }
+    if (std::string average = AverageRemark(recording); !average.empty()) {
+        remarks.push_back(std::move(average));
+    }
+    return remarks;
+}
+
+void Workbench::EditMontages() {
+    if (!gui_.IsBusy()) {
+        review::EditMontages(HWND(shell_.get()), platform_.GetAppFolder(kMontageFolder),
+                             document_ != nullptr ? &document_->Recording() : nullptr);
+    }
+}
+
+void Workbench::ChooseAverageElectrodes() {
+    if (CanAnalyse() && !gui_.IsBusy()) {
+        review::ChooseAverageElectrodes(HWND(middle_), *setup_.bridge, document_->Recording(), platform_);
     }
 }
 

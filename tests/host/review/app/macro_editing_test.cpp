@@ -52,6 +52,9 @@ public:
         Note(macro, events);
         return Answer;
     }
+    bool ChooseElectrodes(HWND /*parent*/, SensorList& /*selected*/, const SensorList& /*all*/) override {
+        return false;
+    }
     std::vector<orvanta::review::DrawnPlot>
     DrawSpectrum(GlobalWindow& /*window*/, EEGFileInfoType& /*recording*/, SpectraMgr& /*manager*/,
                  const orvanta::review::SpectrumPage& /*page*/, const owl::TSize& /*size*/,

@@ -38,6 +38,22 @@ TEST(ParseMontages, ReadsOneChannelALine) {
     EXPECT_EQ(Parse("Fp1-F3 = +Fp1 -F3\nF3-C3 = +F3 -C3\n"), expected);
 }
 
+TEST(ParseMontages, NamesTheLineOfAnError) {
+    struct Case {
+        const char* text;
+        std::size_t line;
+    };
+    for (const Case& wrong : {Case{"a = +Fp1\nb = +Fp1 F3\n", 2}, Case{"\n\nc\n", 3},
+                              Case{"a = Fp1\n[b]\n\n[c]\nd = Fp1\n", 2}}) {
+        try {
+            Parse(wrong.text);
+            ADD_FAILURE() << wrong.text;
+        } catch (const MontageError& error) {
+            EXPECT_EQ(error.Line(), wrong.line) << error.what();
+        }
+    }
+}
+
 TEST(ParseMontages, ReadsWeights) {
     EXPECT_EQ(TermsOf("+Cz -0.5*A1 -0.5*A2"), (Terms{{1, "Cz"}, {-0.5, "A1"}, {-0.5, "A2"}}));
     EXPECT_EQ(TermsOf("2 * Cz - 1e-1 * A1"), (Terms{{2, "Cz"}, {-0.1, "A1"}}));

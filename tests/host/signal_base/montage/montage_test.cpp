@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/montage/montage_file.h"
 #include "host/signal_base/recording.h"
 #include "host/signal_base/recording_error.h"
 #include "tests/support/memory_source.h"
@@ -122,6 +123,98 @@ TEST(AverageReference, LeavesBadElectrodesOutOnceItIsChosenAgain) {
     ASSERT_EQ(montage.GetName(), "Average reference");
     EXPECT_EQ(montage.GetNumTraces(), 3U);
     EXPECT_THAT(montage.GetChn(0)->GetCommonAverage(), ElementsAre(sensors[0].get(), sensors[2].get()));
+}
+
+/// Electrodes whose mean the first channel of the montage in use lacks.
+std::vector<std::string> Averaged(const EEGFileInfoType& file) {
+    std::vector<std::string> names;
+    for (const SensorType* sensor : file.GetTraceInfo()->GetMtg().GetChn(0)->GetCommonAverage()) {
+        names.push_back(sensor->GetName());
+    }
+    return names;
+}
+
+SensorList SensorsOf(const EEGFileInfoType& file, const std::vector<std::string>& names) {
+    SensorList sensors;
+    for (const std::string& name : names) {
+        sensors.push_back(file.GetTraceInfo()->FindSensor(name));
+    }
+    return sensors;
+}
+
+TEST(AverageReference, IsThatOfTheChosenElectrodesInWhateverOrder) {
+    const auto file = Open({"C3", "C4", "Cz", "ECG"});
+    file->SetAverageElectrodes(SensorsOf(*file, {"Cz", "C3", "ECG"}));
+    ASSERT_TRUE(file->ChangeMntg(2, true));
+    EXPECT_THAT(Averaged(*file), ElementsAre("C3", "Cz"));
+    EXPECT_THAT(Channels(&file->GetTraceInfo()->GetMtg()), ElementsAre("C3-Avg", "C4-Avg", "Cz-Avg"));
+}
+
+TEST(AverageReference, ChangesWhereItIsInUse) {
+    const auto file = Open({"C3", "C4", "Cz"});
+    file->ChangeMntg(2, false);
+    const MontageType before = file->GetTraceInfo()->GetMtg();
+    file->SetAverageElectrodes(SensorsOf(*file, {"C3", "C4"}));
+    EXPECT_THAT(Averaged(*file), ElementsAre("C3", "C4"));
+    EXPECT_FALSE(file->GetTraceInfo()->GetMtg() == before) << "or analyses would not notice";
+    file->SetAverageElectrodes({});
+    EXPECT_TRUE(file->GetTraceInfo()->GetMtg() == before);
+}
+
+TEST(AverageReference, LeavesAnotherMontageInUseAlone) {
+    const auto file = Open({"C3", "C4", "Cz"});
+    file->SetAverageElectrodes(SensorsOf(*file, {"C3", "C4"}));
+    EXPECT_EQ(file->GetTraceInfo()->GetMtg().GetName(), "As recorded");
+}
+
+TEST(AverageReference, IsThatOfAllWhenFewerThanTwoOfTheChosenAreGood) {
+    const auto file = Open({"C3", "C4", "Cz"});
+    file->SetAverageElectrodes(SensorsOf(*file, {"C3", "C4"}));
+    file->GetTraceInfo()->FindSensor("C3")->SetBad(true);
+    file->ChangeMntg(2, false);
+    EXPECT_THAT(Averaged(*file), ElementsAre("C4", "Cz"));
+    file->GetTraceInfo()->FindSensor("C3")->SetBad(false);
+    file->ChangeMntg(2, false);
+    EXPECT_THAT(Averaged(*file), ElementsAre("C3", "C4")) << "the choice is not forgotten";
+}
+
+MontageType UserMontage(const EEGFileInfoType& file, const std::string& name, const std::string& channel) {
+    const std::string text = "[" + name + "]\n" + channel + "\n";
+    return MakeUserMontage(ParseMontages(text, "f").at(0), "f", *file.GetTraceInfo());
+}
+
+TEST(UserMontages, AreReplacedAllAtOnceBehindTheOthers) {
+    const auto file = Open({"Foo", "Bar"});
+    MontageList& list = *file->GetMontageList();
+    list.Add(UserMontage(*file, "old", "a = Foo"));
+    std::vector<MontageType> montages;
+    montages.push_back(UserMontage(*file, "new", "a = Foo"));
+    montages.push_back(UserMontage(*file, "as recorded", "b = Bar"));
+    list.ReplaceUser(std::move(montages));
+    EXPECT_THAT(Montages(*file), ElementsAre("As recorded", "Average reference", "Reference Foo", "new",
+                                             "as recorded (user)"));
+}
+
+TEST(UserMontages, StayCurrentByTheirNameElseAsRecordedBecomesCurrent) {
+    const auto file = Open({"Foo", "Bar"});
+    MontageList& list = *file->GetMontageList();
+    list.Add(UserMontage(*file, "one", "a = Foo"));
+    list.SetCurrentIndex(list.Add(UserMontage(*file, "two", "a = Foo")));
+    std::vector<MontageType> montages;
+    montages.push_back(UserMontage(*file, "Two", "a = Bar"));
+    list.ReplaceUser(std::move(montages));
+    EXPECT_EQ(list.GetCurrentIndex(), 3U);
+    EXPECT_EQ(list.Get(3)->GetName(), "Two");
+    list.ReplaceUser({});
+    EXPECT_EQ(list.GetCurrentIndex(), 0U);
+    EXPECT_EQ(list.Size(), 3U);
+}
+
+TEST(UserMontages, AreWrittenAsTheyAreRead) {
+    const auto file = Open({"Fp1", "A1", "A2", "EEG 1"});
+    const std::string text = "Cz-A = +Fp1 -0.5*A1 -0.25*A2\nother = -\"EEG 1\" +2*A1\n";
+    const MontageType montage = MakeUserMontage(ParseMontages(text, "f").at(0), "f", *file->GetTraceInfo());
+    EXPECT_EQ(FormatMontage(montage), text);
 }
 
 TEST(Reference, SubtractsOneElectrodeFromEveryOther) {

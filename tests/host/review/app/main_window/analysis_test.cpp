@@ -123,7 +123,7 @@ TEST_F(Analysing, AMontageIsChosenInTheMenu) {
     AddAnalysis();
     Opens("menuMontage");
     const QList<QAction*> items = Menu("menuMontage").actions();
-    ASSERT_EQ(items.size(), 5);
+    ASSERT_EQ(items.size(), 8) << "montages, a line, editor and electrodes";
     EXPECT_TRUE(items[0]->isChecked());
     EXPECT_EQ(items[1]->text(), "Longitudinal bipolar");
     items[1]->trigger();
@@ -240,10 +240,43 @@ TEST_F(Analysing, EventsThatAnotherProgramChangedAreReplacedOnRequest) {
     Answer("&Cancel");
     bench->SaveEvents();
     EXPECT_TRUE(bench->HasChangedEvents());
-    Answer("&Replace Them");
+    Answer("&Overwrite");
     bench->SaveEvents();
     EXPECT_FALSE(bench->HasChangedEvents());
     EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
+}
+
+TEST_F(Analysing, EventsThatAnotherProgramChangedAreLoadedOnRequest) {
+    Start(Demo());
+    AddEvent();
+    folder.Write("demo_events.tsv", "onset\tduration\ttrial_type\n3\t0\tother\nsoon\t0\tz\n");
+    Answer("&Load theirs");
+    user.AnswersMessage(owl::kIdOk);
+    bench->SaveEvents();
+    EXPECT_FALSE(bench->HasChangedEvents());
+    const auto labels = [this] {
+        std::vector<std::string> found;
+        for (const EventRecord& event : bench->Current()->Events().Events()) {
+            found.push_back(event.Label);
+        }
+        return found;
+    };
+    EXPECT_THAT(labels(), testing::Contains("other"));
+    EXPECT_THAT(labels(), testing::Not(testing::Contains("Artifact")));
+    ASSERT_EQ(user.Messages().size(), 1U);
+    EXPECT_EQ(user.Messages()[0].text, "demo_events.tsv: line 3: onset \"soon\" is no time, row left out");
+}
+
+TEST_F(Analysing, EventsStayWhenWhatAnotherProgramWroteCannotBeLoaded) {
+    Start(Demo());
+    AddEvent();
+    folder.Write("demo_events.tsv", "notes\n");
+    Answer("&Load theirs");
+    user.AnswersMessage(owl::kIdOk);
+    bench->SaveEvents();
+    EXPECT_TRUE(bench->HasChangedEvents());
+    EXPECT_EQ(folder.Read("demo_events.tsv"), "notes\n");
+    Answer("&Discard");
 }
 
 TEST_F(Analysing, EventsThatCannotBeSavedAreSavedElsewhere) {
