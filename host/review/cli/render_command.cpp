@@ -58,7 +58,8 @@ void ParseSize(const std::string& text, review::PictureRequest& request) {
 }
 
 void CheckPixels(const review::PictureRequest& request) {
-    if (request.width * request.scale * request.height * request.scale > kMostPixels) {
+    const double pixels = request.width * request.scale * request.height * request.scale;
+    if (!(pixels <= kMostPixels)) { // a scale may be no number
         throw UsageError("--size and --scale: more than " +
                          std::to_string(static_cast<int>(kMostPixels / 1e6)) +
                          " million pixels (choose a smaller one, or .svg or .pdf with --scale 1)");

@@ -77,9 +77,6 @@ class Usage(CommandLineTest):
             with self.subTest(command=command):
                 self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
 
-    def test_no_command_is_bad_usage(self):
-        self.assert_refused(self.orvanta(), r"^orvanta: .+ \(see orvanta --help\)$")
-
     def test_an_unknown_option_is_bad_usage(self):
         self.assert_refused(self.orvanta("info", self.demo, "--nonsense"), r"^orvanta: .*--nonsense")
 
