@@ -67,6 +67,7 @@ std::vector<Entry> DefinedBands() {
 
 std::vector<Entry> Measures() {
     std::vector<Entry> measures;
+    measures.reserve(SPECT::Meas::Count);
     for (int i = 0; i < static_cast<int>(SPECT::Meas::Count); ++i) {
         measures.push_back({i, spectral::MeasureName(static_cast<SPECT::Meas::Type>(i))});
     }

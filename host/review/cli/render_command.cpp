@@ -79,8 +79,13 @@ void Refuse(const std::vector<const CLI::Option*>& options, const std::string& v
             const std::string& other) {
     for (const CLI::Option* option : options) {
         if (option->count() > 0) {
-            throw UsageError(option->get_name() + ": belongs to --view " + other + ", not to --view " + view +
-                             " (leave it out, or choose the other view)");
+            std::string refusal = option->get_name();
+            refusal += ": belongs to --view ";
+            refusal += other;
+            refusal += ", not to --view ";
+            refusal += view;
+            refusal += " (leave it out, or choose the other view)";
+            throw UsageError(refusal);
         }
     }
 }

@@ -45,7 +45,7 @@ std::filesystem::path EventsTableOf(const std::string& path) {
         names.insert(names.begin(), bids);
     }
     for (const std::string& name : names) {
-        const std::filesystem::path table = recording.parent_path() / name;
+        std::filesystem::path table = recording.parent_path() / name;
         std::error_code unreadable;
         if (std::filesystem::exists(table, unreadable)) {
             return table;

@@ -61,7 +61,8 @@ std::optional<Session> LoadSession(const std::string& file) {
     Session session;
     session.position = root["position"].toDouble();
     session.montage = Text(root["montage"]);
-    for (const QJsonValue& value : analyses) {
+    for (const auto& element : analyses) {
+        const QJsonValue value = element;
         session.analyses.push_back({Text(value["macro"]), Text(value["settings"])});
     }
     session.main = Place(root["main"]);
