@@ -123,16 +123,7 @@ void SpectMap::CmSpectraInfo() {
 }
 
 void SpectMap::CmSelectFont() {
-    const QPointer<SpectMap> alive(this);
-    const bool chosen = ChooseChildFont();
-    if (!alive) {
-        return;
-    }
-    if (chosen) {
-        SetWholeRect();
-        Invalidate();
-    }
-    SetFocus();
+    MultiMapWin::CmSelectFont();
 }
 
 void SpectMap::CmLock() {

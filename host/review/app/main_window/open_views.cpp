@@ -14,10 +14,6 @@
 
 namespace orvanta::review {
 
-namespace {
-constexpr std::array kKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps};
-} // namespace
-
 OpenViews::OpenViews(MainWindow& window, ModuleBridge* bridge) : window_(window), bridge_(bridge) {}
 
 bool OpenViews::CanShow(ViewKind kind) const {
@@ -58,7 +54,7 @@ void OpenViews::Close(ViewKind kind) {
 }
 
 void OpenViews::CloseAll() {
-    for (const ViewKind kind : kKinds) {
+    for (const ViewKind kind : kViewKinds) {
         Close(kind);
     }
 }

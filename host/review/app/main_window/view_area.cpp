@@ -87,11 +87,11 @@ void ViewArea::Fill(ViewKind kind) {
 
 void ViewArea::ShowFrames() {
     bool others = false;
-    for (std::size_t i = 0; i < kViewKinds; ++i) {
-        if (FramedView* frame = frames_[i]) {
-            const bool shown = !filled_ || At(*filled_) == i;
+    for (const ViewKind kind : kViewKinds) {
+        if (FramedView* frame = frames_[At(kind)]) {
+            const bool shown = !filled_ || *filled_ == kind;
             frame->setVisible(shown);
-            others = others || (shown && i != At(ViewKind::Traces));
+            others = others || (shown && kind != ViewKind::Traces);
         }
     }
     others_->setVisible(others);

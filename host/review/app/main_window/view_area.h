@@ -15,7 +15,8 @@
 namespace orvanta::review {
 
 enum class ViewKind { Traces, Spectrum, Maps };
-constexpr std::size_t kViewKinds = 3;
+
+inline constexpr std::array kViewKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps};
 
 enum class Arrangement {
     TracesAbove,  ///< the traces above, the others beside each other
@@ -54,7 +55,7 @@ private:
 
     Arrangement arrangement_ = Arrangement::TracesAbove;
     QSplitter* others_; ///< spectrum and maps
-    std::array<QPointer<FramedView>, kViewKinds> frames_;
+    std::array<QPointer<FramedView>, kViewKinds.size()> frames_;
     std::optional<ViewKind> filled_;
     QList<int> sizes_, otherSizes_; ///< as they were stored; empty for a new user
 };

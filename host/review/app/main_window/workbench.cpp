@@ -36,7 +36,6 @@ constexpr const char* kLayout = "ViewLayout";
 constexpr const char* kHidden = "HiddenViews";
 constexpr const char* kStatMode = "StatMode";
 constexpr int kStatePoll = 200; // ms
-constexpr std::array kKinds = {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps};
 
 QStringList Lines(const std::vector<std::string>& texts) {
     QStringList lines;
@@ -240,7 +239,7 @@ bool Workbench::HasAnalysisFor(ViewKind kind) {
 
 void Workbench::OpenWantedViews() {
     const bool analysed = document_->Analyses().GetMain() != nullptr;
-    for (const ViewKind kind : kKinds) {
+    for (const ViewKind kind : kViewKinds) {
         if (IsWanted(kind) && (analysed || kind != ViewKind::Maps)) {
             OpenView(kind);
         }
