@@ -26,7 +26,16 @@ foreach(size 16 24 32 48 64 128 256)
         RENAME orvanta.png)
 endforeach()
 install(FILES resources/icons/orvanta.svg DESTINATION ${icons_folder}/scalable/apps)
-install(FILES ${desktop_files}/orvanta.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# Debian wants man page and list of changes compressed, without a time in them.
+find_program(GZIP gzip REQUIRED)
+foreach(text orvanta.1 changelog)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${desktop_files}/${text})
+    execute_process(COMMAND ${GZIP} -9nc ${desktop_files}/${text}
+        OUTPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/${text}.gz COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orvanta.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # The manual where the program looks for it, with the pages and pictures that it points to. One step less lies
 # between it and the resources than in the source tree.
@@ -48,9 +57,10 @@ set(CPACK_PACKAGE_NAME orvanta)
 set(CPACK_PACKAGE_VENDOR "Orvanta developers")
 set(CPACK_PACKAGE_CONTACT "Orvanta developers <orvanta@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "review EEG recordings and analyse their spectra")
-set(CPACK_PACKAGE_DESCRIPTION "Shows EEG recordings (EDF, BDF, BrainVision) as traces, keeps events and artifacts, \
-and computes power, amplitude, coherence and phase spectra, band measures, comparisons with statistics, and \
-topographic maps. Everything works from the command line, too.")
+set(CPACK_PACKAGE_DESCRIPTION "Shows EEG recordings (EDF, BDF, BrainVision) as traces, keeps events and
+artifacts, and computes power, amplitude, coherence and phase spectra,
+band measures, comparisons with statistics, and topographic maps.
+Everything works from the command line, too.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
