@@ -11,7 +11,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTemporaryFile>
+#include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -101,8 +103,13 @@ Application::Application(Screen screen, double scale) : qt_(StartQt(screen, scal
     QApplication::setDesktopFileName("orvanta"); // the icon of its windows
     SetLanguage({});
     QObject::connect(&interruptWatch_, &QTimer::timeout, qt_.get(), [] {
-        if (platform::WasInterrupted()) {
-            QApplication::closeAllWindows();
+        if (!platform::WasInterrupted()) {
+            return;
+        }
+        QApplication::closeAllWindows();
+        // The last window may have closed before there was an event loop that it could end.
+        if (std::ranges::none_of(QApplication::topLevelWidgets(), &QWidget::isVisible)) {
+            QCoreApplication::quit();
         }
     });
     interruptWatch_.start(kInterruptPoll);

@@ -3,12 +3,14 @@
 
 #include "host/platform/host_platform.h"
 #include "host/platform/interrupts.h"
+#include "host/platform/user_folders.h"
 #include "host/review/app/application.h"
 #include "host/review/app/gallery/gallery.h"
 #include "host/review/app/gui.h"
 #include "host/review/app/host_strings.h"
 #include "host/review/app/macro_editing.h"
 #include "host/review/app/main_window/review_run.h"
+#include "host/review/app/main_window/starter_macros.h"
 #include "host/review/app/module_library.h"
 #include "host/review/app/render/cartoon.h"
 #include "host/review/app/render/map_rendering.h"
@@ -28,6 +30,10 @@ int Serve(const EditMacroRequest& request) {
     application.SetStyle(request.style);
     const ModuleLibrary module(LibraryFolder());
     SupplyHostStrings(PModule::Named("Orvanta"));
+    if (request.file.empty()) {
+        InstallStarterMacros(platform::DefaultDataFolder() +
+                             "MACRO/"); // before its folder is made for the list
+    }
     const Gui gui;
     const platform::HostPlatform platform(gui);
     const std::string said = editing.Run(module.Bridge(), platform);

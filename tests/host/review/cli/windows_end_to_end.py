@@ -163,8 +163,27 @@ class MacroEdit(WindowsTest):
                 self.assert_interrupted_silently("macro", "edit", *arguments)
                 self.assertEqual(macro.read_bytes(), before)
 
+    def test_the_list_has_the_programs_macros_from_the_first_time_on(self):
+        self.environment["QT_QPA_PLATFORM"] = "offscreen"
+        self.assert_interrupted_silently("macro", "edit")
+        self.assertEqual(len(list((self.folder / "data" / "orvanta" / "MACRO").glob("*.smx"))), 5)
+
     def test_light_and_dark_exclude_each_other(self):
         self.assert_refused(self.orvanta("macro", "edit", "--light", "--dark"), "--dark|--light")
+
+
+class ReviewEnds(WindowsTest):
+    def test_an_interrupt_ends_it_while_a_message_of_its_start_is_shown(self):
+        self.environment["QT_QPA_PLATFORM"] = "offscreen"
+        log = self.folder / "log"
+        with subprocess.Popen([self.program, "review", "none.edf", "--log", log], env=self.environment) as running:
+            while running.poll() is None and not (log.exists() and "none.edf" in log.read_text()):
+                time.sleep(0.01)
+            running.send_signal(signal.SIGTERM)
+            try:
+                self.assertEqual(running.wait(timeout=30), 0)
+            finally:
+                running.kill()
 
 
 class Gallery(WindowsTest):
