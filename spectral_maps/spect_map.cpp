@@ -2,6 +2,7 @@
 #include "spectral_maps/spect_map.h"
 
 #include "host/chart_view/side_bar_manager.h"
+#include "host/toolkit/form_texts.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -67,6 +68,7 @@ SpectMap::SpectMap(GlobalWindow& window, EEGFileInfoType* recording, SpectraMgr*
                   {kCmView, DPI_AWARE_BMP_ID(kBitmap), kMenu, kIcon, kSmallIcon}),
       spectraMgr_(manager), fileInfo_(recording) {
     SetSource(this);
+    setAccessibleName(QString::fromStdString(owl::TextOr(GetMessages(), "Maps", "View", "Spectral Maps")));
 }
 
 SpectMap::~SpectMap() = default;

@@ -110,6 +110,7 @@ Spectrum::Spectrum(GlobalWindow& window, EEGFileInfoType* recording, SpectraMgr*
       manager_(manager), flag_(flag),
       state_(OpenState(*window.GetUser(), *manager, LoadedRate(), Display())) {
     SetCephalicList();
+    setAccessibleName(QString::fromStdString(owl::TextOr(GetMessages(), kSection, "View", "Spectra")));
 }
 
 Spectrum::~Spectrum() = default;

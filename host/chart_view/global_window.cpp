@@ -7,7 +7,9 @@
 
 SideBarManager::~SideBarManager() = default;
 
-GlobalWindow::GlobalWindow() = default;
+GlobalWindow::GlobalWindow() {
+    setFocusPolicy(Qt::NoFocus); // keys are for the views in it
+}
 
 GlobalWindow::~GlobalWindow() = default;
 

@@ -86,6 +86,30 @@ TEST_P(Language, WritesEveryTextInQuotesAndEveryKeyOnce) {
     EXPECT_EQ(keys.size(), texts_.size());
 }
 
+/// Titles in the menu bar of the application, where one of the last three stands at a time.
+bool IsMenuTitle(const QString& key) {
+    return key.startsWith("HOST/menu") || key == "HOST/spectrumMenu" || key == "HOST/mapsMenu" ||
+           key == "HOST/tracesMenu";
+}
+
+TEST_P(Language, LeavesTheMnemonicsOfTheMenuBarToIt) {
+    QMap<QString, QString> menus;
+    for (auto text = texts_.begin(); text != texts_.end(); ++text) {
+        if (IsMenuTitle(text.key())) {
+            menus[MnemonicOf(text.value())] = text.value();
+        }
+    }
+    EXPECT_GE(menus.size(), 8);
+    for (const char* panel : {"TFormListenerSpectra1/", "TFormListenerSpectraBCI/"}) {
+        for (auto text = texts_.begin(); text != texts_.end(); ++text) {
+            const QString mnemonic = MnemonicOf(text.value());
+            if (text.key().startsWith(panel) && !mnemonic.isEmpty()) {
+                EXPECT_EQ(menus.value(mnemonic).toStdString(), "") << text.value().toStdString();
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Shipped, Language, testing::Values("en", "de"));
 
 // The English menus keep the mnemonics they have always had, two of which are there twice.

@@ -48,9 +48,10 @@ void ShowChange(QAction& action, const QString& verb, const std::string& change)
 }
 
 QString MenuTitle(const std::string& view) {
-    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"menuSpectrum", "&Spectrum"}),
-                                        std::pair("SpectMap", Caption{"menuMaps", "Ma&ps"}),
-                                        std::pair("Traces", Caption{"menuTraces", "T&races"})}) {
+    // Only one of them is there at a time: they share a mnemonic.
+    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"spectrumMenu", "&Spectrum"}),
+                                        std::pair("SpectMap", Caption{"mapsMenu", "Map&s"}),
+                                        std::pair("Traces", Caption{"tracesMenu", "Trace&s"})}) {
         if (view == name) {
             return caption.Text();
         }
