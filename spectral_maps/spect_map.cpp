@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectral_maps/spect_map.h"
 
+#include "host/chart_view/maps/plot_set_store.h"
 #include "host/chart_view/side_bar_manager.h"
 #include "host/toolkit/form_texts.h"
 #include "spectra_contract/platform.h"
@@ -8,7 +9,6 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "spectral_maps/command_ids.h"
 #include "spectral_maps/menu_texts.h"
-#include "spectral_maps/plot_set_store.h"
 #include "spectral_maps/spectral_map_window.h"
 
 #include <typeinfo>
@@ -75,7 +75,7 @@ SpectMap::~SpectMap() = default;
 
 void SpectMap::LoadUserSettings() {
     CartoonStat::LoadUserSettings();
-    plotSet_ = LoadPlotSet(*GW().GetUser(), GetChildName());
+    plotSet_ = orvanta::chart::LoadPlotSet(*GW().GetUser(), GetChildName());
 }
 
 void SpectMap::SetupWindow() {
@@ -97,7 +97,7 @@ void SpectMap::Destroy(int retVal) {
     const bool keep = IsCreated(); // else the settings were not read
     CartoonStat::Destroy(retVal);
     if (keep) {
-        SavePlotSet(*GW().GetUser(), GetChildName(), plotSet_);
+        orvanta::chart::SavePlotSet(*GW().GetUser(), GetChildName(), plotSet_);
     }
 }
 

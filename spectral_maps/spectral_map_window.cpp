@@ -2,8 +2,8 @@
 #include "spectral_maps/spectral_map_window.h"
 
 #include "host/chart_view/global_window.h"
+#include "host/chart_view/maps/plot_set_store.h"
 #include "spectral_maps/command_ids.h"
-#include "spectral_maps/plot_set_store.h"
 
 using namespace orvanta::spectral_maps;
 
@@ -21,7 +21,7 @@ TSpectralMapWindow::TSpectralMapWindow(owl::TWindow* parent, GlobalWindow& windo
     : TMapWindow(parent, window.GetPlatform(), electrodes, showElectrodes, threeD, palette, name, index,
                  contours),
       user_(window.GetUser()) {
-    plotSet_ = LoadPlotSet(*user_, GetSection());
+    plotSet_ = orvanta::chart::LoadPlotSet(*user_, GetSection());
 }
 
 TSpectralMapWindow::~TSpectralMapWindow() = default;
@@ -35,7 +35,7 @@ void TSpectralMapWindow::SetPlotSet(const SPECT::PlotSet& plotSet, bool save) {
     plotSet_ = plotSet;
     SetRange(plotSet_.LoScale, plotSet_.HiScale, plotSet_.bAutoScale, plotSet_.bZeroMin);
     if (save) {
-        SavePlotSet(*user_, GetSection(), plotSet_);
+        orvanta::chart::SavePlotSet(*user_, GetSection(), plotSet_);
     }
 }
 

@@ -29,7 +29,7 @@ std::vector<MapElectrode> ElectrodesOf(const GenericPlatform* platform, const Ma
 
 MapLook LookOf(const MapDisplay& display, const MapSight& sight) {
     return {display.electrodes, display.names,   display.values,  display.ownScale, display.contours,
-            display.font,       sight.textColor, sight.backColor, sight.pixelRatio};
+            display.font,       sight.textColor, sight.backColor, sight.pixelRatio, display.fit};
 }
 
 const Colors& ColorsOf(const MapDisplay& display) {

@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <numeric>
 
 namespace orvanta::chart {
@@ -19,12 +20,18 @@ std::string MapText(const char* key, const std::string& builtIn) {
 
 int DecimalsFor(const ValueRange& scale) {
     constexpr int kDigits = 3;
+    constexpr int kDigitsOfWidth = 2;
     constexpr int kMostDecimals = 9;
-    const double width = scale.high > scale.low ? scale.high - scale.low : std::abs(scale.high);
-    if (!(width > 0) || !std::isfinite(width)) {
+    const double largest = std::max(std::abs(scale.low), std::abs(scale.high));
+    if (!(largest > 0) || !std::isfinite(largest)) {
         return 1;
     }
-    return std::clamp(kDigits - 1 - static_cast<int>(std::floor(std::log10(width))), 0, kMostDecimals);
+    const auto decimals = [](double number, int digits) {
+        return digits - 1 - static_cast<int>(std::floor(std::log10(number)));
+    };
+    const double width = std::min(scale.high - scale.low, std::numeric_limits<double>::max());
+    return std::clamp(std::max(decimals(largest, kDigits), width > 0 ? decimals(width, kDigitsOfWidth) : 0),
+                      0, kMostDecimals);
 }
 
 std::string NumberText(const GenericPlatform* platform, double value, int decimals) {

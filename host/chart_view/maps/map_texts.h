@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/chart_view/maps/map_window.h"
-#include "host/chart_view/topography/map_frame.h"
+#include "host/chart_view/topography/color_scale.h"
 
 #include <string>
 
@@ -12,7 +12,8 @@ namespace orvanta::chart {
 /// A text of the message store's section "Maps", else \p builtIn.
 ORVANTA_API std::string MapText(const char* key, const std::string& builtIn);
 
-/// Decimals with which values on a scale are told apart: three digits of its width. 0 to 9.
+/// Decimals of values on a scale: three digits of its larger end, and as many as its width needs for two. 0
+/// to 9.
 ORVANTA_API int DecimalsFor(const ValueRange& scale);
 
 /// With the user's decimal sign; "n/a" when it is not finite. \param platform may be null

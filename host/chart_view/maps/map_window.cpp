@@ -3,6 +3,7 @@
 
 #include "host/chart_view/maps/map_painting.h"
 #include "host/chart_view/maps/map_texts.h"
+#include "host/chart_view/maps/plot_set_store.h"
 #include "host/chart_view/part_dc.h"
 #include "host/toolkit/qt_painting.h"
 
@@ -66,7 +67,7 @@ TMapWindow::TMapWindow(owl::TWindow* parent, GenericPlatform* platform,
     impl_->platform = platform;
     impl_->threeD = threeD;
     impl_->index = index;
-    impl_->section = std::string(name) + "_Map_" + std::to_string(index);
+    impl_->section = SectionOfMap(name, index);
     impl_->data.electrodes = electrodes;
     const auto palettes = Palettes();
     const bool known = palette >= 0 && static_cast<std::size_t>(palette) < palettes.size();
@@ -282,12 +283,12 @@ void TMapWindow::TellParent(unsigned message, LPARAM second) {
     }
 }
 
-/// Name, value and unit of the electrode under the mouse.
+/// Name, value and unit of the electrode under the mouse; elsewhere a title that is cut.
 void TMapWindow::ShowTip(const owl::TPoint& point) {
     const auto electrode = ElectrodeAt(point);
-    std::string text;
+    const MapData& map = impl_->data;
+    std::string text = impl_->display.fit.titles.whole ? "" : map.title;
     if (electrode) {
-        const MapData& map = impl_->data;
         text = map.electrodes[*electrode].Name + ": " +
                NumberText(impl_->platform, map.ValueOf(*electrode), DecimalsFor(ScaleOf(map)));
         text += map.IsUsed(*electrode) && !map.unit.empty() ? " " + map.unit : "";

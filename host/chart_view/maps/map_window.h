@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/chart_view/topography/head_picture.h"
+#include "host/chart_view/topography/map_look.h"
 #include "host/toolkit/window.h"
 #include "spectra_contract/sensor.h"
 
@@ -25,6 +26,7 @@ struct MapDisplay {
     int contours = 6;       ///< lines between the ends of the scale, 0 to 20
     int opacity = 100;      ///< of a head, per cent: 100 hides what is behind
     owl::TFont font;
+    MapFit fit; ///< what all maps of the view have room for
 
     bool operator==(const MapDisplay&) const = default;
 };

@@ -4,6 +4,7 @@
 
 #include "host/chart_view/maps/map_texts.h"
 #include "host/chart_view/maps/multi_map_impl.h"
+#include "host/chart_view/topography/map_frame.h"
 #include "host/toolkit/painter_dc.h"
 #include "host/toolkit/qt_painting.h"
 
@@ -23,12 +24,21 @@ owl::TFont TitleFont(owl::TFont font) {
     return font;
 }
 
+/// Measures texts as they are drawn on the screen.
+class Ruler {
+public:
+    owl::TDC& DC() { return dc_; }
+
+private:
+    QImage nowhere_{1, 1, QImage::Format_ARGB32_Premultiplied};
+    QPainter painter_{&nowhere_};
+    owl::PainterDC dc_{painter_};
+};
+
 int ScaleWidth(const ColorScale& scale, const owl::TFont& font) {
-    QImage nowhere(1, 1, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&nowhere);
-    owl::PainterDC dc(painter);
-    dc.SelectFont(font);
-    return ScaleExtent(dc, scale).cx;
+    Ruler ruler;
+    ruler.DC().SelectFont(font);
+    return RoomOfScale(ruler.DC(), scale).beside.cx;
 }
 
 } // namespace
@@ -142,12 +152,37 @@ void MultiMapWin::MakeMaps(const MapGrid& grid) {
 void MultiMapWin::ApplyDisplay() {
     MapDisplay display = impl_->settings.display;
     display.ownScale = !SharedScale();
+    display.fit = FitMaps(display.ownScale);
     impl_->settings.display.ownScale = display.ownScale;
     for (const QPointer<TMapWindow>& map : impl_->maps) {
         if (map && map->GetDisplay() != display) {
             map->SetDisplay(display);
         }
     }
+}
+
+MapFit MultiMapWin::FitMaps(bool ownScales) const {
+    if (impl_->layout.maps.empty()) {
+        return {};
+    }
+    Ruler ruler;
+    const owl::TFont& font = impl_->settings.display.font;
+    MapFit fit;
+    std::vector<std::string> titles;
+    ruler.DC().SelectFont(font);
+    for (std::size_t i = 0; i < impl_->InUse(); ++i) {
+        if (const TMapWindow* map = GetMap(i)) {
+            titles.push_back(map->GetTitle());
+            if (ownScales) {
+                const ColorScale scale =
+                    ColorScaleOf(GW().GetPlatform(), map->GetScale(), map->GetMeasureUnit());
+                fit.scale = RoomForBoth(fit.scale, RoomOfScale(ruler.DC(), scale));
+            }
+        }
+    }
+    const owl::TRect& first = impl_->layout.maps.front();
+    fit.titles = FitTitles(ruler.DC(), font, titles, TitleRoom({first.Width(), first.Height()}));
+    return fit;
 }
 
 void MultiMapWin::SetWholeRect() {
@@ -202,6 +237,7 @@ void MultiMapWin::LayOut() {
     if (impl_->lowerBar) {
         impl_->lowerBar->setGeometry(owl::ToQRect(layout.bar));
     }
+    ApplyDisplay(); // maps of another size fit other titles
 }
 
 void MultiMapWin::DrawAll(owl::TDC& dc, double fineness) {
@@ -235,13 +271,13 @@ void MultiMapWin::Draw(owl::TDC& dc, bool erase, owl::TRect& rect) {
     look.textColor = owl::FromQColor(palette().color(QPalette::WindowText));
     look.backColor = owl::FromQColor(palette().color(QPalette::Window));
     if (!layout.title.IsEmpty()) {
-        dc.SelectFont(TitleFont(look.font));
-        PaintTitle(dc, layout.title.InflatedBy(-kMargin, -kMargin), impl_->title, look.textColor);
+        PaintTitle(dc, layout.title.InflatedBy(-kMargin, -kMargin), impl_->title, TitleFont(look.font), {},
+                   look.textColor);
     }
     const auto scale = SharedScale();
     if (scale && !layout.scale.IsEmpty()) {
         dc.SelectFont(look.font);
-        PaintScale(dc, layout.scale.InflatedBy(-kMargin, -kMargin),
-                   Palettes()[static_cast<std::size_t>(GetPaletteIndex())].colors, *scale, look);
+        PaintUprightScale(dc, layout.scale.InflatedBy(-kMargin, -kMargin),
+                          Palettes()[static_cast<std::size_t>(GetPaletteIndex())].colors, *scale, look);
     }
 }

@@ -133,6 +133,8 @@ private:
     struct Impl;
 
     void ApplyDisplay();
+    /// What all maps have room for as they lie now.
+    orvanta::chart::MapFit FitMaps(bool ownScales) const;
     void MakeMaps(const orvanta::chart::MapGrid& grid);
     orvanta::chart::MapArrayLayout Layout() const;
     /// What the one bar for all maps shows; nothing without one.

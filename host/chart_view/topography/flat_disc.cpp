@@ -4,6 +4,7 @@
 #include "host/chart_view/topography/flat_map.h"
 #include "host/chart_view/topography/map_colors.h"
 #include "host/chart_view/topography/map_surface.h"
+#include "host/chart_view/topography/row_bands.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +33,7 @@ std::uint32_t Share(float share) {
     return static_cast<std::uint32_t>(std::clamp(share, 0.0F, 1.0F) * 256);
 }
 
-/// Paints rows of the disc from top to bottom.
+/// Paints the rows of the disc.
 class Disc {
 public:
     Disc(const FlatMap& map, int side)
@@ -52,23 +53,33 @@ public:
     }
 
     owl::TImage Paint() {
+        constexpr int kLeastRows = 16;
         const int side = image_.width;
         image_.pixels.resize(static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
-        std::vector<float> here;
-        std::vector<float> below;
-        sampler_.Row(map_.field, 0, here);
-        for (int row = 0; row < side; ++row) {
-            sampler_.Row(map_.field, row + 1, below);
-            sampler_.Row(map_.covers, row, covers_);
-            sampler_.Row(map_.beyond, row, beyond_);
-            PaintRow(row, here, below);
-            here.swap(below);
-        }
+        ForRowBands(side, kLeastRows, [this](int first, int last) { PaintRows(first, last); });
         return std::move(image_);
     }
 
 private:
-    void PaintRow(int row, const std::vector<float>& here, const std::vector<float>& below) {
+    /// At the middles of a row's pixels, and one beyond on each side.
+    struct Row {
+        std::vector<float> here, below; ///< of the field: in this row and in the next one
+        std::vector<float> covers, beyond;
+    };
+
+    void PaintRows(int first, int last) {
+        Row line;
+        sampler_.Row(map_.field, first, line.here);
+        for (int row = first; row < last; ++row) {
+            sampler_.Row(map_.field, row + 1, line.below);
+            sampler_.Row(map_.covers, row, line.covers);
+            sampler_.Row(map_.beyond, row, line.beyond);
+            PaintRow(row, line);
+            line.here.swap(line.below);
+        }
+    }
+
+    void PaintRow(int row, const Row& line) {
         const double radius = image_.width / 2.0;
         const double y = row + 0.5 - radius;
         const double half = std::sqrt(std::max(0.0, (radius + 0.5) * (radius + 0.5) - y * y));
@@ -78,23 +89,23 @@ private:
         auto* const pixels = image_.pixels.data() + static_cast<std::ptrdiff_t>(row) * image_.width;
         for (int column = first; column < last; ++column) {
             const auto at = static_cast<std::size_t>(column) + 1;
-            const float color = ColorAt(here[at]);
+            const float color = ColorAt(line.here[at]);
             const float raised = std::clamp(color, 0.0F, kPaletteColors - 1.0F) + 0.5F;
             const auto index = static_cast<std::size_t>(raised);
             std::uint32_t pixel = plain_[index];
-            const float outside = beyond_[at] * perRadius + 0.5F; // pixels
+            const float outside = line.beyond[at] * perRadius + 0.5F; // pixels
             if (outside > 0) {
                 pixel = Blend(pixel, striped_[index], Share(std::min(outside, 1.0F) * Stripe(row + column)));
             }
             if (contours_ > 0) {
-                const float across = ColorAt(here[at + 1]) - color;
-                const float down = ColorAt(below[at]) - color;
+                const float across = ColorAt(line.here[at + 1]) - color;
+                const float down = ColorAt(line.below[at]) - color;
                 const float slope = std::sqrt(across * across + down * down);
-                const float line =
+                const float contour =
                     ContourCoverage(color * levelsPerColor_, slope * levelsPerColor_, contours_, lineWidth_);
-                pixel = line > 0 ? Blend(pixel, lines_[index], Share(line)) : pixel;
+                pixel = contour > 0 ? Blend(pixel, lines_[index], Share(contour)) : pixel;
             }
-            const float edge = std::clamp(covers_[at] * perRadius + 0.5F, 0.0F, 1.0F); // half on the edge
+            const float edge = std::clamp(line.covers[at] * perRadius + 0.5F, 0.0F, 1.0F); // half on the edge
             const auto alpha = static_cast<std::uint32_t>(edge * 255);
             pixels[column] = alpha << 24U | pixel;
         }
@@ -117,7 +128,6 @@ private:
     Pixels plain_, lines_, striped_;
     float perValue_ = 0, low_ = 0, levelsPerColor_ = 0, lineWidth_ = 1;
     int contours_ = 0;
-    std::vector<float> covers_, beyond_;
 };
 
 } // namespace

@@ -66,6 +66,9 @@ FlatHead PlaceFlatHead(const owl::TRect& room, const MapReach& reach) {
     const int height = static_cast<int>(head.radius * (up + down));
     head.centre = {(room.left + room.right) / 2,
                    room.top + (room.Height() - height) / 2 + static_cast<int>(head.radius * up)};
+    const int besides = static_cast<int>(head.radius * aside);
+    const int top = room.top + (room.Height() - height) / 2;
+    head.bounds = {head.centre.x - besides, top, head.centre.x + besides, top + height};
     const int half = static_cast<int>(std::lround(head.radius * reach.farthest));
     head.disc = {head.centre.x - half, head.centre.y - half, head.centre.x + half, head.centre.y + half};
     return head;
@@ -78,9 +81,7 @@ std::vector<ElectrodeMark> PaintFlatMap(owl::TDC& dc, const FlatMap& map) {
     if (head.radius <= 0) {
         return {};
     }
-    if (!frame.scale.IsEmpty()) {
-        PaintScale(dc, Beside(frame.scale, head.centre.y, head.radius), map.colors, map.scale, map.look);
-    }
+    PaintScaleOf(dc, frame, head.bounds, map.colors, map.scale, map.look);
     if (!empty) {
         const int side = std::max(1, static_cast<int>(std::lround(head.disc.Width() * map.look.pixelRatio)));
         dc.DrawImage(head.disc, DiscOf(map, side));

@@ -29,8 +29,9 @@ struct FlatMap {
 
 /// Where the head lies in the room that it has.
 struct FlatHead {
-    owl::TRect disc; ///< around the farthest reach of the map
-    int radius = 0;  ///< of the head, pixels; 0 without room
+    owl::TRect bounds; ///< of all that is drawn
+    owl::TRect disc;   ///< around the farthest reach of the map
+    int radius = 0;    ///< of the head, pixels; 0 without room
     owl::TPoint centre;
 };
 ORVANTA_API FlatHead PlaceFlatHead(const owl::TRect& room, const MapReach& reach);

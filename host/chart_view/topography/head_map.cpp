@@ -28,10 +28,7 @@ std::vector<ElectrodeMark> PaintHeadMap(owl::TDC& dc, const HeadMap& map) {
     if (square.Width() < kSmallestPicture) {
         return {};
     }
-    if (!frame.scale.IsEmpty()) {
-        PaintScale(dc, Beside(frame.scale, (square.top + square.bottom) / 2, square.Width() / 2), map.colors,
-                   map.scale, map.look);
-    }
+    PaintScaleOf(dc, frame, square, map.colors, map.scale, map.look);
     const int size = static_cast<int>(std::lround(square.Width() * map.look.pixelRatio));
     dc.DrawImage(square, PictureOf({map.mesh, map.field, map.covers, map.beyond, map.colors, map.scale.low,
                                     map.scale.high, map.view, map.opacity / 100.0, size, map.turning ? 1 : 2,

@@ -3,6 +3,7 @@
 
 #include "host/chart_view/topography/contours.h"
 #include "host/chart_view/topography/map_colors.h"
+#include "host/chart_view/topography/row_bands.h"
 
 #include <algorithm>
 #include <cmath>
@@ -127,14 +128,17 @@ public:
           depths_(static_cast<std::size_t>(size) * static_cast<std::size_t>(size),
                   -std::numeric_limits<float>::infinity()),
           pixels_(depths_.size(), 0) {
+        constexpr int kLeastRows = 32;
         const std::vector<Corner> corners = CornersOf(scene, size, inside);
-        for (const auto& [a, b, c] : scene.mesh.triangles) {
-            // Upwards is negative on the picture, so that counter-clockwise is so, too.
-            const float area = Area(corners[a], corners[b], corners[c].x, corners[c].y);
-            if (inside ? area > 0 : area < 0) {
-                Fill(corners[a], corners[b], corners[c], area);
+        ForRowBands(size, kLeastRows, [&](int firstRow, int lastRow) {
+            for (const auto& [a, b, c] : scene.mesh.triangles) {
+                // Upwards is negative on the picture, so that counter-clockwise is so, too.
+                const float area = Area(corners[a], corners[b], corners[c].x, corners[c].y);
+                if (inside ? area > 0 : area < 0) {
+                    Fill(corners[a], corners[b], corners[c], area, firstRow, lastRow);
+                }
             }
-        }
+        });
     }
 
     const std::vector<std::uint32_t>& Pixels() const { return pixels_; }
@@ -149,13 +153,14 @@ private:
         float across, down;
     };
 
-    void Fill(const Corner& a, const Corner& b, const Corner& c, float area) {
+    /// \param firstRow to before \p lastRow: the rows that are painted
+    void Fill(const Corner& a, const Corner& b, const Corner& c, float area, int firstRow, int lastRow) {
         const auto [left, right] = std::minmax({a.x, b.x, c.x});
         const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
         const int firstX = std::max(0, static_cast<int>(std::ceil(left - 0.5F)));
         const int lastX = std::min(size_ - 1, static_cast<int>(std::floor(right - 0.5F)));
-        const int firstY = std::max(0, static_cast<int>(std::ceil(top - 0.5F)));
-        const int lastY = std::min(size_ - 1, static_cast<int>(std::floor(bottom - 0.5F)));
+        const int firstY = std::max(firstRow, static_cast<int>(std::ceil(top - 0.5F)));
+        const int lastY = std::min(lastRow - 1, static_cast<int>(std::floor(bottom - 0.5F)));
         if (firstX > lastX || firstY > lastY) {
             return;
         }
@@ -298,24 +303,27 @@ owl::TImage PictureOf(const HeadScene& scene) {
         size, size,
         std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
     const float share = 1.0F / static_cast<float>(samples * samples);
-    for (int y = 0; y < size; ++y) {
-        for (int x = 0; x < size; ++x) {
-            Light sum;
-            for (int i = 0; i < samples * samples; ++i) {
-                const auto at =
-                    static_cast<std::size_t>(y * samples + i / samples) * static_cast<std::size_t>(fine) +
-                    static_cast<std::size_t>(x * samples + i % samples);
-                // Both sides let through what is behind them alike.
-                const std::uint32_t near = outside.Pixels()[at];
-                sum.Add(near, share * opacity);
-                if (inside) {
-                    sum.Add(inside->Pixels()[at], share * opacity * (near != 0 ? 1 - opacity : 1));
+    constexpr int kLeastRows = 32;
+    ForRowBands(size, kLeastRows, [&](int firstRow, int lastRow) {
+        for (int y = firstRow; y < lastRow; ++y) {
+            for (int x = 0; x < size; ++x) {
+                Light sum;
+                for (int i = 0; i < samples * samples; ++i) {
+                    const auto at =
+                        static_cast<std::size_t>(y * samples + i / samples) * static_cast<std::size_t>(fine) +
+                        static_cast<std::size_t>(x * samples + i % samples);
+                    // Both sides let through what is behind them alike.
+                    const std::uint32_t near = outside.Pixels()[at];
+                    sum.Add(near, share * opacity);
+                    if (inside) {
+                        sum.Add(inside->Pixels()[at], share * opacity * (near != 0 ? 1 - opacity : 1));
+                    }
                 }
+                image.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+                             static_cast<std::size_t>(x)] = PixelOf(sum);
             }
-            image.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
-                         static_cast<std::size_t>(x)] = PixelOf(sum);
         }
-    }
+    });
     return image;
 }
 

@@ -1,126 +1,102 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/topography/map_frame.h"
 
-#include "host/chart_view/topography/contours.h"
-#include "host/chart_view/topography/map_colors.h"
 #include "host/chart_view/topography/text_fit.h"
 
 #include <algorithm>
-#include <cmath>
-#include <string_view>
+#include <vector>
 
 namespace orvanta::chart {
 
 namespace {
 
 constexpr int kGap = 4;
-constexpr int kBarWidth = 10;
-constexpr int kTallestBar = 260;
 constexpr int kShortestBar = 90;
+constexpr int kLongestBar = 260;
 /// A scale leaves so much for the head on each side, or is left out.
 constexpr int kSmallestBody = 72;
-/// Below so many lines of the font a map has no title.
-constexpr int kLinesForTitle = 4;
 constexpr std::uint8_t kNoticeGround = 190;
-/// Numbers have room for so much at least, so that heads beside each other are of one size.
-constexpr std::string_view kUsualNumber = "00.000";
 
-/// Of the bar's height, from its upper end.
-double ShareOf(std::size_t number, std::size_t count) {
-    return count < 2 ? 0.5 : 1 - static_cast<double>(number) / static_cast<double>(count - 1);
+/// About the head's size.
+int Least(const owl::TRect& body) {
+    return std::min(body.Width(), body.Height());
 }
 
-void PaintNumbers(owl::TDC& dc, const owl::TRect& bar, const ColorScale& scale) {
-    const int line = dc.GetTextExtent("0").cy;
-    // The ends stand flush with the bar; what lies between is left out where it would touch them.
-    const auto count = scale.numbers.size();
-    const std::size_t step = static_cast<int>(count) * line * 3 / 2 <= bar.Height() ? 1 : count - 1;
-    for (std::size_t i = 0; i < count; i += std::max<std::size_t>(1, step)) {
-        const int top = bar.top + static_cast<int>(std::lround(ShareOf(i, count) * (bar.Height() - line)));
-        dc.TextOut({bar.right + kGap, top}, scale.numbers[i]);
-    }
+MapFrame WithScaleBeside(MapFrame frame, const owl::TSize& scale) {
+    const int left = frame.body.right - scale.cx;
+    frame.scale = {left, frame.body.top, frame.body.right, frame.body.bottom};
+    frame.body.right = left - 2 * kGap;
+    return frame.body.Height() < scale.cy ? MapFrame{} : frame;
+}
+
+MapFrame WithScaleBelow(MapFrame frame, const owl::TSize& scale) {
+    const int top = frame.body.bottom - scale.cy;
+    frame.scale = {frame.body.left, top, frame.body.right, frame.body.bottom};
+    frame.below = true;
+    frame.body.bottom = top - kGap;
+    return frame.body.Width() < scale.cx ? MapFrame{} : frame;
 }
 
 } // namespace
 
-owl::TSize ScaleExtent(const owl::TDC& dc, const ColorScale& scale) {
-    int numbers = dc.GetTextExtent(kUsualNumber).cx;
-    for (const std::string& number : scale.numbers) {
-        numbers = std::max(numbers, dc.GetTextExtent(number).cx);
-    }
-    return {std::max(kBarWidth + kGap + numbers, dc.GetTextExtent(scale.unit).cx),
-            3 * dc.GetTextExtent("0").cy};
-}
-
-MapFrame LayOutMap(const owl::TRect& area, int lineHeight, const owl::TSize& scale, bool withTitle) {
+MapFrame LayOutMap(const owl::TRect& area, int titleHeight, const ScaleRoom& scale) {
     MapFrame frame;
     frame.body = area.InflatedBy(-kGap, -kGap);
-    if (withTitle && frame.body.Height() >= kLinesForTitle * lineHeight) {
-        frame.title = {frame.body.left, frame.body.top, frame.body.right, frame.body.top + lineHeight};
+    if (titleHeight > 0) {
+        frame.title = {frame.body.left, frame.body.top, frame.body.right, frame.body.top + titleHeight};
         frame.body.top = frame.title.bottom + kGap;
     }
-    const int left = frame.body.right - scale.cx;
-    if (scale.cx > 0 && left - 2 * kGap - frame.body.left >= kSmallestBody &&
-        frame.body.Height() >= std::max(kSmallestBody, scale.cy)) {
-        frame.scale = {left, frame.body.top, frame.body.right, frame.body.bottom};
-        frame.body.right = left - 2 * kGap;
+    if (scale.beside.cx <= 0) {
+        return frame;
     }
-    return frame;
+    const MapFrame beside = WithScaleBeside(frame, scale.beside);
+    const MapFrame below = WithScaleBelow(frame, scale.below);
+    const MapFrame& better = Least(below.body) > Least(beside.body) ? below : beside;
+    return Least(better.body) >= kSmallestBody ? better : frame;
 }
 
-owl::TRect Beside(const owl::TRect& scale, int middle, int radius) {
-    const int half = std::max(radius, kShortestBar / 2);
-    return {scale.left, std::max(scale.top, middle - half), scale.right,
-            std::min(scale.bottom, middle + half)};
-}
-
-void PaintTitle(owl::TDC& dc, const owl::TRect& area, const std::string& title, owl::TColor color) {
-    dc.SetTextColor(color);
-    dc.SetTextAlign(owl::TextAlign::Center);
-    dc.TextOut({(area.left + area.right) / 2, area.top}, Elided(dc, title, area.Width()));
+owl::TSize TitleRoom(const owl::TSize& map) {
+    return {map.cx - 2 * kGap, map.cy - 2 * kGap};
 }
 
 MapFrame BeginMap(owl::TDC& dc, const owl::TRect& area, const std::string& title, const ColorScale& scale,
                   bool empty, const MapLook& look) {
+    const int titleHeight = title.empty() ? 0
+                                          : TitleHeight(dc, look.font, look.fit.titles,
+                                                        TitleRoom({area.Width(), area.Height()}).cy);
     dc.SelectFont(look.font);
     const MapFrame frame =
-        LayOutMap(area, dc.GetTextExtent("0").cy,
-                  look.scale && !empty ? ScaleExtent(dc, scale) : owl::TSize{}, !title.empty());
+        LayOutMap(area, titleHeight,
+                  look.scale && !empty ? RoomForBoth(RoomOfScale(dc, scale), look.fit.scale) : ScaleRoom());
     if (!frame.title.IsEmpty()) {
-        PaintTitle(dc, frame.title, title, look.textColor);
+        PaintTitle(dc, frame.title, title, look.font, look.fit.titles, look.textColor);
+        dc.SelectFont(look.font);
     }
     return frame;
 }
 
-void PaintScale(owl::TDC& dc, const owl::TRect& area, const Colors& colors, const ColorScale& scale,
-                const MapLook& look) {
-    const int line = dc.GetTextExtent("0").cy;
-    const int above = scale.unit.empty() ? 0 : line + kGap / 2;
-    const int height = std::min(area.Height() - 2 * above, kTallestBar);
-    const int top = area.top + (area.Height() - height) / 2;
-    const owl::TRect bar{area.left, top, area.left + kBarWidth, top + height};
-    if (bar.IsEmpty()) {
+void PaintScaleOf(owl::TDC& dc, const MapFrame& frame, const owl::TRect& head, const Colors& colors,
+                  const ColorScale& scale, const MapLook& look) {
+    const owl::TRect& room = frame.scale;
+    if (room.IsEmpty()) {
         return;
     }
-    owl::TImage strip{1, static_cast<int>(kPaletteColors), {}};
-    for (std::size_t i = kPaletteColors; i-- > 0;) {
-        const bool flat = !(scale.high > scale.low);
-        strip.pixels.push_back(PixelOf(colors[flat ? kPaletteColors / 2 : i], 1));
+    if (frame.below) {
+        const int middle = (head.left + head.right) / 2;
+        const int half = std::min(std::max(head.Width(), kShortestBar), kLongestBar) / 2;
+        const int top = std::min(room.top, head.bottom + kGap);
+        PaintLyingScale(dc,
+                        {std::max(room.left, middle - half), top, std::min(room.right, middle + half),
+                         top + room.Height()},
+                        colors, scale, look);
+    } else {
+        const int middle = (head.top + head.bottom) / 2;
+        const int half = std::max(head.Height(), kShortestBar) / 2;
+        PaintUprightScale(
+            dc,
+            {room.left, std::max(room.top, middle - half), room.right, std::min(room.bottom, middle + half)},
+            colors, scale, look);
     }
-    dc.DrawImage(bar, strip);
-    for (const double level : ContourLevels(scale.low, scale.high, look.contours)) {
-        const double share = (scale.high - level) / (scale.high - scale.low);
-        const int y = bar.top + static_cast<int>(std::lround(share * (bar.Height() - 1)));
-        dc.SelectPen({LineOn(colors[ColorIndex(level, scale.low, scale.high)]), 1});
-        dc.Line({bar.left + 1, y}, {bar.right - 2, y});
-    }
-    dc.FrameRect(bar, Mixed(look.textColor, look.backColor, 0.4));
-    dc.SetTextColor(look.textColor);
-    dc.SetTextAlign(owl::TextAlign::Left);
-    if (!scale.unit.empty()) {
-        dc.TextOut({area.left, bar.top - above}, scale.unit);
-    }
-    PaintNumbers(dc, bar, scale);
 }
 
 void PaintNotice(owl::TDC& dc, const owl::TRect& area, const std::string& text, const MapLook& look) {

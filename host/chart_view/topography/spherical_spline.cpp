@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/topography/spherical_spline.h"
 
+#include "host/chart_view/topography/row_bands.h"
+
 #include <Eigen/Dense>
 
 #include <algorithm>
@@ -128,7 +130,11 @@ void Interpolate(const SplineWeights& weights, std::span<const float> values, st
     const Eigen::Map<const FloatMatrix> rows(weights.rows.data(), points, n);
     const Eigen::Map<const FloatMatrix> electrodes(values.data(), maps, n);
     Eigen::Map<FloatMatrix> result(fields.data(), maps, points);
-    result.noalias() = electrodes * rows.transpose();
+    constexpr int kLeastPoints = 2048; // a multiple of what is summed up together: the sums stay the same
+    ForRowBands(static_cast<int>(points), kLeastPoints, [&](int first, int last) {
+        result.middleCols(first, last - first).noalias() =
+            electrodes * rows.middleRows(first, last - first).transpose();
+    });
 }
 
 } // namespace orvanta::chart

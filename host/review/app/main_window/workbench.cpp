@@ -14,6 +14,7 @@
 #include "host/review/app/main_window/session.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/side_bar.h"
+#include "host/review/app/main_window/starter_maps.h"
 #include "host/review/app/main_window/status_fields.h"
 #include "host/review/app/main_window/text_setting.h"
 #include "host/review/app/main_window/welcome_page.h"
@@ -54,6 +55,7 @@ unsigned Bit(ViewKind kind) {
 Workbench::Workbench(Setup setup)
     : setup_(std::move(setup)), platform_(gui_, setup_.settingsFile, setup_.dataFolder), recent_(platform_) {
     SPECT::GetGlobals().LoadInfo(&platform_);
+    InstallStarterMaps(platform_);
     shell_ = std::make_unique<Shell>(Shell::Answers{
         [this] { return MayClose(); },
         [this](const std::string& path) { OpenFile(path); },

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "spectral_maps/plot_set_store.h"
+#include "host/chart_view/maps/plot_set_store.h"
 
 #include "spectra_contract/platform.h"
 
 #include <cmath>
 
-namespace orvanta::spectral_maps {
+namespace orvanta::chart {
 
 namespace {
 
@@ -44,4 +44,8 @@ void SavePlotSet(UserType& user, const std::string& section, const SPECT::PlotSe
     user.PutDouble(name, "HiScale", plotSet.HiScale);
 }
 
-} // namespace orvanta::spectral_maps
+std::string SectionOfMap(const std::string& view, int map) {
+    return view + "_Map_" + std::to_string(map);
+}
+
+} // namespace orvanta::chart

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "spectral_maps/plot_set_store.h"
+#include "host/chart_view/maps/plot_set_store.h"
 
 #include "tests/support/map_user.h"
 
@@ -11,7 +11,7 @@
 namespace {
 
 using namespace orvanta;
-using namespace orvanta::spectral_maps;
+using namespace orvanta::chart;
 using testing::ElementsAre;
 
 const SPECT::PlotSet kNew{0, 0, 0.0, 50.0, true, false};
