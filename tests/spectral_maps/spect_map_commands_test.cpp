@@ -11,6 +11,7 @@
 #include "tests/support/qt/scripted_user.h"
 
 #include <QCheckBox>
+#include <QToolButton>
 
 namespace {
 
@@ -211,6 +212,41 @@ TEST_F(SpectMapCommands, InformationIsThatOfTheAnalysis) {
     user.Meets<SpectrumInfoDlg>([](SpectrumInfoDlg& dialog) { dialog.done(owl::kIdOk); });
     view->RunCommand(14200);
     EXPECT_EQ(user.DialogsShown(), 1);
+}
+
+TEST_F(SpectMapCommands, MapsSettingsBeginWithTheMapsAndBecomeTheirs) {
+    Add();
+    Show();
+    user.MeetsDialog([](QDialog& form) {
+        const FormUser settings(form);
+        EXPECT_TRUE(settings.IsChecked("cbElectrodes"));
+        EXPECT_FALSE(settings.IsChecked("rbSingle"));
+        settings.Clicks("cbElectrodes");
+        settings.Clicks("cbNames");
+        settings.Clicks("rbSingle");
+        settings.SetsNumber("spContours", 3);
+        form.accept();
+    });
+    view->RunCommand(14143);
+    for (std::size_t map = 0; map < 4; ++map) {
+        EXPECT_FALSE(Map(map).GetDisplay().electrodes);
+        EXPECT_TRUE(Map(map).GetDisplay().names);
+        EXPECT_EQ(Map(map).GetDisplay().contours, 3);
+    }
+    EXPECT_TRUE(view->IsSinglePalette());
+    EXPECT_FALSE(dynamic_cast<const QToolButton*>(view->GetGadget(16))->isChecked());
+}
+
+TEST_F(SpectMapCommands, CancelledMapsSettingsChangeNothing) {
+    Add();
+    Show();
+    user.MeetsDialog([](QDialog& form) {
+        FormUser(form).Clicks("cbElectrodes");
+        form.reject();
+    });
+    view->RunCommand(14143);
+    EXPECT_TRUE(Map(0).GetDisplay().electrodes);
+    EXPECT_TRUE(dynamic_cast<const QToolButton*>(view->GetGadget(16))->isChecked());
 }
 
 TEST_F(SpectMapCommands, AnotherFontIsThatOfTheMaps) {

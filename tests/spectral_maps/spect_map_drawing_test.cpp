@@ -87,6 +87,26 @@ TEST_F(SpectMapDrawing, TellsAFailureOnceAndShowsTheMaps) {
     EXPECT_THAT(Shown(), Each(true));
 }
 
+TEST_F(SpectMapDrawing, TellsOnceThatAnotherAnalysisCannotBeComputedAndStaysUsable) {
+    Add();
+    SpectMacroResult* other = Add();
+    other->GetMacro().SetDSPWindowStr("No such taper");
+    user.AnswersMessage(owl::kIdOk);
+    Show();
+    view->Invalidate();
+    RunQueue();
+    view->Dispatch({{owl::EventKind::Window, static_cast<unsigned>(owl::WindowEvent::SetFocus)},
+                    owl::FocusArgs{nullptr}});
+    RunQueue();
+    EXPECT_EQ(user.Messages().size(), 1U);
+    EXPECT_THAT(Shown(), Each(true));
+
+    manager.Remove(other);
+    delete other;
+    view->CmRecompute();
+    EXPECT_GT(Map(0).GetScale().high, 0);
+}
+
 TEST_F(SpectMapDrawing, DoesNotFetchAgainWhatIsShown) {
     Add();
     Show();

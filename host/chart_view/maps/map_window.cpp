@@ -294,4 +294,9 @@ void TMapWindow::ShowTip(const owl::TPoint& point) {
         text += map.IsUsed(*electrode) && !map.unit.empty() ? " " + map.unit : "";
     }
     setToolTip(QString::fromStdString(text));
+    if (electrode) {
+        setCursor(Qt::PointingHandCursor); // a click leads to its channel
+    } else {
+        unsetCursor();
+    }
 }

@@ -5,6 +5,7 @@
 #include <QtConcurrent>
 
 #include <algorithm>
+#include <exception>
 #include <vector>
 
 namespace orvanta::chart {
@@ -32,7 +33,11 @@ void ForRowBands(int rows, int step, const std::function<void(int, int)>& work) 
     for (int first = 0; first < rows; first += height) {
         bands.push_back({first, std::min(rows, first + height)});
     }
-    QtConcurrent::blockingMap(bands, [&work](const Band& band) { work(band.first, band.last); });
+    try {
+        QtConcurrent::blockingMap(bands, [&work](const Band& band) { work(band.first, band.last); });
+    } catch (const QUnhandledException& thrown) {
+        std::rethrow_exception(thrown.exception());
+    }
 }
 
 } // namespace orvanta::chart

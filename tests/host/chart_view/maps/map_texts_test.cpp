@@ -12,13 +12,20 @@ namespace {
 using namespace orvanta::chart;
 using testing::ElementsAre;
 
-TEST(DecimalsFor, TellThreeDigitsOfTheScale) {
+TEST(DecimalsFor, TellThreeDigitsOfTheLargerEnd) {
     EXPECT_EQ(DecimalsFor({0, 123}), 0);
     EXPECT_EQ(DecimalsFor({2, 16}), 1);
     EXPECT_EQ(DecimalsFor({0, 1.5}), 2);
     EXPECT_EQ(DecimalsFor({1e-4, 3e-4}), 6);
     EXPECT_EQ(DecimalsFor({0, 1e9}), 0);
     EXPECT_EQ(DecimalsFor({0, 1e-30}), 9);
+}
+
+TEST(DecimalsFor, AreEnoughForANarrowScale) {
+    EXPECT_EQ(DecimalsFor({4.71, 5.496}), 2);
+    EXPECT_EQ(DecimalsFor({-5.496, -4.71}), 2);
+    EXPECT_EQ(DecimalsFor({167.4, 167.9}), 2);
+    EXPECT_EQ(DecimalsFor({-1.7e308, 1.7e308}), 0);
 }
 
 TEST(DecimalsFor, FollowsTheValueOnAScaleWithoutWidth) {

@@ -117,10 +117,12 @@ TEST(MapWindow, SaysNameValueAndUnitOfTheElectrodeUnderTheMouse) {
     map.SetValues({1, 2, 33.25, kNaN, 5});
     QTest::mouseMove(&map.Map(), At(map.PlaceOf("Pz")));
     EXPECT_EQ(map.Map().toolTip().toStdString(), "Pz: 33.2 µV²");
+    EXPECT_EQ(map.Map().cursor().shape(), Qt::PointingHandCursor);
     QTest::mouseMove(&map.Map(), At(map.PlaceOf("C3")));
     EXPECT_EQ(map.Map().toolTip().toStdString(), "C3: n/a");
     QTest::mouseMove(&map.Map(), QPoint(1, 1));
     EXPECT_EQ(map.Map().toolTip().toStdString(), "");
+    EXPECT_EQ(map.Map().cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST(MapWindow, TellsScreenReadersItsTitleAndScale) {

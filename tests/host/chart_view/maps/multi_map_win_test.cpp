@@ -22,6 +22,7 @@
 namespace {
 
 using orvanta::chart::HeadView;
+using orvanta::chart::MapFit;
 using orvanta::chart::ValueRange;
 using orvanta::test::FakeGlobalWindow;
 using orvanta::test::FormUser;
@@ -74,6 +75,51 @@ TEST_F(MapArray, MakesRoomForItsTitle) {
     EXPECT_EQ(view.GetMap(0)->geometry().bottom(), 199);
     view.SetTitle("");
     EXPECT_EQ(view.GetMap(0)->y(), 0);
+}
+
+TEST_F(MapArray, WritesAllTitlesInOneWay) {
+    window.platform.user.values = {{"Maps/MapRows", 1}, {"Maps/MapColumns", 2}};
+    MapsView view(window);
+    view.SetSource(nullptr);
+    view.ShowAt(800, 300);
+    view.SetMap(0, "A", {1, 2, 3, 4});
+    view.SetMap(1, "A band with a long name - Measure: Peak", {1, 2, 3, 4});
+    view.SetMapValues(false);
+    EXPECT_EQ(view.GetMap(0)->GetDisplay().fit.titles.lines, 1);
+    view.ShowAt(400, 300);
+    EXPECT_EQ(view.GetMap(0)->GetDisplay().fit.titles.lines, 2);
+    EXPECT_EQ(view.GetMap(0)->GetDisplay().fit, view.GetMap(1)->GetDisplay().fit);
+    EXPECT_TRUE(view.GetMap(0)->GetDisplay().fit.titles.whole);
+}
+
+TEST_F(MapArray, GivesAllMapsRoomForTheWidestScale) {
+    window.platform.user.values = {{"Maps/MapRows", 1}, {"Maps/MapColumns", 2}};
+    MapsView view(window);
+    view.SetSource(nullptr);
+    view.autoScale = true;
+    view.ShowAt(800, 300);
+    view.SetMap(0, "A", {1, 2, 3, 4});
+    view.SetMap(1, "B", {1e12, 2e12, 3e12, 4e12});
+    view.SetMapValues(false);
+    const MapFit wide = view.GetMap(0)->GetDisplay().fit;
+    EXPECT_EQ(view.GetMap(1)->GetDisplay().fit, wide);
+    view.SetMap(1, "B", {1, 2, 3, 4});
+    view.SetMapValues(false);
+    EXPECT_LT(view.GetMap(0)->GetDisplay().fit.scale.beside.cx, wide.scale.beside.cx);
+}
+
+TEST_F(MapArray, TellsATitleThatIsCutUnderTheMouse) {
+    window.platform.user.values = {{"Maps/MapRows", 1}, {"Maps/MapColumns", 8}};
+    MapsView view(window);
+    view.SetSource(nullptr);
+    const std::string title = "A band with quite a long name - Measure: Peak F";
+    view.ShowAt(480, 300);
+    view.SetMap(0, title, {1, 2, 3, 4});
+    view.SetMapValues(false);
+    EXPECT_FALSE(view.GetMap(0)->GetDisplay().fit.titles.whole);
+    QTest::mouseMove(view.GetMap(0), QPoint(5, 5));
+    QApplication::processEvents();
+    EXPECT_EQ(view.GetMap(0)->toolTip().toStdString(), title);
 }
 
 TEST_F(MapArray, PushesValuesTitlesUnitsAndRanges) {
