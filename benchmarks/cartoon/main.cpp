@@ -53,6 +53,9 @@ BENCHMARK(StepOfSixteenMaps)
     ->Args({128, 0, 1300, 660})
     ->Args({64, 0, 1900, 1000})
     ->Args({64, 1, 1300, 660})
+    ->Args({64, 1, 1900, 1000})
+    ->MeasureProcessCPUTime() // of all threads
+    ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -59,7 +59,8 @@ TEST_F(MapsOfANewUser, ShowFourBandsAndTheirShares) {
     ASSERT_EQ(maps->GetNumMaps(), 8);
     EXPECT_EQ(maps->GetMap(0)->GetTitle(), "Band: Delta - Measure: Abs");
     EXPECT_EQ(maps->GetMap(2)->GetTitle(), "Band: Alpha - Measure: Abs");
-    EXPECT_EQ(maps->GetMap(2)->GetMeasureUnit(), "µV²");
+    EXPECT_EQ(maps->GetMap(2)->GetMeasureUnit(),
+              "µV"); // the square root of the power: amplitudes are shown first
     EXPECT_EQ(maps->GetMap(7)->GetTitle(), "Band: Beta - Measure: Rel");
     EXPECT_EQ(maps->GetMap(7)->GetMeasureUnit(), "%");
     EXPECT_EQ(maps->GetMap(7)->GetScale().low, 0);
