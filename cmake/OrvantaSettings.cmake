@@ -3,6 +3,7 @@ option(ORVANTA_BUILD_TESTS "Build the tests" OFF)
 option(ORVANTA_BUILD_FUZZERS "Build the libFuzzer targets (clang)" OFF)
 option(ORVANTA_RUN_FUZZERS "Run the fuzz tree's targets as tests" OFF)
 option(ORVANTA_BUILD_BENCHMARKS "Build the micro benchmarks" OFF)
+option(ORVANTA_PRECOMPILE "Precompile what many sources include" OFF)
 set(ORVANTA_SANITIZE "" CACHE STRING "Sanitizers, comma separated; empty for none")
 
 set(CMAKE_CXX_STANDARD 20)
@@ -15,6 +16,8 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+# Nothing that moc and uic read is made by a library below, so they need not wait for it, nor the sources for them.
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
 
 find_package(Threads REQUIRED)
 
