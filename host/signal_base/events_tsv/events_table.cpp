@@ -62,7 +62,7 @@ void ParseEventsTable(std::string_view text, const std::string& file, std::vecto
         }
         const std::string_view label =
             IsMissing(row[TableHead::kTrialType]) ? row[TableHead::kValue] : row[TableHead::kTrialType];
-        event.text = ToUtf8(label);
+        event.text = ToUtf8(Trim(Unquoted(label)));
         if (IsMissing(event.text)) {
             event.text = "event";
         }

@@ -131,7 +131,7 @@ public:
             cells[duration_] = NumberText(DurationOf(event).Seconds());
         }
         if (old == nullptr || old->Label != event.Label) {
-            cells[label_] = event.Label;
+            cells[label_] = QuotedWhereNeeded(event.Label);
         }
         return LineOf(cells);
     }

@@ -7,6 +7,12 @@
 
 namespace orvanta::signal {
 
+namespace {
+
+constexpr char kQuote = '"';
+
+} // namespace
+
 std::string_view TakeColumn(std::string_view& line) {
     const std::size_t end = std::min(line.find('\t'), line.size());
     const std::string_view column = Trim(line.substr(0, end));
@@ -16,6 +22,33 @@ std::string_view TakeColumn(std::string_view& line) {
 
 bool IsMissing(std::string_view cell) {
     return cell.empty() || SameText(cell, "n/a");
+}
+
+std::string Unquoted(std::string_view cell) {
+    if (cell.size() < 2 || cell.front() != kQuote || cell.back() != kQuote) {
+        return std::string(cell);
+    }
+    std::string text;
+    for (std::string_view inside = cell.substr(1, cell.size() - 2); !inside.empty();) {
+        const bool quote = inside.front() == kQuote;
+        if (quote && !inside.substr(1).starts_with(kQuote)) {
+            return std::string(cell); // the marks belong to the text
+        }
+        text += inside.front();
+        inside.remove_prefix(quote ? 2 : 1);
+    }
+    return text;
+}
+
+std::string QuotedWhereNeeded(std::string_view text) {
+    if (!text.starts_with(kQuote)) {
+        return std::string(text);
+    }
+    std::string cell(1, kQuote);
+    for (const char sign : text) {
+        cell.append(sign == kQuote ? 2 : 1, sign);
+    }
+    return cell + kQuote;
 }
 
 TableHead::TableHead(std::string_view line) {

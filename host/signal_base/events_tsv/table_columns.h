@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace orvanta::signal {
@@ -16,6 +17,11 @@ constexpr double kMaxTableSeconds = 1e9; ///< 32 years
 std::string_view TakeColumn(std::string_view& line);
 /// True for an empty cell and for "n/a".
 bool IsMissing(std::string_view cell);
+/// What a cell in quotation marks says, in which two stand for one; another cell as it is.
+std::string Unquoted(std::string_view cell);
+/// The cell that says a text: in quotation marks when it begins with one, since many programs would read on
+/// from there to the next one, over tabs and line ends.
+std::string QuotedWhereNeeded(std::string_view text);
 
 /// Which place holds which used column.
 class TableHead {

@@ -78,6 +78,22 @@ TEST(ParseEventsTable, NamesAnEventWhoseTextIsOnlyAByteOrderMark) {
     EXPECT_EQ(Parse("onset\tvalue\n1\t\xEF\xBB\xBF\n").events, (Events{{1, kSpot, "event"}}));
 }
 
+TEST(ParseEventsTable, ReadsLabelsInQuotationMarks) {
+    const std::pair<std::string, std::string> labels[] = {{"\"eyes open\"", "eyes open"},
+                                                          {"\"say \"\"go\"\"\"", "say \"go\""},
+                                                          {"\"\"\"odd\"", "\"odd"},
+                                                          {"\"\"\"\"", "\""},
+                                                          {"\"odd", "\"odd"},
+                                                          {"\"", "\""},
+                                                          {"\"a\" or \"b\"", "\"a\" or \"b\""},
+                                                          {"5\" screen", "5\" screen"},
+                                                          {"\"\"", "event"},
+                                                          {"\"n/a\"", "event"}};
+    for (const auto& [cell, label] : labels) {
+        EXPECT_EQ(Parse("onset\ttrial_type\n1\t" + cell + '\n').events, (Events{{1, kSpot, label}})) << cell;
+    }
+}
+
 TEST(ParseEventsTable, KeepsNegativeOnsets) {
     EXPECT_EQ(Parse("onset\n-0.25\n").events, (Events{{-0.25, kSpot, "event"}}));
 }

@@ -62,6 +62,18 @@ TEST(WriteEventsTable, WritesNumbersWithoutExponents) {
               "86400.000000001\t0\td\n");
 }
 
+TEST(WriteEventsTable, PutsLabelsThatBeginWithAQuotationMarkInMarks) {
+    const Events events{Spot(R"("go")", 1), Spot(R"("odd)", 2), Spot(R"(5" screen)", 3)};
+    const std::string table = Write("", events);
+    EXPECT_EQ(table, "onset\tduration\ttrial_type\n"
+                     "1\t0\t\"\"\"go\"\"\"\n2\t0\t\"\"\"odd\"\n3\t0\t5\" screen\n");
+    const Events again = Read(table);
+    ASSERT_EQ(again.size(), 3U);
+    EXPECT_EQ(again[0].Label, R"("go")");
+    EXPECT_EQ(again[1].Label, R"("odd)");
+    EXPECT_EQ(again[2].Label, R"(5" screen)");
+}
+
 TEST(WriteEventsTable, KeepsRowsOfUnchangedEventsAsTheyAre) {
     const std::string table = "onset\ttrial_type\tduration\tresponse\n1,50\tgo \t 2.0\tleft\n3\tn/a\tn/a\t\n";
     EXPECT_EQ(Write(table, Read(table)), table);
