@@ -57,6 +57,8 @@ public:
     /// Computes what is not up to date. A failure leaves what was there. \param quiet without progress
     void CheckAndRecompute(bool quiet);
     void UpdateStatusBar();
+    /// Puts the side bar with its panels beside the view, once.
+    void CreateSideBar();
     /// Lists the recording's montages in the tool bar, with the one in use.
     void FillMontages();
     void DrawStatusBar() const;
@@ -162,8 +164,6 @@ protected:
     LPARAM EvTable(WPARAM picked, LPARAM);
 
 private:
-    /// Puts the side bar with its panels beside the view.
-    void CreateSideBar();
     void RemoveSideBar();
     /// Lets every panel fill itself anew.
     void NotifyPanels();

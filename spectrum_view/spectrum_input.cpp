@@ -152,9 +152,7 @@ void Spectrum::EvSetFocus(HWND lost) {
         SetFocus();
     }
     FillMontages();
-    if (sideBar_ == nullptr) {
-        CreateSideBar();
-    }
+    CreateSideBar();
 }
 
 void Spectrum::EvKillFocus(HWND gets) {

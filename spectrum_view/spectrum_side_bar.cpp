@@ -33,6 +33,9 @@ void DockBefore(QSplitter& panes, TSideBarFormBase& sideBar, QWidget& view) {
 } // namespace
 
 void Spectrum::CreateSideBar() {
+    if (sideBar_ != nullptr) {
+        return;
+    }
     Panes().setUpdatesEnabled(false);
     const auto redraw = qScopeGuard([this] { Panes().setUpdatesEnabled(true); });
     sideBar_ = new TSideBarFormBase(GetHandle());

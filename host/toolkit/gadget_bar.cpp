@@ -16,7 +16,7 @@ namespace owl {
 
 namespace {
 
-constexpr int kIconSize = 24;
+constexpr int kIconSize = 20;
 constexpr int kGapWidth = 6;
 constexpr int kSpacing = 2;
 constexpr int kTextPadding = 3;

@@ -44,6 +44,9 @@ void RefreshAnalysisView(TheChild& view) {
         maps->SetMapValues(true);
     }
     if (alive && alive->IsCreated()) {
+        if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
+            spectrum->CreateSideBar(); // before the first focus, too
+        }
         view.Invalidate();
         RefreshPanels(view);
     }

@@ -28,6 +28,15 @@ public:
     virtual bool CanShow(ViewKind kind) const = 0;
     virtual bool IsShown(ViewKind kind) const = 0;
     virtual void Show(ViewKind kind, bool show) = 0;
+    /// The active view alone, or all again.
+    virtual void FillOrShowAll() = 0;
+    virtual bool IsFilled() const = 0;
+    /// Of the view that has one.
+    virtual bool HasSideBar() const = 0;
+    virtual bool IsSideBarShown() const = 0;
+    virtual void ShowSideBar(bool show) = 0;
+    /// Gives the focus to the next or the previous pane of the window.
+    virtual void GoToPane(bool next) = 0;
     virtual Arrangement GetArrangement() const = 0;
     virtual void Arrange(Arrangement arrangement) = 0;
 

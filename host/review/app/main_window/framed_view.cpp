@@ -3,9 +3,12 @@
 
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/host_text.h"
+#include "host/review/app/main_window/more_button.h"
+#include "host/review/app/main_window/panel_beside.h"
 #include "host/toolkit/icon.h"
 
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,11 +19,11 @@ namespace orvanta::review {
 
 namespace {
 
-QToolButton* Button(const char* name, const QString& tip, QWidget* parent) {
+QToolButton* Button(const char* name, const QString& tip, const QKeySequence& key, QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setObjectName(name);
     button->setIcon(owl::IconOf(QString(name)));
-    button->setToolTip(tip);
+    button->setToolTip(key.isEmpty() ? tip : tip + " (" + key.toString(QKeySequence::NativeText) + ')');
     button->setAccessibleName(tip);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
@@ -29,17 +32,24 @@ QToolButton* Button(const char* name, const QString& tip, QWidget* parent) {
 
 } // namespace
 
-FramedView::FramedView(TheChild& view, Buttons buttons, QWidget* parent) : QFrame(parent), view_(view) {
+FramedView::FramedView(TheChild& view, Buttons buttons, SidePanel& panel, QWidget* parent)
+    : QFrame(parent), view_(view),
+      fill_(Button("view_fill", HostQText("viewFill", "Let this view fill the window, or show all again"),
+                   kFillKey, this)) {
     setFrameShape(QFrame::StyledPanel);
+    QToolButton* beside =
+        Button("view_panel", HostQText("viewPanel", "Show or hide the side bar"), kPanelKey, this);
+    panel_ = new PanelBeside(view, *beside, panel);
+    QToolButton* close = Button("view_close", HostQText("viewClose", "Close this view"), {}, this);
+    fill_->setCheckable(true);
     auto* head = new QHBoxLayout;
     head->setSpacing(0);
+    head->addWidget(beside);
     head->addWidget(&view.GetToolBar(), 1);
-    QToolButton* fill =
-        Button("view_fill", HostQText("viewFill", "Let this view fill the window, or show all again"), this);
-    QToolButton* close = Button("view_close", HostQText("viewClose", "Close this view"), this);
-    head->addWidget(fill);
+    head->addWidget(new MoreButton(view.GetToolBar(), this));
+    head->addWidget(fill_);
     head->addWidget(close);
-    connect(fill, &QToolButton::clicked, this, std::move(buttons.fill));
+    connect(fill_, &QToolButton::clicked, this, std::move(buttons.fill));
     connect(close, &QToolButton::clicked, this, std::move(buttons.close), Qt::QueuedConnection);
 
     auto* rows = new QVBoxLayout(this);
@@ -49,6 +59,10 @@ FramedView::FramedView(TheChild& view, Buttons buttons, QWidget* parent) : QFram
     rows->addWidget(&view.Panes(), 1);
     view.GetToolBar().show();
     view.Panes().show();
+}
+
+void FramedView::ShowFilled(bool filled) {
+    fill_->setChecked(filled);
 }
 
 } // namespace orvanta::review

@@ -13,12 +13,13 @@ namespace orvanta::review {
 
 MainWindow::MainWindow(Around around)
     : around_(std::move(around)), rows_(new QVBoxLayout(this)), problem_(new NoticeStrip(this)),
-      repairs_(new NoticeStrip(this)), views_(new ViewArea(this)) {
+      repairs_(new NoticeStrip(this)), offer_(new NoticeStrip(this)), views_(new ViewArea(this)) {
     rows_->setContentsMargins(0, 0, 0, 0);
     rows_->setSpacing(0);
     rows_->addWidget(problem_);
     rows_->addWidget(repairs_);
     rows_->addWidget(views_, 1);
+    rows_->addWidget(offer_);
 }
 
 MainWindow::~MainWindow() = default;

@@ -35,6 +35,8 @@ public:
     NoticeStrip& Repairs() const { return *repairs_; }
     /// Why something is missing.
     NoticeStrip& Problem() const { return *problem_; }
+    /// What can be done next; below the views.
+    NoticeStrip& Offer() const { return *offer_; }
     /// Takes over the page that is shown while no recording is open.
     void SetWelcome(QWidget& page);
     void ShowWelcome(bool show);
@@ -54,6 +56,7 @@ private:
     QVBoxLayout* rows_;
     NoticeStrip* problem_;
     NoticeStrip* repairs_;
+    NoticeStrip* offer_;
     ViewArea* views_;
     QWidget* welcome_ = nullptr;
     bool quiet_ = false;

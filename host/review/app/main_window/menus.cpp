@@ -131,7 +131,8 @@ void Menus::AddView() {
     };
     for (const View& view : {View{ViewKind::Traces, Caption{"viewTraces", "&Traces"}},
                              View{ViewKind::Spectrum, Caption{"viewSpectrum", "&Spectrum"}},
-                             View{ViewKind::Maps, Caption{"viewMaps", "Spectral &Maps"}}}) {
+                             View{ViewKind::Maps, Caption{"viewMaps", "Spectral &Maps"}},
+                             View{ViewKind::Heads, Caption{"viewHeads", "&3D Spectral Maps"}}}) {
         QAction* action = Add(menu, view.caption, {}, [] {});
         action->setCheckable(true);
         QObject::connect(action, &QAction::triggered, &menu,
@@ -141,6 +142,20 @@ void Menus::AddView() {
             action->setChecked(commands_.IsShown(kind));
         });
     }
+    menu.addSeparator();
+    fill_ = Add(menu, Caption{"viewFillWindow", "&Fill Window with Active View"}, kFillKey,
+                [this] { commands_.FillOrShowAll(); });
+    fill_->setCheckable(true);
+    showAll_ = Add(menu, Caption{"viewShowAll", "Sho&w All Views"}, Qt::Key_Escape,
+                   [this] { commands_.FillOrShowAll(); });
+    sideBar_ = Add(menu, Caption{"viewSideBar", "Si&de Bar"}, kPanelKey,
+                   [this] { commands_.ShowSideBar(!commands_.IsSideBarShown()); });
+    sideBar_->setCheckable(true);
+    nextPane_ =
+        Add(menu, Caption{"viewNextPane", "&Next Pane"}, Qt::Key_F6, [this] { commands_.GoToPane(true); });
+    previousPane_ = Add(menu, Caption{"viewPreviousPane", "&Previous Pane"}, Qt::SHIFT | Qt::Key_F6,
+                        [this] { commands_.GoToPane(false); });
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
     menu.addSeparator();
     struct Place {
         Arrangement arrangement;
@@ -215,6 +230,14 @@ void Menus::AddHelp() {
 }
 
 void Menus::Update() {
+    fill_->setEnabled(commands_.IsFilled() || commands_.HasActiveView());
+    fill_->setChecked(commands_.IsFilled());
+    showAll_->setEnabled(commands_.IsFilled());
+    sideBar_->setEnabled(commands_.HasSideBar());
+    sideBar_->setChecked(commands_.IsSideBarShown());
+    for (QAction* pane : {nextPane_, previousPane_}) {
+        pane->setEnabled(commands_.HasDocument());
+    }
     close_->setEnabled(commands_.HasDocument());
     save_->setEnabled(commands_.HasChangedEvents());
     for (QAction* picture : {savePicture_, copyPicture_, print_}) {

@@ -43,6 +43,8 @@ private:
     QAction* beforeChild_ = nullptr; ///< the view's menu stands before it
     QPointer<QAction> child_;
     QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr;
+    QAction *fill_ = nullptr, *showAll_ = nullptr, *sideBar_ = nullptr, *nextPane_ = nullptr,
+            *previousPane_ = nullptr;
     QAction *savePicture_ = nullptr, *print_ = nullptr, *copyPicture_ = nullptr;
     QAction *close_ = nullptr, *newAnalysis_ = nullptr, *recompute_ = nullptr, *regression_ = nullptr,
             *macros_ = nullptr;

@@ -7,12 +7,15 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QToolButton>
+
+#include <utility>
 
 namespace orvanta::review {
 
 NoticeStrip::NoticeStrip(QWidget* parent)
-    : QFrame(parent), text_(new QLabel(this)), more_(new QToolButton(this)) {
+    : QFrame(parent), text_(new QLabel(this)), more_(new QToolButton(this)), close_(new QToolButton(this)) {
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
@@ -25,12 +28,10 @@ NoticeStrip::NoticeStrip(QWidget* parent)
     icon->setPixmap(owl::IconOf(QStringLiteral("information")).pixmap(kIcon, kIcon));
     more_->setText(HostQText("noticeMore", "Show all..."));
     more_->setAutoRaise(true);
-    auto* close = new QToolButton(this);
-    close->setIcon(owl::IconOf(QStringLiteral("view_close")));
-    close->setToolTip(HostQText("noticeClose", "Close this notice"));
-    close->setAccessibleName(close->toolTip());
-    close->setAutoRaise(true);
-    connect(close, &QToolButton::clicked, this, &QWidget::hide);
+    close_->setIcon(owl::IconOf(QStringLiteral("view_close")));
+    close_->setAutoRaise(true);
+    connect(close_, &QToolButton::clicked, this, &QWidget::hide);
+    WhenClosed(HostQText("noticeClose", "Close this notice"), [] {});
     connect(more_, &QToolButton::clicked, this, [this] {
         owl::CurrentModalGateway().ShowMessage(HWND(window()), lines_.join('\n').toStdString(),
                                                heading_.toStdString(), owl::kMbOk);
@@ -41,14 +42,14 @@ NoticeStrip::NoticeStrip(QWidget* parent)
     row->addWidget(icon);
     row->addWidget(text_, 1);
     row->addWidget(more_);
-    row->addWidget(close);
+    row->addWidget(close_);
     hide();
 }
 
 void NoticeStrip::Tell(const QString& heading, const QStringList& lines) {
     heading_ = heading;
     lines_ = lines;
-    text_->setText(lines.isEmpty() ? QString() : heading + ": " + lines.first());
+    text_->setText(lines.isEmpty() || heading.isEmpty() ? lines.value(0) : heading + ": " + lines.first());
     text_->setToolTip(lines.join('\n').toHtmlEscaped().replace('\n', "<br>"));
     more_->setVisible(lines.size() > 1);
     setVisible(!lines.isEmpty());
@@ -56,6 +57,21 @@ void NoticeStrip::Tell(const QString& heading, const QStringList& lines) {
 
 QString NoticeStrip::Text() const {
     return text_->text();
+}
+
+void NoticeStrip::AddAction(const QString& name, const QString& caption, std::function<void()> run) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, std::move(run));
+    auto* row = static_cast<QHBoxLayout*>(layout());
+    row->insertWidget(row->indexOf(close_), button);
+    setTabOrder(button, close_);
+}
+
+void NoticeStrip::WhenClosed(const QString& tip, std::function<void()> closed) {
+    close_->setToolTip(tip);
+    close_->setAccessibleName(tip);
+    connect(close_, &QToolButton::clicked, this, std::move(closed));
 }
 
 } // namespace orvanta::review

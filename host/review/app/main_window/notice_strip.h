@@ -4,6 +4,8 @@
 
 #include <QFrame>
 
+#include <functional>
+
 class QLabel;
 class QToolButton;
 
@@ -17,10 +19,14 @@ public:
     /// \param lines plain text; the first is shown, the others as a tip and behind a button. None hides.
     void Tell(const QString& heading, const QStringList& lines);
     QString Text() const;
+    /// A button that does what the text speaks of.
+    void AddAction(const QString& name, const QString& caption, std::function<void()> run);
+    /// \param tip of the close button \param closed called when the user closed the strip
+    void WhenClosed(const QString& tip, std::function<void()> closed);
 
 private:
     QLabel* text_;
-    QToolButton* more_;
+    QToolButton *more_, *close_;
     QString heading_;
     QStringList lines_;
 };

@@ -28,14 +28,18 @@ TheChild* OpenViews::Make(ViewKind kind, Document& document) {
     if (kind == ViewKind::Traces) {
         return new TraceView(window_, document.Recording(), document.Events());
     }
-    if (kind == ViewKind::Maps) {
-        return bridge_->MakeMapsView(window_, document.Recording(), document.Analyses(), false);
+    if (IsMaps(kind)) {
+        return bridge_->MakeMapsView(window_, document.Recording(), document.Analyses(),
+                                     kind == ViewKind::Heads);
     }
     return bridge_->MakeSpectrumView(window_, document.Recording(), document.Analyses());
 }
 
 void OpenViews::Open(ViewKind kind, Document& document, std::function<void()> close) {
     if (CanShow(kind) && !IsShown(kind)) {
+        if (IsMaps(kind)) {
+            Close(kind == ViewKind::Maps ? ViewKind::Heads : ViewKind::Maps);
+        }
         TheChild* view = Make(kind, document);
         view->Create();
         if (kind != ViewKind::Traces) {
@@ -60,14 +64,14 @@ void OpenViews::CloseAll() {
 }
 
 void OpenViews::FollowMontage(const Document& document) {
-    for (const ViewKind kind : {ViewKind::Spectrum, ViewKind::Maps}) {
+    for (const ViewKind kind : kAnalysisViews) {
         if (TheChild* view = window_.Views().ViewOf(kind)) {
             bridge_->FollowMontage(*view, document.Recording());
         }
     }
 }
 
-void OpenViews::Refresh(std::initializer_list<ViewKind> kinds) {
+void OpenViews::Refresh(std::span<const ViewKind> kinds) {
     const QPointer<QWidget> focused(QApplication::focusWidget());
     for (const ViewKind kind : kinds) {
         // A view may go while another computes.
@@ -82,6 +86,15 @@ void OpenViews::Refresh(std::initializer_list<ViewKind> kinds) {
 
 TraceView* OpenViews::Traces() const {
     return static_cast<TraceView*>(window_.Views().ViewOf(ViewKind::Traces));
+}
+
+void OpenViews::FocusAnalysis() {
+    for (const ViewKind kind : kAnalysisViews) {
+        if (TheChild* view = window_.Views().ViewOf(kind)) {
+            view->SetFocus();
+            return;
+        }
+    }
 }
 
 void OpenViews::Focus() {

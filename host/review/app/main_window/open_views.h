@@ -5,7 +5,7 @@
 #include "host/review/app/main_window/view_area.h"
 
 #include <functional>
-#include <initializer_list>
+#include <span>
 
 class TheChild;
 
@@ -25,7 +25,7 @@ public:
 
     bool CanShow(ViewKind kind) const;
     bool IsShown(ViewKind kind) const;
-    /// Nothing for a view that is there or cannot be shown.
+    /// Nothing for a view that is there or cannot be shown. Maps of the other kind are closed.
     /// \param close what the view's button asks for
     void Open(ViewKind kind, Document& document, std::function<void()> close);
     /// Stores the view's settings. Nothing for a view that is not there.
@@ -34,11 +34,13 @@ public:
     /// Lets the views of analyses show the montage that is in use now.
     void FollowMontage(const Document& document);
     /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
-    void Refresh(std::initializer_list<ViewKind> kinds);
+    void Refresh(std::span<const ViewKind> kinds);
     /// Null while they are not shown.
     TraceView* Traces() const;
     /// Gives the focus to the traces, which ask nothing when they get it, else to the window itself.
     void Focus();
+    /// Gives the focus to the first view of analyses that is shown, else leaves it. There must be an analysis.
+    void FocusAnalysis();
 
 private:
     TheChild* Make(ViewKind kind, Document& document);

@@ -27,6 +27,7 @@ struct Session {
     std::string montage;
     std::vector<SavedAnalysis> analyses;
     std::optional<std::size_t> main, secondary; ///< among them
+    bool heads = false;                         ///< maps on heads, not flat ones
 
     bool operator==(const Session&) const = default;
 };

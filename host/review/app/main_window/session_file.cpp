@@ -67,6 +67,7 @@ std::optional<Session> LoadSession(const std::string& file) {
     }
     session.main = Place(root["main"]);
     session.secondary = Place(root["secondary"]);
+    session.heads = root["heads"].toBool();
     return session;
 }
 
@@ -76,8 +77,9 @@ void SaveSession(const std::string& file, const Session& session) {
         analyses.append(QJsonObject{{"macro", Text(analysis.file)}, {"settings", Text(analysis.settings)}});
     }
     const QJsonObject root{
-        {"version", kVersion},  {"position", session.position}, {"montage", Text(session.montage)},
-        {"analyses", analyses}, {"main", Number(session.main)}, {"secondary", Number(session.secondary)}};
+        {"version", kVersion},   {"position", session.position}, {"montage", Text(session.montage)},
+        {"analyses", analyses},  {"main", Number(session.main)}, {"secondary", Number(session.secondary)},
+        {"heads", session.heads}};
     platform::WriteFileAtomically(file, QJsonDocument(root).toJson().toStdString());
 }
 

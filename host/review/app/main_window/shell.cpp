@@ -5,13 +5,13 @@
 #include "host/review/app/main_window/text_setting.h"
 #include "host/toolkit/icon.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 
-#include <algorithm>
 #include <utility>
 
 namespace orvanta::review {
@@ -89,13 +89,17 @@ void Shell::ShowTitle(const QString& file, bool changed) {
 }
 
 void Shell::Restore(const GenericPlatform& platform) {
-    constexpr int kWidth = 1280;
-    constexpr int kHeight = 800;
+    constexpr QSize kUsual(1280, 800);
+    constexpr QSize kSmallest(640, 400);
     constexpr double kOfScreen = 0.9;
-    const QSize room = screen()->availableSize() * kOfScreen;
-    resize(std::min(kWidth, room.width()), std::min(kHeight, room.height()));
+    const QSize usual = (screen()->availableSize() * kOfScreen).boundedTo(kUsual);
+    resize(usual);
     // Qt refuses what is no state of this window, and moves a window that would lie on no screen.
-    restoreGeometry(Decoded(ReadText(platform, kGeometry)));
+    if (!restoreGeometry(Decoded(ReadText(platform, kGeometry)))) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    } else if (!isMaximized() && (width() < kSmallest.width() || height() < kSmallest.height())) {
+        resize(usual);
+    }
     restoreState(Decoded(ReadText(platform, kState)), kStateVersion);
     sideBar_->Update();
 }
@@ -103,6 +107,21 @@ void Shell::Restore(const GenericPlatform& platform) {
 void Shell::Store(GenericPlatform& platform) const {
     WriteText(platform, kGeometry, Encoded(saveGeometry()));
     WriteText(platform, kState, Encoded(saveState(kStateVersion)));
+}
+
+bool Shell::event(QEvent* event) {
+    if (event->type() == QEvent::WindowUnblocked) {
+        // Without a window manager nobody else gives the focus back after a dialog.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (QApplication::activeWindow() == nullptr && QApplication::activeModalWidget() == nullptr) {
+                    activateWindow();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+    return QMainWindow::event(event);
 }
 
 void Shell::closeEvent(QCloseEvent* event) {

@@ -3,7 +3,7 @@
 
 #include "host/chart_view/the_child.h"
 
-#include <QStringList>
+#include <algorithm>
 
 namespace orvanta::review {
 
@@ -13,60 +13,56 @@ std::size_t At(ViewKind kind) {
     return static_cast<std::size_t>(kind);
 }
 
-QString SizesText(const QSplitter& splitter) {
-    QStringList sizes;
-    for (const int size : splitter.sizes()) {
-        sizes << QString::number(size);
+/// Of the first of two; nothing when there are not two to be seen.
+std::optional<double> ShareOf(const QSplitter& splitter) {
+    const QList<int> sizes = splitter.sizes();
+    if (sizes.size() != 2 || sizes[0] <= 0 || sizes[1] <= 0) {
+        return std::nullopt;
     }
-    return sizes.join(',');
+    return std::clamp(static_cast<double>(sizes[0]) / (sizes[0] + sizes[1]), kLeastShare, 1 - kLeastShare);
 }
 
-QList<int> SizesOf(const QString& text) {
-    QList<int> sizes;
-    for (const QString& size : text.split(',')) {
-        sizes << std::max(size.toInt(), 0);
+void GiveShare(QSplitter& splitter, double share) {
+    if (splitter.count() == 2) {
+        constexpr int kWhole = 100'000; // Qt keeps only the proportions
+        const int first = qRound(share * kWhole);
+        splitter.setSizes({first, kWhole - first});
     }
-    return sizes;
 }
 
 } // namespace
 
 ViewArea::ViewArea(QWidget* parent) : QSplitter(Qt::Vertical, parent), others_(new QSplitter(this)) {
-    setChildrenCollapsible(false);
-    others_->setChildrenCollapsible(false);
     constexpr int kHandle = 5;
-    setHandleWidth(kHandle);
-    others_->setHandleWidth(kHandle);
+    for (QSplitter* splitter : {static_cast<QSplitter*>(this), others_}) {
+        splitter->setChildrenCollapsible(false);
+        splitter->setHandleWidth(kHandle);
+    }
+    connect(this, &QSplitter::splitterMoved, this, [this] {
+        double& share = layout_.Shares().traces;
+        share = ShareOf(*this).value_or(share);
+    });
+    connect(others_, &QSplitter::splitterMoved, this, [this] {
+        double& share = layout_.Shares().spectrum;
+        share = ShareOf(*others_).value_or(share);
+    });
     others_->hide();
 }
 
 void ViewArea::Place(ViewKind kind, TheChild& view, std::function<void()> close) {
-    auto* frame = new FramedView(view, {[this, kind] { Fill(kind); }, std::move(close)}, this);
+    auto* frame = new FramedView(view, {[this, kind] { Fill(kind); }, std::move(close)}, layout_.panel, this);
     frames_[At(kind)] = frame;
     if (kind == ViewKind::Traces) {
         insertWidget(0, frame);
     } else {
-        const bool mapsThere = frames_[At(ViewKind::Maps)] != nullptr && kind == ViewKind::Spectrum;
-        others_->insertWidget(mapsThere ? 0 : others_->count(), frame);
+        others_->insertWidget(kind == ViewKind::Spectrum ? 0 : others_->count(), frame);
     }
-    filled_.reset();
-    ShowFrames();
-    ShareRoom();
-}
-
-void ViewArea::ShareRoom() {
-    // Qt keeps only the proportions.
-    constexpr int kTraces = 450;
-    constexpr int kOthers = 550;
-    setSizes(sizes_.size() == count() ? sizes_ : QList<int>{kTraces, kOthers});
-    others_->setSizes(otherSizes_.size() == others_->count() ? otherSizes_
-                                                             : QList<int>(others_->count(), kTraces));
+    ShowAll();
 }
 
 void ViewArea::Remove(ViewKind kind) {
     delete frames_[At(kind)];
-    filled_.reset();
-    ShowFrames();
+    ShowAll();
 }
 
 TheChild* ViewArea::ViewOf(ViewKind kind) const {
@@ -74,10 +70,21 @@ TheChild* ViewArea::ViewOf(ViewKind kind) const {
     return frame != nullptr ? &frame->View() : nullptr;
 }
 
+std::vector<FramedView*> ViewArea::Shown() const {
+    std::vector<FramedView*> shown;
+    for (const ViewKind kind : kViewKinds) {
+        if (frames_[At(kind)] != nullptr && (!filled_ || *filled_ == kind)) {
+            shown.push_back(frames_[At(kind)]);
+        }
+    }
+    return shown;
+}
+
 void ViewArea::Arrange(Arrangement arrangement) {
-    arrangement_ = arrangement;
+    layout_.arrangement = arrangement;
     setOrientation(arrangement == Arrangement::TracesBeside ? Qt::Horizontal : Qt::Vertical);
     others_->setOrientation(arrangement == Arrangement::TracesAbove ? Qt::Horizontal : Qt::Vertical);
+    ShareRoom();
 }
 
 void ViewArea::Fill(ViewKind kind) {
@@ -85,36 +92,39 @@ void ViewArea::Fill(ViewKind kind) {
     ShowFrames();
 }
 
-void ViewArea::ShowFrames() {
-    bool others = false;
-    for (const ViewKind kind : kViewKinds) {
-        if (FramedView* frame = frames_[At(kind)]) {
-            const bool shown = !filled_ || *filled_ == kind;
-            frame->setVisible(shown);
-            others = others || (shown && kind != ViewKind::Traces);
-        }
-    }
-    others_->setVisible(others);
+void ViewArea::ShowAll() {
+    filled_.reset();
+    ShowFrames();
 }
 
-std::string ViewArea::Layout() const {
-    return (QString::number(static_cast<int>(arrangement_)) + ';' + SizesText(*this) + ';' +
-            SizesText(*others_))
-        .toStdString();
+void ViewArea::ShowFrames() {
+    const std::vector<FramedView*> shown = Shown();
+    for (const QPointer<FramedView>& frame : frames_) {
+        if (frame != nullptr) {
+            frame->setVisible(std::ranges::find(shown, frame.data()) != shown.end());
+            frame->ShowFilled(IsFilled());
+        }
+    }
+    others_->setVisible(std::ranges::any_of(
+        shown, [this](const FramedView* frame) { return frame->parentWidget() == others_; }));
+    ShareRoom();
+}
+
+void ViewArea::ShareRoom() {
+    const PaneShares& shares = layout_.Shares();
+    GiveShare(*this, shares.traces);
+    GiveShare(*others_, shares.spectrum);
 }
 
 void ViewArea::RestoreLayout(const std::string& text) {
-    const QStringList parts = QString::fromStdString(text).split(';');
-    constexpr int kParts = 3;
-    if (parts.size() != kParts) {
-        return;
+    if (const std::optional<PaneLayout> layout = PaneLayoutOf(text)) {
+        layout_ = *layout;
+        Arrange(layout_.arrangement);
     }
-    const int arrangement = parts[0].toInt();
-    if (arrangement >= 0 && arrangement <= static_cast<int>(Arrangement::Rows)) {
-        Arrange(static_cast<Arrangement>(arrangement));
-    }
-    sizes_ = SizesOf(parts[1]);
-    otherSizes_ = SizesOf(parts[2]);
+}
+
+void ViewArea::resizeEvent(QResizeEvent* event) {
+    QSplitter::resizeEvent(event);
     ShareRoom();
 }
 

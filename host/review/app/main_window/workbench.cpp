@@ -35,6 +35,7 @@ constexpr const char* kLastFile = "LastFile";
 constexpr const char* kFolder = "Folder";
 constexpr const char* kLayout = "ViewLayout";
 constexpr const char* kHidden = "HiddenViews";
+constexpr const char* kOffers = "OffersAnalysis";
 constexpr const char* kStatMode = "StatMode";
 constexpr int kStatePoll = 200; // ms
 
@@ -46,8 +47,9 @@ QStringList Lines(const std::vector<std::string>& texts) {
     return lines;
 }
 
+/// Both kinds of maps have one place.
 unsigned Bit(ViewKind kind) {
-    return 1U << static_cast<unsigned>(kind);
+    return 1U << static_cast<unsigned>(IsMaps(kind) ? ViewKind::Maps : kind);
 }
 
 } // namespace
@@ -88,6 +90,12 @@ Workbench::Workbench(Setup setup)
         middle_->Problem().Tell(HostQText("noModule", "Only traces can be shown"),
                                 {QString::fromStdString(setup_.moduleProblem)});
     }
+    NoticeStrip& offer = middle_->Offer();
+    offer.Tell({}, {HostQText("offerAnalysis", "Spectra and maps appear here once there is an analysis.")});
+    offer.AddAction("offerNew", HostQText("analysisNew", "&New Analysis..."), [this] { NewAnalysis(); });
+    offer.WhenClosed(HostQText("offerClose", "Do not offer this again"),
+                     [this] { platform_.GetUser()->PutInt(kHostSection, kOffers, 0); });
+    ShowOffer();
     QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] { Follow(); });
     statePoll_.start(kStatePoll);
 }
@@ -104,6 +112,7 @@ Workbench::~Workbench() {
 
 void Workbench::Start(const std::string& file) {
     shell_->show();
+    shell_->activateWindow();
     const std::string first = file.empty() && KeepsSessions() ? ReadText(platform_, kLastFile) : file;
     if (!first.empty()) {
         OpenFile(first);
@@ -159,9 +168,11 @@ bool Workbench::Load(const std::string& path) {
         autosave_ = std::make_unique<EventAutosave>(document_->Events());
     }
     document_->Analyses().SetStatMode(platform_.GetUser()->GetInt(kHostSection, kStatMode, 0));
+    maps_ = ViewKind::Maps;
     if (KeepsSessions()) {
         if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
             Restore(*session, *document_, gui_);
+            maps_ = session->heads ? ViewKind::Heads : ViewKind::Maps;
         }
     }
     montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
@@ -178,7 +189,7 @@ bool Workbench::Load(const std::string& path) {
 
 void Workbench::RefreshAnalyses() {
     if (document_ != nullptr && document_->Analyses().GetMain() != nullptr && !gui_.IsBusy()) {
-        views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
+        views_->Refresh(kAnalysisViews);
     }
 }
 
@@ -220,7 +231,9 @@ void Workbench::StoreSession() {
         return;
     }
     try {
-        SaveSession(SessionPath(document_->Path()), SessionOf(*document_));
+        Session session = SessionOf(*document_);
+        session.heads = maps_ == ViewKind::Heads;
+        SaveSession(SessionPath(document_->Path()), session);
     } catch (const std::exception& error) {
         gui_.ShowError(error.what());
     }
@@ -228,21 +241,21 @@ void Workbench::StoreSession() {
 
 bool Workbench::IsWanted(ViewKind kind) const {
     const auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
-    return (hidden & Bit(kind)) == 0;
+    return (hidden & Bit(kind)) == 0 && (!IsMaps(kind) || kind == maps_);
 }
 
 bool Workbench::HasAnalysisFor(ViewKind kind) {
     const SpectraMgr& analyses = document_->Analyses();
-    if (kind == ViewKind::Maps && analyses.GetMain() == nullptr) {
+    if (IsMaps(kind) && analyses.GetMain() == nullptr) {
         NewAnalysis();
     }
-    return kind != ViewKind::Maps || analyses.GetMain() != nullptr;
+    return !IsMaps(kind) || analyses.GetMain() != nullptr;
 }
 
 void Workbench::OpenWantedViews() {
     const bool analysed = document_->Analyses().GetMain() != nullptr;
     for (const ViewKind kind : kViewKinds) {
-        if (IsWanted(kind) && (analysed || kind != ViewKind::Maps)) {
+        if (kind == ViewKind::Traces ? IsWanted(kind) || !analysed : IsWanted(kind) && analysed) {
             OpenView(kind);
         }
     }
@@ -267,8 +280,11 @@ void Workbench::Show(ViewKind kind, bool show) {
     gui_.WhenIdle([this, kind, show] {
         if (!show) {
             views_->Close(kind);
-        } else if (CanShow(kind) && HasAnalysisFor(kind)) {
-            OpenView(kind);
+        } else if (CanShow(kind)) {
+            maps_ = IsMaps(kind) ? kind : maps_;
+            if (HasAnalysisFor(kind)) {
+                OpenView(kind);
+            }
         }
         auto hidden = static_cast<unsigned>(platform_.GetUser()->GetInt(kHostSection, kHidden, 0));
         hidden = show ? hidden & ~Bit(kind) : hidden | Bit(kind);
@@ -310,7 +326,13 @@ void Workbench::ShowState() {
                       HasChangedEvents());
     const StatusFields fields = document_ != nullptr ? StatusOf(document_->Recording()) : StatusFields();
     menus_->Update();
+    ShowOffer();
     shell_->ShowFields(fields.recording, fields.montage, fields.place);
+}
+
+void Workbench::ShowOffer() {
+    const bool wanted = platform_.GetUser()->GetInt(kHostSection, kOffers, 1) != 0;
+    middle_->Offer().setVisible(wanted && CanAnalyse() && document_->Analyses().GetMain() == nullptr);
 }
 
 void Workbench::Follow() {
@@ -331,13 +353,14 @@ void Workbench::FollowAnalyses() {
     if (state == followed_) {
         return;
     }
-    followed_ = state;
-    OpenWantedViews();
+    if (document_->Analyses().GetMain() != nullptr) {
+        OpenWantedViews();
+    }
     followed_ = state;
     if (TraceView* traces = views_->Traces()) {
         traces->SetShades(EpochShades(document_->Analyses(), document_->Recording(), palette));
     }
-    views_->Refresh({ViewKind::Maps});
+    views_->Refresh(kMapsViews);
 }
 
 void Workbench::EventsChanged() {

@@ -63,6 +63,12 @@ public:
     bool CanShow(ViewKind kind) const override;
     bool IsShown(ViewKind kind) const override;
     void Show(ViewKind kind, bool show) override;
+    void FillOrShowAll() override;
+    bool IsFilled() const override;
+    bool HasSideBar() const override;
+    bool IsSideBarShown() const override;
+    void ShowSideBar(bool show) override;
+    void GoToPane(bool next) override;
     Arrangement GetArrangement() const override;
     void Arrange(Arrangement arrangement) override;
 
@@ -109,12 +115,14 @@ private:
     std::vector<std::string> OfferMontages();
     void OpenView(ViewKind kind);
     void ShowState();
+    /// Offers an analysis while there is none, unless the user does not want that.
+    void ShowOffer();
     /// Shows what changed without being told.
     void Follow();
     void FollowAnalyses();
     /// Maps need an analysis: without one they would ask again and again. The user is asked here, once.
     bool HasAnalysisFor(ViewKind kind);
-    /// Those that the user has not closed and that need ask nothing.
+    /// Those that the user has not closed; before there is an analysis, the traces.
     void OpenWantedViews();
     bool IsWanted(ViewKind kind) const;
     void EventsChanged();
@@ -130,6 +138,7 @@ private:
     RecentFiles recent_;
     std::unique_ptr<Document> document_;
     std::unique_ptr<ActionListener> eventsChanged_, montageChanged_; ///< of the document
+    ViewKind maps_ = ViewKind::Maps;                                 ///< the kind that is or would be shown
     AnalysisState followed_;                                         ///< what traces and maps show
     std::string montage_;                                            ///< that was told last
     bool refreshQueued_ = false;

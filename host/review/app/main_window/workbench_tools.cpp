@@ -15,6 +15,8 @@
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
+#include <algorithm>
+
 namespace orvanta::review {
 
 bool Workbench::CanAnalyse() const {
@@ -39,19 +41,24 @@ void Workbench::NewAnalysis() {
     } catch (const std::exception& error) {
         gui_.ShowError(error.what());
     }
+    if (manager.GetMain() == nullptr) {
+        return;
+    }
     OpenWantedViews();
-    if (!IsShown(ViewKind::Spectrum) && !IsShown(ViewKind::Maps)) {
+    if (std::ranges::none_of(kAnalysisViews, [this](ViewKind kind) { return IsShown(kind); })) {
         Show(ViewKind::Spectrum, true);
     }
-    views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
+    views_->Refresh(kAnalysisViews);
+    views_->FocusAnalysis();
 }
 
 void Workbench::Recompute() {
     if (CanAnalyse() && !gui_.IsBusy()) {
         if (SpectMacroResult* main = document_->Analyses().GetMain()) {
             main->ResetData();
+            OpenWantedViews();
         }
-        views_->Refresh({ViewKind::Spectrum, ViewKind::Maps});
+        views_->Refresh(kAnalysisViews);
     }
 }
 

@@ -123,6 +123,10 @@ void TraceView::Impl::Cancel() {
     Refresh();
 }
 
+bool TraceView::Impl::CanCancel() const {
+    return player.isActive() || drag != Drag::None || marking || !model.Selected().empty() || selectedEvent;
+}
+
 void TraceView::Impl::GoToTime() {
     const TraceWindow& window = model.State().window;
     GoToDialog dialog(view.GetHandle(), {window.start, model.Total(), model.StartTime()});

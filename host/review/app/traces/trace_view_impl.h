@@ -113,6 +113,7 @@ struct TraceView::Impl {
 
     /// Ends what the user began, and selects nothing.
     void Cancel();
+    bool CanCancel() const;
     void GoToTime();
     void Play(bool play);
     void PlayOn();

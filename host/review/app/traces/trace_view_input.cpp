@@ -138,7 +138,8 @@ bool TraceView::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         // The view's own keys come before those of menus.
         const auto& key = static_cast<const QKeyEvent&>(*event);
-        if (CommandOfKey(key.key(), key.modifiers())) {
+        const std::optional<unsigned> command = CommandOfKey(key.key(), key.modifiers());
+        if (command && (*command != kCmCancel || impl_->CanCancel())) {
             event->accept();
             return true;
         }

@@ -133,6 +133,7 @@ TEST_F(Analysing, AMontageIsChosenInTheMenu) {
 
 TEST_F(Analysing, ViewsAreClosedByTheirButtonAndOpenedInTheMenu) {
     Start(Demo());
+    bench->Show(ViewKind::Spectrum, true);
     Spectrum().parentWidget()->parentWidget()->findChild<QToolButton*>("view_close")->click();
     test::WaitUntilIdle();
     EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
@@ -148,6 +149,7 @@ TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
     Start();
     EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Help"}));
     bench->OpenFile(Demo());
+    bench->Show(ViewKind::Spectrum, true);
     user.MeetsDialog([](QDialog& form) { form.reject(); }); // asks, since there is no analysis
     Spectrum().SetFocus();
     test::WaitUntilIdle();
@@ -160,6 +162,7 @@ TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
 TEST_F(Analysing, TheRegressionPanelComesAndGoes) {
     Start(Demo());
     AddAnalysis();
+    bench->Show(ViewKind::Spectrum, true);
     const auto panels = [this] {
         Spectrum().SetFocus();
         test::WaitUntilIdle();

@@ -101,6 +101,7 @@ TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {
 }
 
 TEST_F(LinkedViews, AViewThatOpensNamesTheMontageInUse) {
+    bench->Show(ViewKind::Spectrum, true);
     const TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
     EXPECT_EQ(spectrum.GetToolBar().findChild<QComboBox*>()->currentText(), "As recorded");
 }

@@ -30,8 +30,7 @@ TEST_F(Opening, ShowsTheRecordingThatIsNamedAtTheStart) {
     Start(Demo());
     ASSERT_TRUE(bench->HasDocument());
     EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
-    EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Spectrum)->isVisible());
+    EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Traces)->isVisible());
     EXPECT_FALSE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
 }
 
@@ -55,7 +54,7 @@ TEST_F(Opening, SwitchesToAnotherRecording) {
     Start(Demo());
     bench->OpenFile(Demo("other.edf", 2));
     EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
 }
 
 TEST_F(Opening, LeavesTheRecordingWhenABrokenFileIsRefused) {
@@ -64,7 +63,7 @@ TEST_F(Opening, LeavesTheRecordingWhenABrokenFileIsRefused) {
     user.AnswersMessage(owl::kIdOk);
     bench->OpenFile(folder.Write("broken.edf", "no header at all"));
     EXPECT_EQ(&Recording(), before);
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
     ASSERT_EQ(user.Messages().size(), 1U);
     EXPECT_THAT(user.Messages().front().text, HasSubstr("broken.edf: "));
     EXPECT_EQ(user.Messages().front().caption, "Error");

@@ -104,6 +104,7 @@ TEST_F(SessionOfTheWindow, RemembersEachRecordingByItself) {
 
 TEST_F(SessionOfTheWindow, RemembersWhichViewsAreShown) {
     Start(Demo());
+    AddAnalysis();
     bench->Show(ViewKind::Spectrum, false);
     LeaveAndComeBack();
     EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
