@@ -39,7 +39,8 @@ public:
     TraceView* Traces() const;
     /// Gives the focus to the traces, which ask nothing when they get it, else to the window itself.
     void Focus();
-    /// Gives the focus to the first view of analyses that is shown, else leaves it. There must be an analysis.
+    /// Gives the focus to the first view of analyses that is shown, else leaves it. There must be an
+    /// analysis.
     void FocusAnalysis();
 
 private:

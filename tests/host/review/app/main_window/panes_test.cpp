@@ -193,6 +193,7 @@ TEST_F(Panes, HideTheSideBarWithF9AndRememberIt) {
     EXPECT_LE(Frame(ViewKind::Spectrum).Panel().Panel()->width(), 0.46 * Frame(ViewKind::Spectrum).width());
     bench->Window().activateWindow();
     View(ViewKind::Traces).SetFocus();
+    test::WaitUntilIdle();
     Opens("menuView"); // the window looks at itself from time to time only
     Press(Qt::Key_F9);
     EXPECT_FALSE(bench->IsSideBarShown());
