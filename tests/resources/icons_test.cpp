@@ -15,9 +15,9 @@
 namespace {
 
 /// Of the buttons: bitmaps, or commands where a button has no bitmap; then the view's own.
-constexpr int kNumbers[] = {2059,  2064,  2065,  2068,  2069,  2070,  2071,  2072,  2079,
-                            2080,  2081,  2082,  2083,  2084,  2328,  14376, 14406, 14437,
-                            14439, 14447, 14450, 14451, 14486, 28784, 28785};
+constexpr int kNumbers[] = {2059,  2064,  2065,  2068,  2069,  2070,  2071,  2072,  2079,  2080,
+                            2081,  2082,  2083,  2084,  2328,  14376, 14406, 14437, 14439, 14447,
+                            14450, 14451, 14486, 14708, 14727, 14736, 28784, 28785};
 
 QByteArray Contents(const QString& path) {
     QFile file(path);

@@ -3,6 +3,7 @@
 
 #include "host/signal_base/events/annotation_events.h"
 #include "host/signal_base/events_tsv/events_table.h"
+#include "host/signal_base/events_tsv/table_cells.h"
 #include "host/signal_base/events_tsv/table_columns.h"
 #include "host/signal_base/text.h"
 #include "host/signal_base/text_encoding.h"
@@ -37,38 +38,6 @@ std::string BeginText(const EventRecord& event) {
 XTime DurationOf(const EventRecord& event) {
     return XTime::FromNanoseconds(event.Interval.GetEndPtr()->Nanoseconds() -
                                   event.Interval.GetBeginPtr()->Nanoseconds());
-}
-
-std::string Utf8(std::string_view cell) {
-    return IsUtf8(cell) ? std::string(cell) : ToUtf8(Trim(cell));
-}
-
-std::vector<std::string> CellsOf(std::string_view line) {
-    std::vector<std::string> cells;
-    for (;;) {
-        const std::size_t end = std::min(line.find('\t'), line.size());
-        cells.push_back(Utf8(line.substr(0, end)));
-        if (end == line.size()) {
-            return cells;
-        }
-        line.remove_prefix(end + 1);
-    }
-}
-
-std::string LineOf(const std::vector<std::string>& cells) {
-    std::string line;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        line += (i == 0 ? "" : "\t") + cells[i];
-    }
-    return line;
-}
-
-std::string_view LineEndOf(std::string_view table) {
-    const std::size_t end = table.find_first_of("\r\n");
-    if (end == std::string_view::npos) {
-        return "\n";
-    }
-    return table.substr(end, table.substr(end).starts_with("\r\n") ? 2 : 1);
 }
 
 /// A table as it was read: its rows, and the event of each that tells one.
@@ -117,7 +86,7 @@ public:
         label_ = Place(old, values ? TableHead::kValue : TableHead::kTrialType, complete);
     }
 
-    std::string Text() const { return LineOf(cells_); }
+    std::string Text() const { return JoinedCells(cells_); }
 
     /// \param old the row and the event that it tells; no row for a new event
     std::string Row(const EventRecord& event, std::string_view row, const EventRecord* old) const {
@@ -133,7 +102,7 @@ public:
         if (old == nullptr || old->Label != event.Label) {
             cells[label_] = QuotedWhereNeeded(event.Label);
         }
-        return LineOf(cells);
+        return JoinedCells(cells);
     }
 
 private:
@@ -224,7 +193,7 @@ std::string WriteEventsTable(std::string_view table, const std::string& file,
     const auto add = [&](const std::string& line) { text.append(line).append(old.LineEnd()); };
     const auto addOthers = [&](std::size_t line) {
         for (const std::size_t other : behind[line]) {
-            add(LineOf(CellsOf(old.Line(other))));
+            add(JoinedCells(CellsOf(old.Line(other))));
         }
     };
     add(head.Text());

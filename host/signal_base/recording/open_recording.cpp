@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/signal_base/channels_tsv/channel_marks.h"
 #include "host/signal_base/data_file.h"
 #include "host/signal_base/number_words.h"
 #include "host/signal_base/recording.h"
@@ -95,7 +96,13 @@ std::unique_ptr<EEGFileInfoType> OpenRecording(const std::string& path) {
             data.repairs.push_back(std::string("events table left out: ") + error.what());
         }
     }
-    return MakeRecording(std::move(data));
+    const std::vector<ChannelMark> marks = ReadChannelMarks(path, data.repairs);
+    std::unique_ptr<EEGFileInfoType> recording = MakeRecording(std::move(data));
+    if (!marks.empty()) {
+        MarkChannels(*recording, marks);
+        recording->SetAverageElectrodes({}); // of all that are good
+    }
+    return recording;
 }
 
 } // namespace orvanta::signal

@@ -22,8 +22,8 @@ void CheckSensors(const signal::BlockSource& source, const EngineRequest& reques
     Require(request.sensors.size() <= 0x7fffffff, "too many sensors");
     for (const EngineSensor& sensor : request.sensors) {
         Require(sensor.signal < source.SignalCount(), "a sensor names a signal that the recording lacks");
-        Require(std::isfinite(sensor.gain) && std::isfinite(sensor.offset),
-                "a sensor's gain or offset is no finite number");
+        Require(!std::isinf(sensor.gain) && std::isfinite(sensor.offset),
+                "a sensor's gain is infinite or its offset no finite number");
         const signal::SignalLayout& layout = source.Layout(sensor.signal);
         Require(layout.samples > 0, "a signal has no samples in a block");
         Require(layout.samples == source.Layout(request.sensors[0].signal).samples,

@@ -17,6 +17,8 @@ namespace orvanta::spectral {
 enum class Precision { Float, Double };
 
 /// A sensor's samples: value in µV = gain × stored value + offset. The offset goes with each epoch's mean.
+/// With NaN for the gain the sensor is left out: its results, and those of nodes and pairs that use it, are
+/// NaN.
 struct EngineSensor {
     std::size_t signal = 0;
     double gain = 1;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/spectral_data/results/analysis_request.h"
 
+#include "host/spectral_data/not_computable.h"
 #include "host/spectral_data/results/text.h"
 #include "host/spectral_data/settings/tapers.h"
 #include "host/spectral_data/statistics/measures.h"
@@ -58,7 +59,8 @@ EngineRequest MakeRequest(const AnalysisInput& input, const MontageNodes& nodes)
             throw std::runtime_error("the calibration of sensor " + sensor->GetName() +
                                      " is no finite number (correct its physical range in the file)");
         }
-        request.sensors.push_back({samples.signal, samples.gain, samples.offset});
+        // Not a number from the first step on, so that nothing made of a bad electrode looks like a result.
+        request.sensors.push_back({samples.signal, sensor->IsBad() ? kNaN : samples.gain, samples.offset});
     }
     request.derived = nodes.derived;
     request.pairs = nodes.pairs;

@@ -40,6 +40,17 @@ SpectraMacro WithLabelsOf(const SpectraMacro& labels, SpectraMacro settings) {
     return settings;
 }
 
+/// The electrodes that an analysis leaves out: those marked bad now.
+std::vector<const SensorType*> BadElectrodes(const orvanta::signal::Recording& recording) {
+    std::vector<const SensorType*> bad;
+    for (const auto& sensor : recording.Sensors()) {
+        if (sensor->IsEeg() && sensor->IsBad()) {
+            bad.push_back(sensor.get());
+        }
+    }
+    return bad;
+}
+
 /// Where the by-duration mode starts, in seconds.
 double CursorSeconds(const EEGFileInfoType& file) {
     return file.GetTraceCursor()->GetStartRecTime()->Seconds();
@@ -102,7 +113,7 @@ SpectraMacro SpectMacroResult::Impl::Settings() const {
 }
 
 bool SpectMacroResult::Impl::IsCurrent() const {
-    if (!analysis || !(macro == Settings())) {
+    if (!analysis || !(macro == Settings()) || computedBad != BadElectrodes(analysis->Recording())) {
         return false;
     }
     const std::uint64_t now = recording->GetEventsManager()->GetGeneration();
@@ -162,6 +173,7 @@ bool SpectMacroResult::ComputeOf(EEGFileInfoType* recording, GenericProgress* pr
     }
     const double cursor = CursorSeconds(*file);
     const std::uint64_t events = file->GetEventsManager()->GetGeneration();
+    auto bad = BadElectrodes(*file->GetRecording());
     auto computed = Analysis::Compute({file->GetRecording(), impl_->macro, file->GetTraceInfo()->GetMtg(),
                                        PlanOf(impl_->macro, *file, cursor), impl_->options},
                                       progress);
@@ -170,6 +182,7 @@ bool SpectMacroResult::ComputeOf(EEGFileInfoType* recording, GenericProgress* pr
     }
     impl_->recording = file;
     impl_->Adopt(std::move(computed));
+    impl_->computedBad = std::move(bad);
     impl_->computedCursor = cursor;
     impl_->eventsGeneration = events;
     // A view takes half of the rate rounded to a whole number for the limit.

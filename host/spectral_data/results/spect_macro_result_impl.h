@@ -20,7 +20,7 @@ struct SpectMacroResult::Impl {
     const orvanta::signal::Recording* Data() const;
     /// Epochs that settings, events and cursor make of the recording now; none without a recording.
     orvanta::spectral::EpochPlan PlanNow() const;
-    /// True when settings, file and events would give what is computed.
+    /// True when settings, file, events and bad electrodes would give what is computed.
     bool IsCurrent() const;
 
     // What is described and measured in bins belongs to the computed data, stale or not; before computing,
@@ -42,6 +42,7 @@ struct SpectMacroResult::Impl {
     std::uint64_t generation = 0;
 
     std::shared_ptr<const orvanta::spectral::Analysis> analysis;
+    std::vector<const SensorType*> computedBad; ///< electrodes that were left out
     double computedCursor = 0;                  ///< start that the by-duration mode took
     double computedTop = 0;                     ///< Hz; the highest wish that the data meet
     mutable std::uint64_t eventsGeneration = 0; ///< events known to give the computed epochs

@@ -2,6 +2,7 @@
 #include "host/review/app/events/event_dialog.h"
 
 #include "host/review/app/events/event_texts.h"
+#include "host/review/app/events/usual_labels.h"
 #include "host/review/app/gui.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/icon.h"
@@ -14,7 +15,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 
 namespace orvanta::review {
@@ -23,11 +23,13 @@ namespace {
 
 constexpr const char* kSection = "TFormEvent";
 constexpr double kUsualSeconds = 1; ///< duration offered for a point that becomes a stretch
-/// Offered in every recording. Analyses leave out by default what begins with "bad".
-constexpr const char* kUsualLabels[] = {"Artifact", "Bad segment", "Eyes closed", "Eyes open"};
 
 QStringList KnownLabels(const std::vector<EventRecord>& events) {
-    std::set<std::string> labels(std::begin(kUsualLabels), std::end(kUsualLabels));
+    std::set<std::string> labels;
+    const auto offer = [&labels](const auto& usual) { labels.insert(usual.begin(), usual.end()); };
+    offer(kArtifactLabels);
+    offer(kStateLabels);
+    offer(kSpotLabels);
     for (const EventRecord& event : events) {
         labels.insert(event.Label);
     }

@@ -44,7 +44,10 @@ void ShowTraces(const GallerySample& sample, const QSize& size, double start, co
     std::vector<Shade> shades;
     for (int epoch = 0; epoch < 2; ++epoch) {
         const double begin = start + 1 + 2 * epoch;
-        shades.push_back({{XTime::FromSeconds(begin), XTime::FromSeconds(begin + 2)}, 0x00B06020});
+        shades.push_back({{XTime::FromSeconds(begin), XTime::FromSeconds(begin + 2)},
+                          epoch == 0 ? 0x00B06020U : 0x002060B0U,
+                          epoch == 0 ? "Main analysis: Eyes open" : "Secondary analysis: Eyes closed",
+                          epoch != 0});
     }
     view->SetShades(std::move(shades));
     view->ShowChannel("O2");

@@ -13,6 +13,7 @@ class SpectraMgr;
 namespace orvanta::review {
 
 class EventEditor;
+class KeptMarks;
 
 /// Knows nothing of windows. GUI thread.
 class Document {
@@ -29,6 +30,8 @@ public:
     EEGFileInfoType& Recording() const { return *recording_; }
     EventEditor& Events() const { return *events_; }
     SpectraMgr& Analyses() const { return *analyses_; }
+    /// Of bad channels.
+    KeptMarks& Marks() const { return *marks_; }
     /// What was repaired or is worth knowing, a sentence each.
     const std::vector<std::string>& Repairs() const;
 
@@ -37,6 +40,7 @@ private:
     std::unique_ptr<EEGFileInfoType> recording_;
     std::unique_ptr<EventEditor> events_;
     std::unique_ptr<SpectraMgr> analyses_;
+    std::unique_ptr<KeptMarks> marks_;
 };
 
 } // namespace orvanta::review

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/epoch_shades.h"
 
+#include "host/review/app/main_window/host_text.h"
 #include "host/toolkit/qt_painting.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -20,20 +21,27 @@ std::uint64_t GenerationOf(const SpectMacroResult* analysis) {
     return Computed(analysis) != nullptr ? analysis->GetGeneration() : 0;
 }
 
-/// The traces must stay readable on it.
-owl::TColor Pale(const QColor& color, const QColor& base) {
-    constexpr int kShare = 22; // percent
-    const auto mixed = [&](int tone, int ground) { return (tone * kShare + ground * (100 - kShare)) / 100; };
-    return owl::FromQColor(QColor(mixed(color.red(), base.red()), mixed(color.green(), base.green()),
-                                  mixed(color.blue(), base.blue())));
+/// As light or dark as can be seen on the ground once it is laid over it thinly.
+owl::TColor Strong(const QColor& color, const QColor& ground) {
+    constexpr double kOnDark = 0.62, kOnLight = 0.42, kHalf = 0.5;
+    float hue = 0, saturation = 0, lightness = 0;
+    color.getHslF(&hue, &saturation, &lightness);
+    const bool dark = ground.lightnessF() < kHalf;
+    return owl::FromQColor(
+        QColor::fromHslF(std::max(0.0F, hue), saturation, static_cast<float>(dark ? kOnDark : kOnLight)));
 }
 
-void AddShades(const SpectMacroResult& analysis, EEGFileInfoType& recording, owl::TColor color,
+std::string Legend(const char* key, const char* text, const SpectMacroResult& analysis) {
+    return HostQText(key, text).arg(QString::fromStdString(analysis.GetName())).toStdString();
+}
+
+void AddShades(const SpectMacroResult& analysis, EEGFileInfoType& recording, const Shade& look,
                std::vector<Shade>& shades) {
     XTimeList epochs;
     analysis.GetEventList(&recording, epochs, nullptr);
     for (const XTimeInterval& stretch : Covered(epochs)) {
-        shades.push_back({stretch, color});
+        shades.push_back(look);
+        shades.back().interval = stretch;
     }
 }
 
@@ -68,12 +76,22 @@ std::vector<Shade> EpochShades(const SpectraMgr& manager, EEGFileInfoType& recor
     std::vector<Shade> shades;
     const SpectMacroResult* main = Computed(manager.GetMain());
     if (main != nullptr) {
-        AddShades(*main, recording, Pale(owl::ToQColor(main->GetMacro().Color), base), shades);
+        AddShades(*main, recording,
+                  {{},
+                   Strong(owl::ToQColor(main->GetMacro().Color), base),
+                   Legend("shadeOfMain", "Main analysis: %1", *main),
+                   false},
+                  shades);
     }
     if (const SpectMacroResult* secondary = Computed(manager.GetSecondary())) {
         const std::uint32_t color = secondary->GetMacro().Color;
         const bool same = main != nullptr && main->GetMacro().Color == color;
-        AddShades(*secondary, recording, Pale(same ? QColor(kAmber) : owl::ToQColor(color), base), shades);
+        AddShades(*secondary, recording,
+                  {{},
+                   Strong(same ? QColor(kAmber) : owl::ToQColor(color), base),
+                   Legend("shadeOfSecondary", "Secondary analysis: %1", *secondary),
+                   true},
+                  shades);
     }
     return shades;
 }

@@ -25,8 +25,9 @@ struct AnalysisState {
 
 AnalysisState AnalysisStateOf(const SpectraMgr& manager, const QPalette& palette);
 
-/// Epochs of the main and of the secondary analysis, in pale tones of the analyses' colours; with equal
-/// colours the secondary one's are amber. Epochs that overlap or touch are one stretch.
+/// Epochs of the main and of the secondary analysis, in tones of the analyses' colours that can be seen on
+/// the ground; with equal colours the secondary one's are amber. Epochs that overlap or touch are one
+/// stretch.
 std::vector<Shade> EpochShades(const SpectraMgr& manager, EEGFileInfoType& recording,
                                const QPalette& palette);
 

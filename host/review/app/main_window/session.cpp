@@ -2,6 +2,7 @@
 #include "host/review/app/main_window/session.h"
 
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/kept_marks.h"
 #include "host/spectral_data/settings/macro_file.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -58,6 +59,7 @@ Session SessionOf(const Document& document) {
             static_cast<double>(cursor.GetSample(cursor.GetStartRecTime(), Sample::Mode::Memory, 0)) / rate;
     }
     session.montage = recording.GetTraceInfo()->GetMtg().GetName();
+    session.marks = document.Marks().Unsaved();
     const SpectraMgr& manager = document.Analyses();
     for (const SpectMacroResult* analysis : manager) {
         const SpectraMacro& macro = analysis->GetMacro();
@@ -70,6 +72,7 @@ Session SessionOf(const Document& document) {
 
 void Restore(const Session& session, Document& document, const GenericGUI& gui) {
     EEGFileInfoType& recording = document.Recording();
+    signal::MarkChannels(recording, session.marks);
     RestoreMontage(session.montage, recording);
     TraceCursorType& cursor = *recording.GetTraceCursor();
     if (std::isfinite(session.position)) {

@@ -2,7 +2,9 @@
 // What is remembered of a recording from one day to the next.
 #pragma once
 
+#include "host/signal_base/channels_tsv/channels_table.h"
 #include <cstddef>
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +30,8 @@ struct Session {
     std::vector<SavedAnalysis> analyses;
     std::optional<std::size_t> main, secondary; ///< among them
     bool heads = false;                         ///< maps on heads, not flat ones
+    /// Of channels, those that could not be written beside the recording.
+    std::vector<signal::ChannelMark> marks = {};
 
     bool operator==(const Session&) const = default;
 };

@@ -65,6 +65,10 @@ std::optional<Session> LoadSession(const std::string& file) {
         const QJsonValue value = element;
         session.analyses.push_back({Text(value["macro"]), Text(value["settings"])});
     }
+    const QJsonObject marks = root["marks"].toObject();
+    for (auto mark = marks.begin(); mark != marks.end(); ++mark) {
+        session.marks.push_back({mark.key().toStdString(), mark.value().toBool()});
+    }
     session.main = Place(root["main"]);
     session.secondary = Place(root["secondary"]);
     session.heads = root["heads"].toBool();
@@ -76,10 +80,18 @@ void SaveSession(const std::string& file, const Session& session) {
     for (const SavedAnalysis& analysis : session.analyses) {
         analyses.append(QJsonObject{{"macro", Text(analysis.file)}, {"settings", Text(analysis.settings)}});
     }
-    const QJsonObject root{
-        {"version", kVersion},   {"position", session.position}, {"montage", Text(session.montage)},
-        {"analyses", analyses},  {"main", Number(session.main)}, {"secondary", Number(session.secondary)},
-        {"heads", session.heads}};
+    QJsonObject marks;
+    for (const signal::ChannelMark& mark : session.marks) {
+        marks.insert(Text(mark.name), mark.bad);
+    }
+    const QJsonObject root{{"version", kVersion},
+                           {"position", session.position},
+                           {"montage", Text(session.montage)},
+                           {"analyses", analyses},
+                           {"main", Number(session.main)},
+                           {"secondary", Number(session.secondary)},
+                           {"heads", session.heads},
+                           {"marks", marks}};
     platform::WriteFileAtomically(file, QJsonDocument(root).toJson().toStdString());
 }
 

@@ -8,6 +8,7 @@
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/event_saving.h"
 #include "host/review/app/main_window/host_text.h"
+#include "host/review/app/main_window/kept_marks.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/main_window/menus.h"
 #include "host/review/app/main_window/notice_strip.h"
@@ -159,6 +160,7 @@ bool Workbench::Load(const std::string& path) {
     }
     Unload();
     document_ = std::move(opened);
+    toldOfMarks_ = false;
     const std::vector<std::string> remarks = OfferMontages();
     eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
                                                       [this] { EventsChanged(); });
@@ -173,6 +175,7 @@ bool Workbench::Load(const std::string& path) {
         if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
             Restore(*session, *document_, gui_);
             maps_ = session->heads ? ViewKind::Heads : ViewKind::Maps;
+            toldOfMarks_ = !session->marks.empty();
         }
     }
     montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
@@ -183,7 +186,12 @@ bool Workbench::Load(const std::string& path) {
     Follow();
     // Once everything can be seen.
     QMetaObject::invokeMethod(
-        &statePoll_, [this] { RefreshAnalyses(); }, Qt::QueuedConnection);
+        &statePoll_,
+        [this] {
+            SaveMarks();
+            RefreshAnalyses();
+        },
+        Qt::QueuedConnection);
     return true;
 }
 
@@ -384,9 +392,29 @@ void Workbench::MontageChanged() {
         &statePoll_,
         [this] {
             refreshQueued_ = false;
+            SaveMarks();
             RefreshAnalyses();
         },
         Qt::QueuedConnection);
+}
+
+void Workbench::SaveMarks() {
+    if (document_ == nullptr || !setup_.savesEvents) {
+        return;
+    }
+    try {
+        document_->Marks().Save();
+    } catch (const std::runtime_error& error) {
+        if (!std::exchange(toldOfMarks_, true)) {
+            gui_.ShowWarning(HostQText("marksFailed",
+                                       "The marks of bad channels cannot be kept beside the recording, "
+                                       "where other programs would find them: %1\n\nThey are kept in "
+                                       "the settings of this user and come back when the recording is "
+                                       "opened from the same place.")
+                                 .arg(error.what())
+                                 .toStdString());
+        }
+    }
 }
 
 bool Workbench::MayClose() {

@@ -127,6 +127,8 @@ private:
     bool IsWanted(ViewKind kind) const;
     void EventsChanged();
     void MontageChanged();
+    /// Of bad channels, beside the recording; where that fails the session has them.
+    void SaveMarks();
     bool MayClose();
     /// Nothing without an active view, or while something is computed.
     void TakePicture(const std::function<void(const ViewToShow&)>& take);
@@ -142,6 +144,7 @@ private:
     AnalysisState followed_;                                         ///< what traces and maps show
     std::string montage_;                                            ///< that was told last
     bool refreshQueued_ = false;
+    bool toldOfMarks_ = false;                ///< that those of the document cannot be written
     std::unique_ptr<EventAutosave> autosave_; ///< of the document's events; null where it is not wanted
     std::unique_ptr<Shell> shell_;
     MainWindow* middle_; ///< of the shell

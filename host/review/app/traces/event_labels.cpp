@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/traces/event_labels.h"
 
+#include "host/review/app/events/usual_labels.h"
+
 #include <algorithm>
 #include <map>
 
@@ -42,12 +44,16 @@ std::vector<std::string> OfferedLabels(const std::vector<std::string>& recent,
     for (const auto& [label, count] : frequent) {
         AddOnce(labels, label, kOfferedLabels);
     }
-    const std::vector<std::string> usual =
-        eventClass == EventClass::State
-            ? std::vector<std::string>{"bad", "artifact", "eyes open", "eyes closed", "seizure", "sleep"}
-            : std::vector<std::string>{"spike", "blink", "movement", "note"};
-    for (const std::string& label : usual) {
-        AddOnce(labels, label, kOfferedLabels);
+    const auto offer = [&labels](const auto& usual) {
+        for (const char* label : usual) {
+            AddOnce(labels, label, kOfferedLabels);
+        }
+    };
+    if (eventClass == EventClass::State) {
+        offer(kArtifactLabels);
+        offer(kStateLabels);
+    } else {
+        offer(kSpotLabels);
     }
     return labels;
 }

@@ -8,8 +8,10 @@ namespace orvanta::review {
 
 namespace {
 
-constexpr int kEventRows = 6;
+constexpr int kEventRows = 5;
 constexpr int kLeastFrame = 4;
+constexpr int kShadeBar = 3;
+constexpr std::uint8_t kShade = 50;
 
 /// Place of a time on the strip.
 class Strip {
@@ -57,14 +59,17 @@ void PaintOverview(owl::TDC& dc, const PageInput& page, const OverviewInput& ove
     for (const Shade& shade : page.shades) {
         const int begin = places.At(shade.interval.GetBeginPtr()->Seconds());
         const int end = std::max(begin + 1, places.At(shade.interval.GetEndPtr()->Seconds()));
-        dc.BlendRect({begin, inner.bottom - 4, end, inner.bottom}, shade.color, 190);
+        dc.BlendRect({begin, inner.top + kEventRows, end, inner.bottom}, shade.color, kShade);
+        const int bar = inner.bottom - (shade.secondary ? kShadeBar : 0);
+        dc.BlendRect({begin, bar - kShadeBar, end, bar}, shade.color, 225);
     }
     for (const TraceGap& gap : page.gaps) {
         const int begin = places.At(gap.begin);
         dc.FillRect({begin, inner.top, std::max(begin + 1, places.At(gap.end)), inner.bottom},
                     page.colors.gap);
     }
-    PaintActivity(dc, page, overview, {inner.left, inner.top + kEventRows, inner.right, inner.bottom - 4});
+    PaintActivity(dc, page, overview,
+                  {inner.left, inner.top + kEventRows, inner.right, inner.bottom - kShadeBar});
     for (const EventInput& event : page.events) {
         const int begin = places.At(event.event->Interval.GetBeginPtr()->Seconds());
         const int end = std::max(begin + 1, places.At(event.event->Interval.GetEndPtr()->Seconds()));

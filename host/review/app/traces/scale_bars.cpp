@@ -37,6 +37,11 @@ std::string ValueText(double value, const std::string& unit) {
     return unit.empty() ? number : number + " " + unit;
 }
 
+std::string BarText(double value, const std::string& unit, bool negativeUp) {
+    const std::string text = ValueText(value, unit);
+    return negativeUp ? "\u2212" + text + " \u2191" : text;
+}
+
 std::vector<ScaleBar> ScaleBarsOf(const PageInput& page) {
     std::vector<ScaleBar> bars;
     std::vector<std::pair<TraceGroup, std::string>> seen;
@@ -52,13 +57,15 @@ std::vector<ScaleBar> ScaleBarsOf(const PageInput& page) {
             seen.push_back(kind);
         }
         const double most = std::max(kLeastHeight, page.layout.spacing * kMostOfRoom);
-        const double value = RoundValueBelow(most * line.scaling.unitsPerPixel);
-        const double height = value / line.scaling.unitsPerPixel;
+        const double unitsPerPixel = std::abs(line.scaling.unitsPerPixel);
+        const double value = RoundValueBelow(most * unitsPerPixel);
+        const double height = value / unitsPerPixel;
         const double middle = page.layout.YOf(static_cast<int>(i));
         const double top = std::clamp(middle - height / 2, double(plot.top),
                                       std::max<double>(plot.top, plot.bottom - height));
         bars.push_back({plot.left + kFromLeft, static_cast<int>(std::lround(top)),
-                        static_cast<int>(std::lround(top + height)), ValueText(value, line.channel->unit),
+                        static_cast<int>(std::lround(top + height)),
+                        BarText(value, line.channel->unit, line.scaling.unitsPerPixel < 0),
                         page.colors.Of(kind.first)});
     }
     return bars;

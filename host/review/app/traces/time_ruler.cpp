@@ -90,4 +90,8 @@ std::string ElapsedText(double time, double step) {
     return whole;
 }
 
+RulerTexts RulerTextsOf(double time, double step, const std::optional<signal::StartTime>& start) {
+    return {start ? ClockTimeText(time, step, start) : std::string(), ElapsedText(time, step)};
+}
+
 } // namespace orvanta::review

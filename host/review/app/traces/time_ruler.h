@@ -31,4 +31,10 @@ std::string ClockTimeText(double time, double step, const std::optional<signal::
 /// Since the start of the recording: "12.5 s", "0:12:05" from a minute on.
 std::string ElapsedText(double time, double step);
 
+/// What the ruler writes at a time. Where the recording has no time of day, the clock is empty.
+struct RulerTexts {
+    std::string clock, elapsed;
+};
+RulerTexts RulerTextsOf(double time, double step, const std::optional<signal::StartTime>& start);
+
 } // namespace orvanta::review

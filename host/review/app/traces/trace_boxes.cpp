@@ -16,6 +16,7 @@ namespace orvanta::review {
 
 namespace {
 
+constexpr int kIconSize = 18; ///< no higher than a box: the room is the traces'
 constexpr std::array kLowCuts{0.0, 0.1, 0.3, 0.5, 1.0, 1.6, 2.0, 5.0, 10.0};
 constexpr std::array kHighCuts{0.0, 15.0, 20.0, 30.0, 35.0, 50.0, 70.0, 100.0, 150.0, 200.0};
 constexpr std::array kNotches{0.0, 50.0, 60.0};
@@ -67,6 +68,16 @@ QString SecondsText(double seconds) {
 } // namespace
 
 void TraceBoxes::Create(owl::GadgetBar& bar) {
+    bar.setIconSize({kIconSize, kIconSize});
+    bar.AddButton(kCmGoToTime, kCmGoToTime, TraceText("goToTip", "Go to a time (G)"));
+    bar.AddTwoStateButton(kCmMarkMode, kCmMarkMode, kCmMarkMode,
+                          TraceText("markTip",
+                                    "Mark events: a click marks a moment, a drag a stretch (Shift+M, Esc "
+                                    "ends)"));
+    bar.AddTwoStateButton(
+        kCmMeasureMode, kCmMeasureMode, kCmMeasureMode,
+        TraceText("measureTip", "Measure time, frequency and voltage by dragging (R, Esc ends)"));
+    bar.AddGap();
     montage_ = bar.AddComboBox(kMsgMontage, TraceText("montageTip", "Montage of the EEG"));
     bar.AddGap();
     pageLength_ =

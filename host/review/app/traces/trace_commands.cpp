@@ -40,13 +40,15 @@ constexpr std::array kRows{
     TraceRow{kCmMoreLines, "moreLines", "More Channels on the Page", "Ctrl+Up"},
     TraceRow{kCmZoomBack, "zoomBack", "&Zoom Back", "Backspace"},
     TraceRow{kCmCenter, "center", "Center &Traces on Their Mean", ""},
+    TraceRow{kCmNegativeUp, "negativeUp", "Negative Up&wards", ""},
     TraceRow{0, "", "", ""},
     TraceRow{kCmChannels, "channels", "&Channels...", "C"},
     TraceRow{kCmMarkBad, "markBad", "Bad C&hannel", "B"},
     TraceRow{kCmHideLine, "hideChannel", "H&ide Channel", "H"},
     TraceRow{kCmShowAllLines, "showAll", "Show &All Channels", "Shift+H"},
     TraceRow{0, "", "", ""},
-    TraceRow{kCmMarkMode, "markMode", "Mar&k Events by Clicks", ""},
+    TraceRow{kCmMarkMode, "markMode", "Mar&k Events by Clicks", "Shift+M"},
+    TraceRow{kCmMeasureMode, "measureMode", "Measure by Dragging", "R"},
     TraceRow{kCmMarkEvent, "markEvent", "&Mark an Event Here...", "M"},
     TraceRow{kCmEditEvent, "editEvent", "Edit E&vent...", "Enter"},
     TraceRow{kCmDeleteEvent, "deleteEvent", "&Delete Event", "Del"},
@@ -93,6 +95,8 @@ const std::array kKeys{
     KeyCommand{Qt::Key_H, Qt::ShiftModifier, kCmShowAllLines},
     KeyCommand{Qt::Key_C, Qt::NoModifier, kCmChannels},
     KeyCommand{Qt::Key_M, Qt::NoModifier, kCmMarkEvent},
+    KeyCommand{Qt::Key_M, Qt::ShiftModifier, kCmMarkMode},
+    KeyCommand{Qt::Key_R, Qt::NoModifier, kCmMeasureMode},
     KeyCommand{Qt::Key_Return, Qt::NoModifier, kCmEditEvent},
     KeyCommand{Qt::Key_Enter, Qt::NoModifier, kCmEditEvent},
     KeyCommand{Qt::Key_Delete, Qt::NoModifier, kCmDeleteEvent},
@@ -103,7 +107,25 @@ const std::array kKeys{
     KeyCommand{Qt::Key_Space, Qt::NoModifier, kCmPlay},
 };
 
+/// With the key beside it.
+std::string TextOf(const TraceRow& row) {
+    if (row.id == 0) {
+        return {};
+    }
+    return TraceText(row.key, row.text) +
+           (*row.shortcut == '\0' ? std::string() : std::string("\t") + row.shortcut);
+}
+
 } // namespace
+
+owl::TMenu* MakeTraceMenu(std::span<const unsigned> commands, owl::TEventHandler& handler, QWidget& parent) {
+    auto* menu = new owl::TMenu({}, &handler, &parent);
+    for (const unsigned command : commands) {
+        const auto* const row = std::ranges::find(kRows, command, &TraceRow::id);
+        menu->AppendItem(command, row == kRows.end() ? std::string() : TextOf(*row));
+    }
+    return menu;
+}
 
 void RegisterTraceMenu() {
     // Both last as long as the program: templates are not copied.
@@ -112,10 +134,7 @@ void RegisterTraceMenu() {
     texts.clear();
     items.clear();
     for (const TraceRow& row : kRows) {
-        texts.push_back(row.id == 0
-                            ? std::string()
-                            : TraceText(row.key, row.text) +
-                                  (*row.shortcut == '\0' ? std::string() : std::string("\t") + row.shortcut));
+        texts.push_back(TextOf(row));
     }
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         items.push_back({kRows[i].id, texts[i].c_str()});

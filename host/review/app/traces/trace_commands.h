@@ -52,7 +52,9 @@ enum TraceCommand : unsigned {
     kCmCancel,
     kCmPlay,
     kCmTraceFont,
-    kCmLastTraceCommand = kCmTraceFont,
+    kCmMeasureMode,
+    kCmNegativeUp,
+    kCmLastTraceCommand = kCmNegativeUp,
 };
 
 // Messages of the tool bar's boxes and of the background.
@@ -63,6 +65,9 @@ inline constexpr unsigned kMsgHighCut = 14763;
 inline constexpr unsigned kMsgNotch = 14764;
 inline constexpr unsigned kMsgMontage = 14765;
 inline constexpr unsigned kMsgGrown = 14766;
+
+/// A menu of some of the view's commands, with the texts and keys of its own menu; 0 is a separator.
+owl::TMenu* MakeTraceMenu(std::span<const unsigned> commands, owl::TEventHandler& handler, QWidget& parent);
 
 /// From now on the menu of the view has its items, in the language in use.
 void RegisterTraceMenu();

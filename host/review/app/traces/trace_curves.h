@@ -12,7 +12,7 @@ namespace orvanta::review {
 
 /// How the values of a line become heights.
 struct TraceScaling {
-    double unitsPerPixel = 1; ///< above 0
+    double unitsPerPixel = 1; ///< above 0; below 0 draws what is negative upwards
     double center = 0;        ///< the value on the line's middle
     double middle = 0;        ///< pixels
 

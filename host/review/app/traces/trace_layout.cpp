@@ -10,10 +10,44 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kTextPadding = 2;
-constexpr int kOverviewHeight = 40;
-/// Below so much room for the traces the overview goes, then the rows of labels.
+constexpr int kTicks = 5;
+constexpr int kLeastOverview = 24;
+constexpr int kMostOverview = 40;
+constexpr int kOverviewShare = 14; ///< of the height, one part
+/// Below so much room for the traces the overview goes.
 constexpr int kLeastPlot = 80;
-constexpr int kLeastSpacing = 10;
+/// Lines of text that keep apart, for a second row of labels to be worth its room.
+constexpr double kRoomyLines = 1.6;
+constexpr double kLeastSpacing = 6.5;
+constexpr int kLeastName = 9;
+/// Of a name's height: letters without the room above and below them.
+constexpr double kLetters = 0.92;
+
+int OverviewHeight(int height) {
+    return std::clamp(height / kOverviewShare, kLeastOverview, kMostOverview);
+}
+
+/// Distance of lines that still can be told apart.
+double LeastSpacing(int fontHeight) {
+    return std::max(kLeastSpacing, fontHeight / 2.0);
+}
+
+void PlaceLines(TraceLayout& layout, const LayoutInput& input, int height) {
+    const int fit = std::max(1, static_cast<int>(height / LeastSpacing(input.fontHeight)));
+    layout.capacity = input.window.lineCount > 0 ? std::min(fit, input.window.lineCount) : fit;
+    const int most = std::max(0, input.lines - layout.capacity);
+    layout.firstLine = std::clamp(input.window.firstLine, 0, most);
+    layout.lineCount = std::clamp(input.lines - layout.firstLine, 0, layout.capacity);
+    layout.spacing = layout.lineCount > 0 ? static_cast<double>(height) / layout.lineCount : 0;
+    if (layout.spacing <= 0) {
+        layout.lineCount = 0;
+    }
+    const int largest = std::max(kLeastName, input.fontHeight);
+    layout.nameHeight = layout.lineCount == 0
+                            ? largest
+                            : std::clamp(static_cast<int>(layout.spacing / kLetters), kLeastName, largest);
+    layout.nameColumns = layout.lineCount > 1 && layout.spacing < kLetters * layout.nameHeight ? 2 : 1;
+}
 
 } // namespace
 
@@ -42,36 +76,32 @@ TraceLayout LayOutTraces(const owl::TRect& client, const LayoutInput& input) {
     layout.duration = input.window.duration;
     layout.rowHeight = input.fontHeight + 2 * kTextPadding;
 
-    const int left = std::min(client.right, client.left + input.nameWidth + 2 * kMargin);
-    const int right = std::max(left, client.right - kMargin);
-    const int ruler = 2 * input.fontHeight + 3 * kTextPadding;
-    int overview = kOverviewHeight + kMargin;
-    int room = client.Height() - ruler;
-    if (room - overview - layout.labelRows * layout.rowHeight < kLeastPlot) {
-        layout.labelRows = 1;
-    }
-    if (room - overview - layout.labelRows * layout.rowHeight < kLeastPlot) {
+    const int ruler = input.fontHeight + kTicks + kTextPadding;
+    int overview = OverviewHeight(client.Height()) + kMargin;
+    const auto room = [&](int rows) { return client.Height() - ruler - overview - rows * layout.rowHeight; };
+    const auto lines =
+        std::max(1, input.window.lineCount > 0 ? std::min(input.lines, input.window.lineCount) : input.lines);
+    layout.labelRows = !input.events                                                              ? 0
+                       : room(2) < kRoomyLines * input.fontHeight * lines || room(2) < kLeastPlot ? 1
+                                                                                                  : 2;
+    if (room(layout.labelRows) < kLeastPlot) {
         overview = 0;
     }
     const int top = std::min(client.bottom, client.top + layout.labelRows * layout.rowHeight + 1);
     const int bottom = std::max(top, client.bottom - ruler - overview);
+    PlaceLines(layout, input, bottom - top);
+
+    const int names = layout.nameColumns *
+                          ((input.nameWidth * layout.nameHeight + input.fontHeight - 1) / input.fontHeight) +
+                      (layout.nameColumns + 1) * kMargin;
+    const int left = std::min(client.right, client.left + names);
+    const int right = std::max(left, client.right - kMargin);
     layout.labels = {left, client.top, right, top};
     layout.names = {client.left, top, left, bottom};
     layout.plot = {left, top, right, bottom};
     layout.ruler = {left, bottom, right, std::min(client.bottom, bottom + ruler)};
     if (overview > 0) {
         layout.overview = {left, client.bottom - overview, right, client.bottom - kMargin};
-    }
-
-    const int least = std::max(kLeastSpacing, input.fontHeight - 1);
-    const int fit = std::max(1, layout.plot.Height() / least);
-    layout.capacity = input.window.lineCount > 0 ? std::min(fit, input.window.lineCount) : fit;
-    const int most = std::max(0, input.lines - layout.capacity);
-    layout.firstLine = std::clamp(input.window.firstLine, 0, most);
-    layout.lineCount = std::clamp(input.lines - layout.firstLine, 0, layout.capacity);
-    layout.spacing = layout.lineCount > 0 ? static_cast<double>(layout.plot.Height()) / layout.lineCount : 0;
-    if (layout.spacing <= 0) {
-        layout.lineCount = 0;
     }
     return layout;
 }

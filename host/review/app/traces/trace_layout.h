@@ -12,13 +12,15 @@ namespace orvanta::review {
 /// What the layout depends on besides the window's size.
 struct LayoutInput {
     int fontHeight = 12; ///< of a line of text, pixels
-    int nameWidth = 60;  ///< of the widest name, pixels
+    int nameWidth = 60;  ///< of the widest name in such a font, pixels
     int lines = 0;       ///< that are not hidden
     TraceWindow window;
+    bool events = true; ///< the recording has some, whose labels need room
 };
 
 /// From top to bottom: the events' labels, the traces with their names beside them, the ruler, the overview.
-/// Areas without room are empty.
+/// Areas without room are empty. Where lines are many they get the room: labels, ruler and overview shrink,
+/// then the names, which stand in two columns by turns where one over the other would touch.
 struct TraceLayout {
     owl::TRect labels;   ///< of events
     owl::TRect names;    ///< left of the traces
@@ -31,6 +33,8 @@ struct TraceLayout {
     double spacing = 0; ///< pixels from line to line
     double start = 0;
     double duration = 10;
+    int nameHeight = 12; ///< of the font of names, pixels
+    int nameColumns = 1;
     int labelRows = 2;
     int rowHeight = 16; ///< of a row of labels
 

@@ -153,11 +153,17 @@ std::vector<LineInput> TraceModel::Lines(const TraceLayout& layout, double milli
         input.scaling.middle = layout.YOf(i);
         if (page_ && static_cast<std::size_t>(i) < page_->data.lines.size()) {
             input.data = &page_->data.lines[static_cast<std::size_t>(i)];
-            input.scaling.unitsPerPixel = UnitsPerPixel(*input.channel, *input.data, layout, millimetre);
+            input.scaling.unitsPerPixel = UnitsPerPixel(*input.channel, *input.data, layout, millimetre) *
+                                          (IsNegativeUp(*input.channel) ? -1 : 1);
             input.scaling.center = state_.centered ? MeanOf(*input.data) : 0;
         }
     }
     return inputs;
+}
+
+bool TraceModel::IsNegativeUp(const TraceChannel& channel) const {
+    const TraceGroup group = GroupOf(channel.type);
+    return state_.negativeUp && (group == TraceGroup::Eeg || group == TraceGroup::Eog);
 }
 
 const OverviewInput& TraceModel::Overview(int columns) {

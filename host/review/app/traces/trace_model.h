@@ -71,6 +71,7 @@ private:
     void List();
     double UnitsPerPixel(const TraceChannel& channel, const TraceLine& line, const TraceLayout& layout,
                          double millimetre);
+    bool IsNegativeUp(const TraceChannel& channel) const;
 
     EEGFileInfoType& recording_;
     TraceStore store_;

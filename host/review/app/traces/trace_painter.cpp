@@ -16,11 +16,15 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kTagPadding = 4;
+constexpr int kTickHeight = 5;
 // Opacities. What the recording itself holds often lasts for hours and stands back.
 constexpr std::uint8_t kFileBand = 14;
 constexpr std::uint8_t kBand = 34;
 constexpr std::uint8_t kSelectedBand = 72;
 constexpr std::uint8_t kShade = 36;
+constexpr std::uint8_t kShadeEdge = 110;
+constexpr std::uint8_t kShadeBar = 225;
+constexpr int kShadeBarHeight = 4;
 constexpr int kHatch = 8;
 
 owl::TRect Between(const TraceLayout& layout, double begin, double end, int top, int bottom) {
@@ -41,9 +45,11 @@ void PaintShades(owl::TDC& dc, const PageInput& page) {
             continue;
         }
         dc.BlendRect(area, shade.color, kShade);
-        // Neighbours of one colour can be told apart by their edges.
-        dc.BlendRect({area.left, area.top, area.left + 1, area.bottom}, shade.color, 2 * kShade);
-        dc.BlendRect({area.left, area.bottom - 3, area.right, area.bottom}, shade.color, 3 * kShade);
+        // Neighbours of one colour can be told apart by their edges, and analyses of one stretch by their
+        // bars.
+        dc.BlendRect({area.left, area.top, area.left + 1, area.bottom}, shade.color, kShadeEdge);
+        const int bar = area.bottom - (shade.secondary ? kShadeBarHeight : 0);
+        dc.BlendRect({area.left, bar - kShadeBarHeight, area.right, bar}, shade.color, kShadeBar);
     }
 }
 
@@ -168,6 +174,11 @@ void PaintTraces(owl::TDC& dc, const PageInput& page) {
 
 void PaintNames(owl::TDC& dc, const PageInput& page) {
     const TraceLayout& layout = page.layout;
+    owl::TFont font = page.font;
+    font.height = layout.nameHeight;
+    dc.SelectFont(font);
+    dc.SetTextAlign(owl::TextAlign::Right);
+    const int column = (layout.names.Width() - kMargin) / layout.nameColumns;
     for (std::size_t i = 0; i < page.lines.size(); ++i) {
         const LineInput& line = page.lines[i];
         const int middle = static_cast<int>(layout.YOf(static_cast<int>(i)));
@@ -179,21 +190,21 @@ void PaintNames(owl::TDC& dc, const PageInput& page) {
                         page.colors.accent);
         }
         const TraceGroup group = GroupOf(line.channel->type);
-        const owl::TSize size = dc.GetTextExtent(line.channel->name);
-        const int top = middle - size.cy / 2;
         dc.SetTextColor(line.channel->bad          ? page.colors.faint
                         : group == TraceGroup::Eeg ? page.colors.text
                                                    : page.colors.Of(group));
-        dc.SetTextAlign(owl::TextAlign::Right);
-        const int right = layout.names.right - kMargin;
-        const std::string name = FittedText(dc, line.channel->name, layout.names.Width() - 2 * kMargin);
-        dc.TextOut({right, top}, name);
-        dc.SetTextAlign(owl::TextAlign::Left);
+        // By turns in the right column and in the left one.
+        const int right = layout.names.right - kMargin -
+                          column * static_cast<int>(i % static_cast<std::size_t>(layout.nameColumns));
+        const std::string name = FittedText(dc, line.channel->name, column - kMargin);
+        const owl::TSize size = dc.GetTextExtent(name);
+        dc.TextOut({right, middle - size.cy / 2}, name);
         if (line.channel->bad) {
-            const int width = std::min(size.cx, layout.names.Width() - 2 * kMargin);
-            dc.FillRect({right - width, middle, right, middle + 1}, page.colors.badEvent);
+            dc.FillRect({right - size.cx, middle, right, middle + 1}, page.colors.badEvent);
         }
     }
+    dc.SetTextAlign(owl::TextAlign::Left);
+    dc.SelectFont(page.font);
 }
 
 void PaintRuler(owl::TDC& dc, const PageInput& page, const RulerSteps& steps) {
@@ -205,22 +216,48 @@ void PaintRuler(owl::TDC& dc, const PageInput& page, const RulerSteps& steps) {
         const int x = static_cast<int>(std::floor(layout.XOf(tick)));
         dc.FillRect({x, layout.ruler.top, x + 1, layout.ruler.top + 3}, page.colors.faint);
     }
-    dc.SetTextAlign(owl::TextAlign::Center);
-    const int height = page.font.height;
+    const int top = layout.ruler.top + kTickHeight;
+    int taken = layout.ruler.left - 2 * kMargin;
     for (const double tick : TicksOf(layout.start, layout.duration, steps.label)) {
         const int x = static_cast<int>(std::floor(layout.XOf(tick)));
-        dc.FillRect({x, layout.ruler.top, x + 1, layout.ruler.top + 5}, page.colors.text);
-        const std::string clock = ClockTimeText(tick, steps.label, page.startTime);
-        const int half = dc.GetTextExtent(clock).cx / 2 + 1;
-        const int place =
-            std::clamp(x, layout.ruler.left + half - kMargin,
-                       std::max(layout.ruler.left + half - kMargin, layout.ruler.right - half + kMargin));
+        dc.FillRect({x, layout.ruler.top, x + 1, top}, page.colors.text);
+        const RulerTexts texts = RulerTextsOf(tick, steps.label, page.startTime);
+        const int clock = dc.GetTextExtent(texts.clock).cx;
+        const int elapsed = dc.GetTextExtent(texts.elapsed).cx;
+        const int width = clock + (texts.clock.empty() ? 0 : kMargin) + elapsed;
+        const int left = std::max(layout.ruler.left - kMargin,
+                                  std::min(x - width / 2, layout.ruler.right + kMargin - width));
+        if (left < taken + kMargin) {
+            continue; // the last one, pushed back from the edge
+        }
+        taken = left + width;
         dc.SetTextColor(page.colors.text);
-        dc.TextOut({place, layout.ruler.top + 5}, clock);
-        dc.SetTextColor(page.colors.faint);
-        dc.TextOut({place, layout.ruler.top + 5 + height}, ElapsedText(tick, steps.label));
+        dc.TextOut({left, top}, texts.clock);
+        dc.SetTextColor(texts.clock.empty() ? page.colors.text : page.colors.faint);
+        dc.TextOut({left + width - elapsed, top}, texts.elapsed);
     }
-    dc.SetTextAlign(owl::TextAlign::Left);
+}
+
+/// Room for the times at both ends of the page, so that no label stands on the next.
+int LabelWidth(const owl::TDC& dc, const PageInput& page, double step) {
+    int width = 0;
+    for (const double time : {page.layout.start, page.layout.start + page.layout.duration}) {
+        const RulerTexts texts = RulerTextsOf(time, step, page.startTime);
+        width = std::max(width, dc.GetTextExtent(texts.clock).cx + dc.GetTextExtent(texts.elapsed).cx);
+    }
+    return width + 4 * kMargin;
+}
+
+/// Decimals of a second take room, and how many there are depends on the room.
+RulerSteps StepsFor(const owl::TDC& dc, const PageInput& page) {
+    RulerSteps steps{1, 1};
+    for (const double assumed : {1.0, 0.1, 0.01, 0.001}) {
+        steps = StepsOf(1 / page.layout.SecondsPerPixel(), LabelWidth(dc, page, assumed));
+        if (steps.label >= assumed) {
+            break;
+        }
+    }
+    return steps;
 }
 
 } // namespace
@@ -244,8 +281,7 @@ void PaintPage(owl::TDC& dc, const PageInput& page, std::span<const EventTag> ta
     dc.FillRect(layout.ruler, page.colors.margin);
     if (!layout.plot.IsEmpty()) {
         dc.FillRect(layout.plot, page.colors.background);
-        const int label = dc.GetTextExtent("00:00:00.000").cx + 2 * kMargin;
-        const RulerSteps steps = StepsOf(1 / layout.SecondsPerPixel(), label);
+        const RulerSteps steps = StepsFor(dc, page);
         PaintShades(dc, page);
         PaintBands(dc, page, tags);
         PaintGrid(dc, page, steps);

@@ -25,6 +25,8 @@ struct TraceState {
     TraceWindow window;
     TraceFilter filter{0.5, 70, 0};
     bool centered = true; ///< lines without their mean on the page
+    /// EEG and EOG are drawn with negative values upwards, the tradition of the field.
+    bool negativeUp = true;
 };
 
 /// The window with its time moved into a recording of so many seconds: no page begins before it, and none

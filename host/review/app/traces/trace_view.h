@@ -13,10 +13,12 @@ namespace orvanta::review {
 
 class EventEditor;
 
-/// A stretch that is shaded behind the traces.
+/// A stretch that is shaded behind the traces: an analysis used it.
 struct Shade {
     XTimeInterval interval;
-    owl::TColor color = 0;
+    owl::TColor color = 0;  ///< strong; the traces' painter lets the traces through
+    std::string name = {};  ///< whose it is, "Main analysis: Resting"
+    bool secondary = false; ///< its bar stands above that of the main analysis
 
     bool operator==(const Shade&) const = default;
 };
@@ -74,6 +76,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     struct Impl;

@@ -74,9 +74,9 @@ void TraceView::Impl::Run(unsigned command) {
     case kCmPreviousEvent:
         return SelectNextEvent(false);
     case kCmMarkMode:
-        marking = !marking;
-        view.setCursor(marking ? Qt::CrossCursor : Qt::ArrowCursor);
-        return;
+        return SetMode(mode == Mode::Mark ? Mode::Select : Mode::Mark);
+    case kCmMeasureMode:
+        return SetMode(mode == Mode::Measure ? Mode::Select : Mode::Measure);
     case kCmMarkEvent:
         return MarkHere();
     case kCmEditEvent:
@@ -107,17 +107,32 @@ void TraceView::Impl::Run(unsigned command) {
     case kCmCenter:
         model.State().centered = !model.State().centered;
         return Refresh();
+    case kCmNegativeUp:
+        model.State().negativeUp = !model.State().negativeUp;
+        Say(model.State().negativeUp
+                ? TraceText("isNegativeUp", "EEG and EOG are drawn with negative voltages upwards.")
+                : TraceText("isPositiveUp", "All traces are drawn with positive values upwards."));
+        return Refresh();
     default:
         return;
+    }
+}
+
+void TraceView::Impl::SetMode(Mode next) {
+    mode = next;
+    view.setCursor(mode == Mode::Select ? Qt::ArrowCursor : Qt::CrossCursor);
+    overlay->SetCursor({});
+    if (mode == Mode::Mark) {
+        Say(TraceText("marks", "A click marks a moment, a drag a stretch. Esc ends it."));
+    } else if (mode == Mode::Measure) {
+        Say(TraceText("measures", "A drag measures time, frequency and voltage. Esc ends it."));
     }
 }
 
 void TraceView::Impl::Cancel() {
     Play(false);
     drag = Drag::None;
-    marking = false;
-    view.setCursor(Qt::ArrowCursor);
-    overlay->SetCursor({});
+    SetMode(Mode::Select);
     model.Select({});
     selectedEvent.reset();
     Refresh();
@@ -175,7 +190,10 @@ void TraceView::CeTraces(owl::TCommandEnabler& item) {
         item.SetCheck(impl_->player.isActive());
         break;
     case kCmMarkMode:
-        item.SetCheck(impl_->marking);
+        item.SetCheck(impl_->mode == Impl::Mode::Mark);
+        break;
+    case kCmMeasureMode:
+        item.SetCheck(impl_->mode == Impl::Mode::Measure);
         break;
     case kCmEditEvent:
     case kCmDeleteEvent:
@@ -191,6 +209,9 @@ void TraceView::CeTraces(owl::TCommandEnabler& item) {
         break;
     case kCmCenter:
         item.SetCheck(impl_->model.State().centered);
+        break;
+    case kCmNegativeUp:
+        item.SetCheck(impl_->model.State().negativeUp);
         break;
     default:
         break;

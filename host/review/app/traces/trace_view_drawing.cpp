@@ -46,8 +46,9 @@ TraceLayout TraceView::Impl::Layout() const {
     if (scrollBar != nullptr && !scrollBar->isHidden()) {
         client.right = std::max(client.left, client.right - scrollBar->width());
     }
-    return LayOutTraces(client, {view.GetViewFont().height, NameWidth(),
-                                 static_cast<int>(model.Shown().size()), model.State().window});
+    return LayOutTraces(client,
+                        {view.GetViewFont().height, NameWidth(), static_cast<int>(model.Shown().size()),
+                         model.State().window, !events.Events().empty()});
 }
 
 std::vector<EventInput> TraceView::Impl::Events() const {

@@ -79,10 +79,13 @@ void TraceView::Impl::MarkHere() {
     const TraceLayout layout = Layout();
     // Where the mouse is, else in the middle of the page.
     const CursorInput& cursor = overlay->Cursor();
-    const bool pointing = cursor.kind == CursorInput::Kind::Cursor;
-    const int x = pointing ? cursor.at.x : (layout.plot.left + layout.plot.right) / 2;
-    const int y = pointing ? cursor.at.y : (layout.plot.top + layout.plot.bottom) / 2;
-    OfferSpot(layout.TimeAt(x), {x, y});
+    owl::TPoint at{(layout.plot.left + layout.plot.right) / 2, (layout.plot.top + layout.plot.bottom) / 2};
+    if (menuAt) {
+        at = *menuAt;
+    } else if (cursor.kind == CursorInput::Kind::Cursor) {
+        at = cursor.at;
+    }
+    OfferSpot(layout.TimeAt(at.x), at);
 }
 
 void TraceView::Impl::SelectEvent(std::optional<std::size_t> event) {

@@ -34,6 +34,8 @@ private:
 struct TraceView::Impl {
     /// What the mouse does while a button is down.
     enum class Drag { None, Overview, Mark, Measure, Zoom, Pan };
+    /// What a click and a drag on the traces are for.
+    enum class Mode { Select, Mark, Measure };
 
     Impl(TraceView& owner, EEGFileInfoType& file, EventEditor& eventEditor);
 
@@ -68,8 +70,8 @@ struct TraceView::Impl {
     void SelectNeighbour(int step);
     void BringIntoView(std::size_t line);
     void ToggleBad();
-    /// Marks the electrode that the line is named after.
-    void SetBad(const TraceChannel& line, bool bad);
+    /// Marks the electrode that the line is named after. \return its name
+    std::string SetBad(const TraceChannel& line, bool bad);
     /// Other views and the average reference notice what is bad.
     void TellBad();
     void HideSelected();
@@ -96,6 +98,8 @@ struct TraceView::Impl {
     void Release(const owl::TPoint& point, Qt::MouseButton button);
     void Wheel(const owl::TPoint& point, double notches, Qt::KeyboardModifiers modifiers);
     void MoveToOverview(int x);
+    /// The context menu of what is there: a channel's name, an event, the traces.
+    void PopUp(const TraceLayout& layout, const owl::TPoint& point);
 
     // Events.
     /// Lets the user choose the label of an event that is to be added.
@@ -111,6 +115,7 @@ struct TraceView::Impl {
     /// In a box that waits for the user.
     void Tell(const std::string& text);
 
+    void SetMode(Mode next);
     /// Ends what the user began, and selects nothing.
     void Cancel();
     bool CanCancel() const;
@@ -138,7 +143,8 @@ struct TraceView::Impl {
     std::optional<std::size_t> selectedEvent;
     std::vector<std::string> recentLabels; ///< the one used last first
     std::string said;                      ///< of the mouse, in the message bar
-    bool marking = false;                  ///< a click marks an event
+    Mode mode = Mode::Select;
+    std::optional<owl::TPoint> menuAt; ///< where the context menu was asked for
     Drag drag = Drag::None;
     owl::TPoint dragFrom;
     TraceWindow dragWindow; ///< when the button went down

@@ -45,6 +45,7 @@ void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
     dragWindow = model.State().window;
     dragged = false;
     drag = Drag::None;
+    menuAt.reset();
     if (button == Qt::LeftButton && layout.overview.Contains(point)) {
         drag = Drag::Overview;
         MoveToOverview(point.x);
@@ -52,6 +53,8 @@ void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
         const std::optional<int> line = layout.LineAt(point.y);
         const std::string name = line ? model.Channels()[model.LineOf(layout, *line)].name : std::string();
         Select(name == model.Selected() ? std::string() : name);
+    } else if (button == Qt::RightButton && !layout.plot.Contains(point)) {
+        PopUp(layout, point);
     } else if (button == Qt::MiddleButton) {
         drag = Drag::Pan;
     } else if (layout.plot.Contains(point) &&
@@ -59,7 +62,8 @@ void TraceView::Impl::Press(const owl::TPoint& point, Qt::MouseButton button,
         drag = Drag::Zoom;
     } else if (button == Qt::LeftButton) {
         const bool measure =
-            layout.plot.Contains(point) && (modifiers & (Qt::ControlModifier | Qt::ShiftModifier));
+            layout.plot.Contains(point) &&
+            (mode == Mode::Measure || (modifiers & (Qt::ControlModifier | Qt::ShiftModifier)));
         drag = measure ? Drag::Measure : Drag::Mark;
     }
 }
@@ -103,7 +107,7 @@ void TraceView::Impl::Release(const owl::TPoint& point, Qt::MouseButton button) 
         if (dragged) {
             ZoomInto({left, top, right + 1, bottom + 1});
         } else if (button == Qt::RightButton) {
-            view.GetMenu().popup(view.mapToGlobal(QPoint(point.x, point.y)));
+            PopUp(layout, point);
         }
         break;
     case Drag::Mark:

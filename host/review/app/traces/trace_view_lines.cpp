@@ -74,14 +74,13 @@ void TraceView::Impl::ToggleBad() {
         return;
     }
     const bool bad = !selected->bad;
-    const std::string name = selected->name;
-    SetBad(*selected, bad);
+    const std::string name = SetBad(*selected, bad);
     TellBad();
-    Say(bad ? TraceText("isBad", "%1 is bad now: average references leave it out.", name)
+    Say(bad ? TraceText("isBad", "%1 is bad now: analyses, maps and average references leave it out.", name)
             : TraceText("isGood", "%1 is good again.", name));
 }
 
-void TraceView::Impl::SetBad(const TraceChannel& line, bool bad) {
+std::string TraceView::Impl::SetBad(const TraceChannel& line, bool bad) {
     EEGTraceInfoType& sensors = *recording.GetTraceInfo();
     SensorList list;
     sensors.GetSensorsList(list, Sensor::Class::Acquired);
@@ -89,8 +88,10 @@ void TraceView::Impl::SetBad(const TraceChannel& line, bool bad) {
     for (const SensorType* sensor : list) {
         if (!line.terms.empty() && sensor->GetSignalIndex() == line.terms.front().signal) {
             sensors.FindSensor(sensor->GetName())->SetBad(bad);
+            return sensor->GetName();
         }
     }
+    return line.name;
 }
 
 void TraceView::Impl::TellBad() {

@@ -39,6 +39,11 @@ CursorInput TraceView::Impl::CursorAt(const TraceLayout& layout, const owl::TPoi
         place += "  (" + ElapsedText(time, step) + ")";
     }
     cursor.texts.push_back(std::move(place));
+    for (const Shade& shade : shades) {
+        if (time >= shade.interval.GetBeginPtr()->Seconds() && time < shade.interval.GetEndPtr()->Seconds()) {
+            cursor.texts.push_back(shade.name);
+        }
+    }
     return cursor;
 }
 
@@ -84,7 +89,7 @@ void TraceView::Impl::Click(const TraceLayout& layout, const owl::TPoint& point)
         return;
     }
     const double time = layout.TimeAt(point.x + 0.5);
-    if (marking) {
+    if (mode == Mode::Mark) {
         OfferSpot(time, point);
         return;
     }

@@ -42,6 +42,7 @@ void TraceView::Impl::Load() {
     state.filter.highCut = read("HighCut", standard.filter.highCut, 0, kMostCut);
     state.filter.notch = read("Notch", standard.filter.notch, 0, kMostCut);
     state.centered = view.ReadChildInt("Centered", standard.centered ? 1 : 0) != 0;
+    state.negativeUp = view.ReadChildInt("NegativeUp", standard.negativeUp ? 1 : 0) != 0;
     model.Reload();
     recentLabels = SplitNames(ReadText("RecentLabels"));
     LoadHidden();
@@ -82,6 +83,7 @@ void TraceView::Impl::Store() {
     view.WriteChildDouble("HighCut", state.filter.highCut);
     view.WriteChildDouble("Notch", state.filter.notch);
     view.WriteChildInt("Centered", state.centered ? 1 : 0);
+    view.WriteChildInt("NegativeUp", state.negativeUp ? 1 : 0);
     view.GW().GetPlatform()->WriteString(view.GetChildName().c_str(), "RecentLabels",
                                          JoinedNames(recentLabels).c_str());
 }

@@ -26,7 +26,7 @@ TEST(EngineRequest, IsRefusedWhenItContradictsItselfOrTheRecording) {
     const std::vector<std::pair<const char*, std::function<void(EngineRequest&)>>> wrong{
         {"no sensors", [](EngineRequest& r) { r.sensors.clear(); }},
         {"unknown signal", [](EngineRequest& r) { r.sensors[1].signal = 2; }},
-        {"gain NaN", [](EngineRequest& r) { r.sensors[0].gain = std::nan(""); }},
+        {"offset NaN", [](EngineRequest& r) { r.sensors[0].offset = std::nan(""); }},
         {"no window", [](EngineRequest& r) { r.window = 0; }},
         {"padding too short", [](EngineRequest& r) { r.padded = 64; }},
         {"padding too long", [](EngineRequest& r) { r.padded = 256; }},

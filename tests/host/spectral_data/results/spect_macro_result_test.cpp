@@ -271,6 +271,36 @@ TEST_F(Result, AnotherFileIsKeptOnlyOnceItIsComputed) {
     EXPECT_EQ(result.GetFFTCount(), 19u); // would be 7 of the other
 }
 
+TEST_F(Result, AnElectrodeMarkedBadIsNotComputableAndNothingElseChanges) {
+    Use("Fp1-F3 = +Fp1 -F3\nCz-F3 = +Cz -F3");
+    result.Compute(nullptr);
+    const std::vector<double> before = [&] {
+        const SpectrumSingle* fp1 = result.GetSpectrum(Fp1());
+        const SpectrumSingle* channel = result.GetSpectrum(result.GetMontage().GetChn(0));
+        return std::vector<double>{fp1->GetValue(1), fp1->GetValue(3), channel->GetValue(2)};
+    }();
+    test::SensorOf(*recording, "Cz")->SetBad(true);
+    EXPECT_TRUE(IsNeeded());
+    result.Compute(nullptr);
+    EXPECT_FALSE(IsNeeded());
+    const SensorType* cz = test::SensorOf(*recording, "Cz");
+    for (std::uint64_t bin = 0; bin < 5; ++bin) {
+        EXPECT_TRUE(std::isnan(result.GetSpectrum(cz)->GetValue(bin)));
+        EXPECT_TRUE(std::isnan(result.GetSpectrum(result.GetMontage().GetChn(1))->GetValue(bin)));
+        EXPECT_TRUE(std::isnan(result.GetSpeCartoon(0, cz)->GetValue(bin)));
+    }
+    for (int measure = 0; measure < 8; ++measure) {
+        EXPECT_TRUE(
+            std::isnan(result.GetSpectrum(cz)->GetMeasure(2, static_cast<SPECT::Meas::Type>(measure))))
+            << measure;
+    }
+    const SpectrumSingle* fp1 = result.GetSpectrum(Fp1());
+    const SpectrumSingle* channel = result.GetSpectrum(result.GetMontage().GetChn(0));
+    EXPECT_EQ((std::vector<double>{fp1->GetValue(1), fp1->GetValue(3), channel->GetValue(2)}), before);
+    test::SensorOf(*recording, "Cz")->SetBad(false);
+    EXPECT_TRUE(IsNeeded());
+}
+
 TEST_F(Result, ASensorMarkedBadIsStaleOnceTheAverageIsChosenAgain) {
     std::size_t average = 0;
     while (recording->GetMontageList()->Get(average)->GetKind() != MontageType::Kind::AverageReference) {
@@ -281,7 +311,7 @@ TEST_F(Result, ASensorMarkedBadIsStaleOnceTheAverageIsChosenAgain) {
     result.Compute(nullptr);
     const double ofThree = result.GetSpectrum(result.GetMontage().GetChn(0))->GetValue(1);
     test::SensorOf(*recording, "Cz")->SetBad(true);
-    EXPECT_FALSE(IsNeeded()); // the montage in use is as it was
+    EXPECT_TRUE(IsNeeded()); // though the montage in use is as it was
     recording->ChangeMntg(average, false);
     EXPECT_TRUE(IsNeeded());
     result.Compute(nullptr);

@@ -64,8 +64,10 @@ TEST_F(EventForm, OffersTheLabelsThereAre) {
         for (int i = 0; i < box->count(); ++i) {
             labels << box->itemText(i);
         }
-        EXPECT_EQ(labels.join(", ").toStdString(),
-                  "Artifact, Bad segment, blink, Eyes closed, eyes open, Eyes open, tone");
+        EXPECT_EQ(
+            labels.join(", ").toStdString(),
+            "artifact, bad, bad blink, bad movement, bad muscle, blink, eyes closed, eyes open, movement, "
+            "note, seizure, sleep, spike, tone");
         dialog.reject();
     });
     AddWithDialog({}, editor_, SpotEvent("a", 1));

@@ -5,8 +5,12 @@
 #include "host/toolkit/appearance.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
+#include "spectra_contract/spectrum.h"
+
 #include <QComboBox>
 #include <QTest>
+
+#include <cmath>
 
 namespace {
 
@@ -63,8 +67,12 @@ TEST_F(LinkedViews, TheEpochsOfBothAnalysesAreShaded) {
     AddStates("eyes open", 0x000000FF);                             // red
     Analyses().SetSecondary(&AddStates("eyes closed", 0x00FF0000)); // blue
     bench->Recompute();
-    // 22 % of the colour on white.
-    EXPECT_THAT(Shades(), ElementsAre(Shade{Seconds(0, 30), 0x00C6C6FF}, Shade{Seconds(30, 60), 0x00FFC6C6}));
+    // Hue and saturation of the colour, 42 % light on white, so that it is seen through its thin layer.
+    EXPECT_THAT(Shades(),
+                ElementsAre(Shade{Seconds(0, 30), 0x000000D6,
+                                  "Main analysis: " + Analyses().GetMain()->GetName(), false},
+                            Shade{Seconds(30, 60), 0x00D60000,
+                                  "Secondary analysis: " + Analyses().GetSecondary()->GetName(), true}));
 }
 
 TEST_F(LinkedViews, TheSecondaryAnalysisIsToldApartWhenBothHaveOneColour) {
@@ -91,6 +99,44 @@ TEST_F(LinkedViews, PointingAtATimeMovesTheTraces) {
     const XTimeInterval page = Traces().GetPage();
     EXPECT_LE(*page.GetBeginPtr(), XTime::FromNanoseconds(45 * kSecond));
     EXPECT_GE(*page.GetEndPtr(), XTime::FromNanoseconds(45 * kSecond));
+}
+
+TEST_F(LinkedViews, PointingAtAChannelSelectsItInTheTraces) {
+    bench->Middle().PointAtChannel("Cz");
+    QTest::keyClick(&Traces(), Qt::Key_B); // marks what is selected
+    EXPECT_TRUE(Recording().GetTraceInfo()->FindSensor("Cz")->IsBad());
+    bench->Middle().PointAtChannel("O1");
+    QTest::keyClick(&Traces(), Qt::Key_B);
+    EXPECT_TRUE(Recording().GetTraceInfo()->FindSensor("O1")->IsBad());
+    EXPECT_FALSE(Recording().GetTraceInfo()->FindSensor("O2")->IsBad());
+}
+
+TEST_F(LinkedViews, NextSelectionMovesTheTracesToTheNextStretch) {
+    SpectraMacro macro;
+    macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByDuration);
+    macro.SetFixedDurationSec(20);
+    Analyses().SetMain(&AddAnalysis(macro));
+    bench->Recompute();
+    ASSERT_EQ(*Traces().GetPage().GetBeginPtr(), XTime());
+    TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
+    constexpr unsigned kNextSelection = 14476; // of the spectrum view
+    spectrum.RunCommand(kNextSelection);
+    test::WaitUntilIdle();
+    EXPECT_EQ(*Traces().GetPage().GetBeginPtr(), XTime::FromNanoseconds(20 * kSecond));
+    spectrum.RunCommand(kNextSelection);
+    test::WaitUntilIdle();
+    EXPECT_EQ(*Traces().GetPage().GetBeginPtr(), XTime::FromNanoseconds(40 * kSecond));
+}
+
+TEST_F(LinkedViews, ABadElectrodeLeavesTheAnalysisAtOnce) {
+    AddAnalysis();
+    bench->Recompute();
+    const SensorType* cz = Recording().GetTraceInfo()->FindSensor("Cz");
+    ASSERT_GT(Analyses().GetMain()->GetSpectrum(cz)->GetValue(5), 0);
+    bench->Middle().PointAtChannel("Cz");
+    QTest::keyClick(&Traces(), Qt::Key_B);
+    test::WaitUntilIdle();
+    EXPECT_TRUE(std::isnan(Analyses().GetMain()->GetSpectrum(cz)->GetValue(5)));
 }
 
 TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {

@@ -5,6 +5,8 @@
 #include "host/spectral_data/settings/macro_file.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
+#include <QTest>
+
 namespace {
 
 using namespace orvanta;
@@ -55,6 +57,56 @@ TEST_F(SessionOfTheWindow, GoesBackToPlaceAndMontage) {
     const TraceCursorType& cursor = *Recording().GetTraceCursor();
     EXPECT_EQ(cursor.GetSample(cursor.GetStartRecTime(), Sample::Mode::Memory, 0), 64 * 20);
     EXPECT_EQ(Recording().GetTraceInfo()->GetMtg().GetName(), "Longitudinal bipolar");
+}
+
+class BadMarks : public SessionOfTheWindow {
+protected:
+    void Open(const std::string& file) {
+        review::Workbench::Setup setup = Setup();
+        setup.savesEvents = true;
+        Start(setup, file);
+    }
+    /// The user marks the channel in the traces.
+    void Mark(const char* name) const {
+        TheChild& traces = *bench->Middle().Views().ViewOf(ViewKind::Traces);
+        bench->Middle().PointAtChannel(name);
+        QTest::keyClick(&traces, Qt::Key_B);
+        test::WaitUntilIdle();
+    }
+    bool IsBad(const char* name) const { return Recording().GetTraceInfo()->FindSensor(name)->IsBad(); }
+};
+
+TEST_F(BadMarks, AreWrittenBesideTheRecordingAndComeBack) {
+    Open(Demo());
+    Mark("Cz");
+    EXPECT_THAT(folder.Read("demo_channels.tsv"), testing::HasSubstr("\tbad\t"));
+    Leave();
+    std::filesystem::remove_all(folder.Path("data")); // not from the session
+    Open(folder.Path("demo.edf"));
+    EXPECT_TRUE(IsBad("Cz"));
+    EXPECT_FALSE(IsBad("Pz"));
+    Mark("Cz"); // good again
+    Leave();
+    Open(folder.Path("demo.edf"));
+    EXPECT_FALSE(IsBad("Cz"));
+}
+
+TEST_F(BadMarks, StayInTheSessionWhereTheyCannotBeWritten) {
+    std::filesystem::create_directory(folder.Path("demo_channels.tsv")); // takes the table's place
+    Open(Demo());
+    user.AnswersMessage(owl::kIdOk);
+    Mark("Cz");
+    EXPECT_THAT(user.Messages().at(0).text,
+                testing::StartsWith("The marks of bad channels cannot be kept beside the recording"));
+    Mark("Pz"); // it is told once
+    Leave();
+    Open(folder.Path("demo.edf"));
+    EXPECT_TRUE(IsBad("Cz"));
+    EXPECT_TRUE(IsBad("Pz"));
+    Leave();
+    std::filesystem::remove(folder.Path("demo_channels.tsv"));
+    Open(folder.Path("demo.edf")); // now they can
+    EXPECT_THAT(folder.Read("demo_channels.tsv"), testing::HasSubstr("\tbad\t"));
 }
 
 TEST_F(SessionOfTheWindow, MakesTheAnalysesAgainAndComputesThem) {
@@ -157,7 +209,8 @@ protected:
 };
 
 TEST_F(SessionFile, HoldsEverything) {
-    const review::Session session{12.5, "Längs \"quer\"", {{"a.smx", "<x/>"}, {"", "<y/>"}}, 1, 0};
+    const review::Session session{12.5, "Längs \"quer\"",   {{"a.smx", "<x/>"}, {"", "<y/>"}}, 1, 0,
+                                  true, {{"EEG Fp1", true}}};
     review::SaveSession(folder.Path("s.json"), session);
     EXPECT_EQ(review::LoadSession(folder.Path("s.json")), session);
 }

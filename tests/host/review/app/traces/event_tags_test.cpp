@@ -78,9 +78,10 @@ TEST_F(EventTags, AreHitAtTheirLabelLineOrBand) {
 TEST(OfferedLabels, AreTheRecentThenTheFrequentThenTheUsual) {
     const std::vector<EventRecord> events{State("b", 0, 1), State("a", 2, 3), State("a", 4, 5),
                                           Spot("spot", 1)};
-    EXPECT_THAT(
-        OfferedLabels({"mine", "a"}, events, EventClass::State),
-        ElementsAre("mine", "a", "b", "bad", "artifact", "eyes open", "eyes closed", "seizure", "sleep"));
+    EXPECT_THAT(OfferedLabels({"mine", "a"}, events, EventClass::State),
+                ElementsAre("mine", "a", "b", "bad", "artifact", "bad blink", "bad movement", "bad muscle",
+                            "eyes open", "eyes closed", "seizure", "sleep"));
+    EXPECT_THAT(OfferedLabels({}, {}, EventClass::Spot), ElementsAre("spike", "blink", "movement", "note"));
 }
 
 TEST(RecentLabels, HoldTheLastOneFirstAndNoneTwice) {

@@ -14,26 +14,26 @@ TraceLayout Laid(const owl::TRect& client, int lines, TraceWindow window = {}) {
 TEST(TraceLayout, StacksLabelsTracesRulerAndOverview) {
     const TraceLayout layout = Laid({0, 0, 1000, 600}, 10);
     EXPECT_EQ(layout.labels, (owl::TRect{72, 0, 994, 33}));
-    EXPECT_EQ(layout.names, (owl::TRect{0, 33, 72, 524}));
-    EXPECT_EQ(layout.plot, (owl::TRect{72, 33, 994, 524}));
-    EXPECT_EQ(layout.ruler, (owl::TRect{72, 524, 994, 554}));
+    EXPECT_EQ(layout.names, (owl::TRect{0, 33, 72, 535}));
+    EXPECT_EQ(layout.plot, (owl::TRect{72, 33, 994, 535}));
+    EXPECT_EQ(layout.ruler, (owl::TRect{72, 535, 994, 554}));
     EXPECT_EQ(layout.overview, (owl::TRect{72, 554, 994, 594}));
 }
 
 TEST(TraceLayout, SharesTheHeightAmongTheLines) {
     const TraceLayout layout = Laid({0, 0, 1000, 600}, 10);
     EXPECT_EQ(layout.lineCount, 10);
-    EXPECT_DOUBLE_EQ(layout.spacing, 49.1);
-    EXPECT_DOUBLE_EQ(layout.YOf(0), 57.55);
-    EXPECT_DOUBLE_EQ(layout.YOf(9), 499.45);
+    EXPECT_DOUBLE_EQ(layout.spacing, 50.2);
+    EXPECT_DOUBLE_EQ(layout.YOf(0), 58.1);
+    EXPECT_DOUBLE_EQ(layout.YOf(9), 509.9);
 }
 
 TEST(TraceLayout, ShowsAsManyLinesAsFitAndScrollsOverTheRest) {
     TraceWindow window;
     window.firstLine = 500;
     const TraceLayout layout = Laid({0, 0, 1000, 600}, 100, window);
-    EXPECT_EQ(layout.lineCount, 44); // 491 pixels in steps of 11
-    EXPECT_EQ(layout.firstLine, 56); // the last ones
+    EXPECT_EQ(layout.lineCount, 79); // 518 pixels in steps of 6.5
+    EXPECT_EQ(layout.firstLine, 21); // the last ones
 }
 
 TEST(TraceLayout, ShowsSoManyLinesAsWereAskedFor) {
@@ -43,7 +43,7 @@ TEST(TraceLayout, ShowsSoManyLinesAsWereAskedFor) {
     const TraceLayout layout = Laid({0, 0, 1000, 600}, 100, window);
     EXPECT_EQ(layout.firstLine, 3);
     EXPECT_EQ(layout.lineCount, 4);
-    EXPECT_DOUBLE_EQ(layout.spacing, 122.75);
+    EXPECT_DOUBLE_EQ(layout.spacing, 125.5);
 }
 
 TEST(TraceLayout, TurnsTimesIntoPlacesAndBack) {
@@ -62,16 +62,42 @@ TEST(TraceLayout, FindsTheLineAtAPlace) {
     const TraceLayout layout = Laid({0, 0, 1000, 600}, 10);
     EXPECT_EQ(layout.LineAt(32), std::nullopt);
     EXPECT_EQ(layout.LineAt(33), 0);
-    EXPECT_EQ(layout.LineAt(83), 1);
-    EXPECT_EQ(layout.LineAt(523), 9);
-    EXPECT_EQ(layout.LineAt(524), std::nullopt);
+    EXPECT_EQ(layout.LineAt(84), 1);
+    EXPECT_EQ(layout.LineAt(534), 9);
+    EXPECT_EQ(layout.LineAt(535), std::nullopt);
 }
 
 TEST(TraceLayout, GivesTheOverviewsRoomToTheTracesWhereThereIsLittle) {
     const TraceLayout layout = Laid({0, 0, 400, 120}, 10);
     EXPECT_TRUE(layout.overview.IsEmpty());
     EXPECT_EQ(layout.labelRows, 1);
-    EXPECT_EQ(layout.plot, (owl::TRect{72, 17, 394, 90}));
+    EXPECT_EQ(layout.plot, (owl::TRect{57, 17, 394, 101}));
+}
+
+TEST(TraceLayout, ShowsAllElectrodesOfARoutineEegOnHalfASmallScreen) {
+    const struct {
+        int height, lines, onPage, nameHeight, columns;
+    } cases[] = {
+        {330, 19, 19, 12, 1}, // each name at full size
+        {330, 32, 32, 9, 2},  // smaller names
+        {330, 40, 40, 9, 2},  // by turns in two columns
+        {330, 64, 40, 9, 2},  // from here on the scroll bar
+        {250, 19, 19, 10, 1}, {700, 64, 64, 10, 1}, {1000, 128, 128, 9, 2},
+    };
+    for (const auto& c : cases) {
+        const TraceLayout layout = Laid({0, 0, 1300, c.height}, c.lines);
+        EXPECT_EQ(layout.lineCount, c.onPage) << c.lines << " lines on " << c.height;
+        EXPECT_EQ(layout.nameHeight, c.nameHeight) << c.lines << " lines on " << c.height;
+        EXPECT_EQ(layout.nameColumns, c.columns) << c.lines << " lines on " << c.height;
+        // Letters of neighbours in one column do not touch.
+        EXPECT_GE(layout.spacing * layout.nameColumns, 0.92 * layout.nameHeight);
+    }
+}
+
+TEST(TraceLayout, KeepsNoRoomForLabelsOfEventsThatThereAreNot) {
+    const TraceLayout layout = LayOutTraces({0, 0, 1000, 600}, {12, 60, 10, {}, false});
+    EXPECT_EQ(layout.labelRows, 0);
+    EXPECT_EQ(layout.plot.top, 1);
 }
 
 TEST(TraceLayout, HasNoPlaceForAnythingInNothing) {

@@ -82,8 +82,28 @@ TEST_F(TracePainter, KeepsTheTracesInTheirArea) {
 }
 
 TEST_F(TracePainter, WritesNamesTimesAndTheScale) {
-    EXPECT_THAT(Painted().Texts(),
-                testing::IsSupersetOf({"C3", "ECG", "50 µV", "00:00:00", "0 s", "00:00:10"}));
+    EXPECT_THAT(Painted().Texts(), testing::IsSupersetOf({"C3", "ECG", "50 µV", "0 s", "10 s"}));
+}
+
+TEST_F(TracePainter, WritesTheTimeOfDayBesideTheSecondsOnOneLine) {
+    page_.startTime = orvanta::signal::StartTime{2026, 1, 2, 10, 20, 30, 0};
+    const auto texts = Painted().Texts();
+    EXPECT_THAT(texts, testing::IsSupersetOf({"10:20:30", "0 s", "10:20:35", "5 s"}));
+}
+
+TEST_F(TracePainter, SaysThatNegativeIsUp) {
+    page_.lines[0].scaling.unitsPerPixel = -1;
+    const RecordingDC& dc = Painted();
+    EXPECT_THAT(dc.Texts(), Contains("\u221250 µV \u2191"));
+    EXPECT_EQ(dc.CallsOf("curve")[0], "curve 1.0 50.00,70.00 150.00,90.00 250.00,50.00");
+}
+
+TEST_F(TracePainter, NamesStandInTwoColumnsByTurnsWhereLinesAreMany) {
+    page_.layout.nameColumns = 2;
+    page_.layout.names = {0, 20, 106, 220};
+    const auto texts = Painted().CallsOf("text");
+    EXPECT_THAT(texts, Contains(testing::StartsWith("text 100,")));
+    EXPECT_THAT(texts, Contains(testing::StartsWith("text 50,")));
 }
 
 TEST_F(TracePainter, DrawsAGridLineEachSecondWhereThereIsRoom) {
@@ -124,7 +144,7 @@ TEST_F(TracePainter, FramesThePageInTheOverview) {
 
 TEST_F(TracePainter, ShowsActivityAndHowFarItIsKnown) {
     const RecordingDC& dc = Overview({{1, 0.5F, -1}, 0.5});
-    EXPECT_THAT(dc.Calls(), Contains("fill 50,268,51,295 #7385A0"));
+    EXPECT_THAT(dc.Calls(), Contains("fill 50,267,51,296 #7385A0"));
     EXPECT_THAT(dc.Calls(), Contains("fill 50,298,250,300 #1B6ED0"));
 }
 

@@ -78,7 +78,7 @@ TEST_F(TraceViewKeys, MarkTheSelectedChannelBadAndGoodAgain) {
     Press(Qt::Key_Down, Qt::ShiftModifier); // selects the first
     Press(Qt::Key_B);
     EXPECT_TRUE(test::SensorOf(*recording, "Fp1")->IsBad());
-    EXPECT_EQ(window.message, "Fp1 is bad now: average references leave it out.");
+    EXPECT_EQ(window.message, "Fp1 is bad now: analyses, maps and average references leave it out.");
     Press(Qt::Key_B);
     EXPECT_FALSE(test::SensorOf(*recording, "Fp1")->IsBad());
 }
@@ -122,6 +122,16 @@ TEST_F(TraceViewKeys, ScrollChannelsThatFindNoRoom) {
     Press(Qt::Key_Up);
     Click({300, 60});
     EXPECT_EQ(window.channels.back(), "Fp1");
+}
+
+TEST_F(TraceViewKeys, ShiftMMarksByClicksUntilEsc) {
+    Press(Qt::Key_M, Qt::ShiftModifier);
+    EXPECT_EQ(view->cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(window.message, "A click marks a moment, a drag a stretch. Esc ends it.");
+    Press(Qt::Key_R); // another mode takes its place
+    EXPECT_EQ(window.message, "A drag measures time, frequency and voltage. Esc ends it.");
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(view->cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(TraceViewKeys, GoToATime) {

@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QMenu>
+#include <QRegularExpression>
+
 #include <stdexcept>
 
 namespace orvanta::review {
@@ -96,6 +99,85 @@ TEST_F(TraceViewMouse, CursorReadsTheLineUnderIt) {
     EXPECT_EQ(Cursor().texts.back(), "00:00:02.00");
     Hover({20, 80}); // a name
     EXPECT_EQ(Cursor().kind, CursorInput::Kind::None);
+}
+
+TEST_F(TraceViewMouse, DragMeasuresInTheMeasuringMode) {
+    Press(Qt::Key_R);
+    Drag({112, 80}, {142, 90}); // half a second
+    EXPECT_EQ(Cursor().kind, CursorInput::Kind::Measure);
+    Press(Qt::Key_R);
+    Drag({112, 80}, {142, 90});
+    EXPECT_EQ(Cursor().kind, CursorInput::Kind::Stretch);
+}
+
+TEST_F(TraceViewMouse, NegativeIsUpUnlessTheUserTurnsItOver) {
+    Hover({172, 80});
+    ASSERT_TRUE(Cursor().dot.has_value());
+    const int middle = 85; // of Fp1
+    const int negativeUp = Cursor().dot->y;
+    view->RunCommand(kCmNegativeUp);
+    EXPECT_EQ(window.message, "All traces are drawn with positive values upwards.");
+    Hover({173, 80});
+    Hover({172, 80});
+    EXPECT_NEAR(Cursor().dot->y - middle, middle - negativeUp, 1);
+    EXPECT_NE(Cursor().dot->y, negativeUp);
+    CloseView();
+    MakeView();
+    Hover({172, 80});
+    EXPECT_NE(Cursor().dot->y, negativeUp); // remembered
+}
+
+TEST_F(TraceViewMouse, SaysWhichAnalysisUsedTheTime) {
+    view->SetShades(
+        {{{XTime::FromSeconds(1), XTime::FromSeconds(3)}, 0x0000FF, "Main analysis: Resting", false}});
+    Hover({172, 80}); // 2 s
+    EXPECT_EQ(Cursor().texts.back(), "Main analysis: Resting");
+    Hover({292, 80}); // 4 s
+    EXPECT_NE(Cursor().texts.back(), "Main analysis: Resting");
+}
+
+TEST_F(TraceViewMouse, RightClickOffersWhatCanBeDoneThere) {
+    const auto offered = [&](const QPoint& at) {
+        Drag(at, at, Qt::RightButton);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QStringList texts;
+        for (const QAction* item : menu == nullptr ? QList<QAction*>() : menu->actions()) {
+            texts << item->text().section('\t', 0, 0).remove('&');
+        }
+        if (menu != nullptr) {
+            menu->close();
+        }
+        return texts.filter(QRegularExpression(".+")).join(", ").toStdString();
+    };
+    EXPECT_EQ(offered({20, 80}), "Bad Channel, Hide Channel, Show All Channels, Channels..., Larger Traces, "
+                                 "Smaller Traces, Negative Upwards");
+    EXPECT_EQ(offered({300, 200}), "Mark an Event Here..., Mark Events by Clicks, Measure by Dragging, Go to "
+                                   "Time..., Zoom Back, Bad Channel, Hide Channel");
+    view->GoTo(XTime::FromSeconds(31)); // 30 to 40: the spike at 30 s
+    Draw();
+    EXPECT_EQ(offered({58, 8}), "Edit Event..., Delete Event, Previous Event, Next Event");
+}
+
+TEST_F(TraceViewMouse, RightClickOnANameSelectsTheChannel) {
+    Drag({20, 150}, {20, 150}, Qt::RightButton);
+    QApplication::activePopupWidget()->close();
+    Press(Qt::Key_B);
+    EXPECT_TRUE(test::SensorOf(*recording, "F3")->IsBad());
+}
+
+TEST_F(TraceViewMouse, MarksWhereTheMenuWasAskedFor) {
+    Drag({232, 200}, {232, 200}, Qt::RightButton); // 3 s
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    menu->actions().front()->trigger();
+    menu->close();
+    test::WaitUntilIdle();
+    auto* labels = view->findChild<QMenu*>("EventLabels");
+    ASSERT_NE(labels, nullptr);
+    labels->actions().front()->trigger();
+    labels->close();
+    EXPECT_EQ(events.Events().front().Label, "spike");
+    EXPECT_NEAR(events.Events().front().Interval.GetBeginPtr()->Seconds(), 3, 0.02);
 }
 
 TEST_F(TraceViewMouse, CtrlDragMeasures) {
