@@ -130,12 +130,11 @@ public:
           pixels_(depths_.size(), 0) {
         constexpr int kLeastRows = 32;
         const std::vector<Corner> corners = CornersOf(scene, size, inside);
+        const std::vector<Face> faces = FacesOf(scene.mesh, corners, inside);
         ForRowBands(size, kLeastRows, [&](int firstRow, int lastRow) {
-            for (const auto& [a, b, c] : scene.mesh.triangles) {
-                // Upwards is negative on the picture, so that counter-clockwise is so, too.
-                const float area = Area(corners[a], corners[b], corners[c].x, corners[c].y);
-                if (inside ? area > 0 : area < 0) {
-                    Fill(corners[a], corners[b], corners[c], area, firstRow, lastRow);
+            for (const Face& face : faces) {
+                if (face.first < lastRow && face.last >= firstRow) {
+                    Fill(face, firstRow, lastRow);
                 }
             }
         });
@@ -153,18 +152,45 @@ private:
         float across, down;
     };
 
+    /// A triangle on the side that is seen, and the rows with pixels that it may cover.
+    struct Face {
+        const Corner *a, *b, *c;
+        float area;
+        int first, last;
+    };
+
+    static std::vector<Face> FacesOf(const HeadMesh& mesh, const std::vector<Corner>& corners, bool inside) {
+        std::vector<Face> faces;
+        faces.reserve(mesh.triangles.size());
+        for (const auto& [i, j, k] : mesh.triangles) {
+            const Corner& a = corners[i];
+            const Corner& b = corners[j];
+            const Corner& c = corners[k];
+            // Upwards is negative on the picture, so that counter-clockwise is so, too.
+            const float area = Area(a, b, c.x, c.y);
+            if (inside ? area > 0 : area < 0) {
+                const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
+                faces.push_back({&a, &b, &c, area, static_cast<int>(std::ceil(top - 0.5F)),
+                                 static_cast<int>(std::floor(bottom - 0.5F))});
+            }
+        }
+        return faces;
+    }
+
     /// \param firstRow to before \p lastRow: the rows that are painted
-    void Fill(const Corner& a, const Corner& b, const Corner& c, float area, int firstRow, int lastRow) {
+    void Fill(const Face& face, int firstRow, int lastRow) {
+        const Corner& a = *face.a;
+        const Corner& b = *face.b;
+        const Corner& c = *face.c;
         const auto [left, right] = std::minmax({a.x, b.x, c.x});
-        const auto [top, bottom] = std::minmax({a.y, b.y, c.y});
         const int firstX = std::max(0, static_cast<int>(std::ceil(left - 0.5F)));
         const int lastX = std::min(size_ - 1, static_cast<int>(std::floor(right - 0.5F)));
-        const int firstY = std::max(firstRow, static_cast<int>(std::ceil(top - 0.5F)));
-        const int lastY = std::min(lastRow - 1, static_cast<int>(std::floor(bottom - 0.5F)));
+        const int firstY = std::max(firstRow, face.first);
+        const int lastY = std::min(lastRow - 1, face.last);
         if (firstX > lastX || firstY > lastY) {
             return;
         }
-        const float perArea = 1 / area;
+        const float perArea = 1 / face.area;
         const Slope shareB{(c.y - a.y) * perArea, (a.x - c.x) * perArea};
         const Slope shareC{(a.y - b.y) * perArea, (b.x - a.x) * perArea};
         const auto slopeOf = [&](float Corner::*part) {
