@@ -7,7 +7,6 @@
 #include "host/review/app/module_bridge.h"
 #include "host/review/app/traces/trace_view.h"
 
-#include <QApplication>
 #include <QPointer>
 
 #include <utility>
@@ -72,7 +71,8 @@ void OpenViews::FollowMontage(const Document& document) {
 }
 
 void OpenViews::Refresh(std::span<const ViewKind> kinds) {
-    const QPointer<QWidget> focused(QApplication::focusWidget());
+    // Of the window, also while it is not active.
+    const QPointer<QWidget> focused(window_.window()->focusWidget());
     for (const ViewKind kind : kinds) {
         // A view may go while another computes.
         if (TheChild* view = window_.Views().ViewOf(kind)) {
