@@ -139,7 +139,8 @@ void TraceView::Impl::Cancel() {
 }
 
 bool TraceView::Impl::CanCancel() const {
-    return player.isActive() || drag != Drag::None || marking || !model.Selected().empty() || selectedEvent;
+    return player.isActive() || drag != Drag::None || mode != Mode::Select || !model.Selected().empty() ||
+           selectedEvent;
 }
 
 void TraceView::Impl::GoToTime() {
