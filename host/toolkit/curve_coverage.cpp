@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace owl {
@@ -19,38 +20,38 @@ constexpr float kNone = std::numeric_limits<float>::infinity();
 struct Reaches {
     explicit Reaches(std::size_t count) : low(count, kNone), high(count, -kNone) {}
 
-    void Extend(std::size_t strip, double at) {
-        low[strip] = std::min(low[strip], static_cast<float>(at));
-        high[strip] = std::max(high[strip], static_cast<float>(at));
+    void Extend(std::ptrdiff_t strip, double at) {
+        const auto place = static_cast<std::size_t>(strip);
+        low[place] = std::min(low[place], static_cast<float>(at));
+        high[place] = std::max(high[place], static_cast<float>(at));
     }
 
     std::vector<float> low, high;
 };
 
-/// The line between two points: its ends, and where it crosses the middle of a strip.
-void Extend(Reaches& reaches, double left, const TPointF& from, const TPointF& to) {
+/// The points, and where the lines between them cross the middle of a strip. \param left of the first strip
+void Extend(Reaches& reaches, double left, std::span<const TPointF> points) {
     const auto count = static_cast<double>(reaches.low.size());
-    const double begin = (from.x - left) * kStrips;
-    const double end = (to.x - left) * kStrips;
-    if (end < 0 || begin >= count || end < begin) {
-        return;
-    }
-    if (begin >= 0) {
-        reaches.Extend(static_cast<std::size_t>(begin), from.y);
-    }
-    if (end < count) {
-        reaches.Extend(static_cast<std::size_t>(end), to.y);
-    }
-    if (begin == end) {
-        return;
-    }
-    const double slope = (to.y - from.y) / (end - begin);
-    // The middles from here to there are those of the strips from the one number to the other.
-    const double here = std::max(0.0, begin + 0.5);
-    const double there = std::min(count, end + 0.5);
-    const auto last = static_cast<std::size_t>(there);
-    for (auto strip = static_cast<std::size_t>(here); strip < last; ++strip) {
-        reaches.Extend(strip, from.y + slope * (static_cast<double>(strip) + 0.5 - begin));
+    double begin = 0;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const TPointF& to = points[i];
+        const double end = (to.x - left) * kStrips;
+        if (end >= 0 && end < count) {
+            reaches.Extend(static_cast<std::ptrdiff_t>(end), to.y);
+        }
+        if (i > 0 && end >= 0 && begin < count) {
+            // The middles from here to there are those of the strips from the one number to the other.
+            auto strip = static_cast<std::ptrdiff_t>(std::max(0.0, begin + 0.5));
+            const auto last = static_cast<std::ptrdiff_t>(std::min(count, end + 0.5));
+            if (strip < last) {
+                const TPointF& from = points[i - 1];
+                const double slope = (to.y - from.y) / (end - begin);
+                for (; strip < last; ++strip) {
+                    reaches.Extend(strip, from.y + slope * (static_cast<double>(strip) + 0.5 - begin));
+                }
+            }
+        }
+        begin = end;
     }
 }
 
@@ -72,7 +73,7 @@ Reaches Thickened(const Reaches& thin, double radius, std::size_t around) {
     return thick;
 }
 
-/// Adds up the strips of one column.
+/// Adds up the strips of one column, in 256ths of a pixel: whole numbers add up in a quarter of the time.
 class ColumnSum {
 public:
     explicit ColumnSum(const TRect& clip)
@@ -85,47 +86,48 @@ public:
         if (!(to > from)) {
             return;
         }
-        Step(from, 1);
-        Step(to, -1);
-        first_ = std::min(first_, static_cast<std::size_t>(from));
-        last_ = std::max(last_, static_cast<std::size_t>(to));
+        first_ = std::min(first_, Step(from, 1));
+        last_ = std::max(last_, Step(to, -1));
     }
 
     void Use(int x, const std::function<void(const CoveredColumn&)>& use) {
         if (first_ > last_) {
             return;
         }
-        float sum = 0;
-        std::size_t end = std::min(last_ + 1, coverage_.size());
-        for (std::size_t row = first_; row < end; ++row) {
-            sum += steps_[row];
-            const float rounded = sum * (255.0F / kStrips) + 0.5F; // a call of lround takes longer
-            coverage_[row] = static_cast<std::uint8_t>(rounded);
+        const auto first = static_cast<std::size_t>(first_);
+        std::size_t end = std::min(static_cast<std::size_t>(last_) + 1, coverage_.size());
+        int sum = 0;
+        for (std::size_t row = first; row < end; ++row) {
+            sum += std::exchange(steps_[row], 0);
+            coverage_[row] = static_cast<std::uint8_t>((sum * (255 / kStrips) + kPart / 2) / kPart);
         }
-        while (end > first_ && coverage_[end - 1] == 0) {
+        std::fill_n(steps_.begin() + last_, 2, 0);
+        while (end > first && coverage_[end - 1] == 0) {
             --end;
         }
-        use({x, top_ + static_cast<int>(first_), std::span(coverage_).subspan(first_, end - first_)});
-        std::fill(steps_.begin() + static_cast<std::ptrdiff_t>(first_),
-                  steps_.begin() + static_cast<std::ptrdiff_t>(std::min(last_ + 2, steps_.size())), 0.0F);
-        first_ = std::numeric_limits<std::size_t>::max();
+        use({x, top_ + first_, std::span(coverage_).subspan(first, end - first)});
+        first_ = std::numeric_limits<int>::max();
         last_ = 0;
     }
 
 private:
-    /// From this height on the rows below count so much more.
-    void Step(float at, float change) {
-        const auto row = static_cast<std::size_t>(at);
-        const float below = at - static_cast<float>(row);
-        steps_[row] += change * (1 - below);
-        steps_[row + 1] += change * below;
+    static constexpr int kPart = 256;
+
+    /// From this height on the rows below count so much more. \return the row
+    int Step(float at, int change) {
+        const int parts = static_cast<int>(at * kPart);
+        const int row = parts / kPart;
+        const int below = parts % kPart;
+        steps_[static_cast<std::size_t>(row)] += change * (kPart - below);
+        steps_[static_cast<std::size_t>(row) + 1] += change * below;
+        return row;
     }
 
     int top_, height_;
-    std::vector<float> steps_; ///< what the coverage changes by from row to row
+    std::vector<int> steps_; ///< what the coverage changes by from row to row; all 0 between two columns
     std::vector<std::uint8_t> coverage_;
-    std::size_t first_ = std::numeric_limits<std::size_t>::max();
-    std::size_t last_ = 0;
+    int first_ = std::numeric_limits<int>::max();
+    int last_ = 0;
 };
 
 } // namespace
@@ -148,10 +150,7 @@ void CoverCurve(std::span<const TPointF> points, double width, const TRect& clip
     const auto around = static_cast<std::size_t>(std::ceil(radius * kStrips) - 1);
     Reaches thin(static_cast<std::size_t>(right - left) * kStrips + 2 * around);
     const double begin = left - static_cast<double>(around) / kStrips;
-    Extend(thin, begin, points.front(), points.front());
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        Extend(thin, begin, points[i - 1], points[i]);
-    }
+    Extend(thin, begin, points);
     const Reaches thick = Thickened(thin, radius, around);
     ColumnSum sum(clip);
     std::size_t strip = 0;

@@ -52,11 +52,7 @@ void PaintCurve(QImage& picture, const QRect& area, std::span<const TPointF> poi
     CoverCurve(placed, pen.width * pen.scale, FromQRect(area), [&](const CoveredColumn& column) {
         QRgb* pixel = pixels + column.top * stride + column.x;
         for (const std::uint8_t coverage : column.coverage) {
-            if (coverage == 255) {
-                *pixel = pen.color;
-            } else if (coverage > 0) {
-                *pixel = Mixed(pen.color, *pixel, coverage);
-            }
+            *pixel = Mixed(pen.color, *pixel, coverage); // quicker than to ask for none and all
             pixel += stride;
         }
     });
