@@ -12,9 +12,9 @@ inline constexpr std::array kArtifactLabels{"bad", "artifact", "bad blink", "bad
 
 /// What other programs and other hands write for the same. Not offered, so that one spelling wins.
 inline constexpr std::array kOtherArtifactLabels{
-    "Artifact",    "ARTIFACT",     "Artefact",     "artefact",     "BAD",
-    "Bad",         "Bad Interval", "BAD_ACQ_SKIP", "BAD boundary", "BAD_boundary",
-    "Bad segment", "bad segment",  "bad_segment",  "BAD_segment"};
+    "Artifact",     "ARTIFACT",    "Artefact",     "artefact",     "Artefakt",
+    "BAD",          "Bad",         "Bad Interval", "BAD_ACQ_SKIP", "BAD boundary",
+    "BAD_boundary", "Bad segment", "bad segment",  "bad_segment",  "BAD_segment"};
 
 /// States that are compared. Offered with a stretch, besides the artifacts.
 inline constexpr std::array kStateLabels{"eyes open", "eyes closed", "seizure", "sleep"};
