@@ -46,6 +46,7 @@ void RefreshAnalysisView(TheChild& view) {
     if (alive && alive->IsCreated()) {
         if (auto* spectrum = dynamic_cast<Spectrum*>(&view)) {
             spectrum->CreateSideBar(); // before the first focus, too
+            spectrum->DrawStatusBar(); // what was said of the analysis before is not true any more
         }
         view.Invalidate();
         RefreshPanels(view);

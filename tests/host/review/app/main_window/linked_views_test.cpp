@@ -174,4 +174,14 @@ TEST_F(LinkedViews, SaysThatChangedEventsAreNotInTheAnalysis) {
     bench->Current()->Events().Undo();
 }
 
+TEST_F(LinkedViews, TellsOfTheAnalysisAnewWhenItIsComputedAnew) {
+    AddStates("eyes open");
+    bench->Recompute();
+    EXPECT_EQ(bench->Window().ShownText(), "Analyzed: 29 epochs, 30.0 s");
+    bench->Current()->Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
+    bench->Recompute();
+    EXPECT_EQ(bench->Window().ShownText(), "Analyzed: 38 epochs, 40.0 s");
+    bench->Current()->Events().Undo();
+}
+
 } // namespace
