@@ -122,7 +122,7 @@ TEST_F(Panes, KeepSizesForEachArrangement) {
     const double traces = TracesShare();
     bench->Arrange(review::Arrangement::TracesBeside);
     test::WaitUntilIdle();
-    EXPECT_NEAR(Frame(ViewKind::Traces).width(), 1366 / 2, 10);
+    EXPECT_NEAR(Frame(ViewKind::Traces).width(), 683, 10);
     bench->Arrange(review::Arrangement::TracesAbove);
     test::WaitUntilIdle();
     EXPECT_NEAR(TracesShare(), traces, 0.005);
