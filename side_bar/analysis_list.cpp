@@ -60,6 +60,7 @@ private:
 
 AnalysisList::AnalysisList(owl::ReportList& list, const SpectraMgr* manager, int colorColumn)
     : list_(list), manager_(manager) {
+    list.setTextElideMode(Qt::ElideMiddle); // names of one study begin alike
     if (colorColumn != kNoColumn) {
         list.setItemDelegateForColumn(colorColumn, new ColorPainter(list, manager));
     }

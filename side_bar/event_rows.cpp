@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/event_rows.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <unordered_map>
 
@@ -46,6 +48,30 @@ std::vector<EventRow> EventRowsOf(const EventsManager& events, EventClass eventC
             row.seconds = WholeSeconds(intervals.at(row.type.GetLabel()), events.GetEventsSR());
         }
     }
+    return rows;
+}
+
+void AppendLacking(std::vector<EventRow>& rows, const std::set<std::string>& labels, EventClass eventClass) {
+    for (const std::string& label : labels) {
+        const bool listed = std::any_of(
+            rows.begin(), rows.end(), [&label](const EventRow& row) { return row.type.GetLabel() == label; });
+        if (!listed) {
+            rows.push_back({XEventType(label, eventClass)});
+        }
+    }
+}
+
+std::vector<EventRow> RejectRowsOf(const std::vector<EventRow>& states, const std::vector<EventRow>& spots,
+                                   const std::set<std::string>& labels) {
+    std::vector<EventRow> rows = states;
+    // A label of both classes is one choice: it excludes the events of either.
+    std::copy_if(spots.begin(), spots.end(), std::back_inserter(rows), [&](const EventRow& spot) {
+        const bool isState = std::any_of(states.begin(), states.end(), [&spot](const EventRow& state) {
+            return state.type.GetLabel() == spot.type.GetLabel();
+        });
+        return !isState && labels.contains(spot.type.GetLabel());
+    });
+    AppendLacking(rows, labels, EventClass::State);
     return rows;
 }
 

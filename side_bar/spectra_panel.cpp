@@ -11,6 +11,7 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "ui_spectra_panel.h"
 
+#include <QLocale>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -64,12 +65,21 @@ void TFormListenerSpectra1::SetUpControls() {
         PrepareList(*list);
         list->viewport()->installEventFilter(this);
     }
-    ui_->cbThreshold->addItems({"0.10", "0.05", "0.01", "0.005", "0.001"}); // the same in every language
-    ui_->cbThreshold->setCurrentIndex(1);
+    OfferThresholds();
     ui_->cbThreshold->installEventFilter(this);
     // As wide as the controls need, also where they do not fit into the height.
     ui_->scroller->setMinimumWidth(ui_->groups->minimumSizeHint().width() +
                                    ui_->scroller->verticalScrollBar()->sizeHint().width());
+}
+
+void TFormListenerSpectra1::OfferThresholds() {
+    // With the decimal sign that they are read with.
+    for (const auto& [threshold, decimals] : {std::pair(0.10, 2), std::pair(0.05, 2), std::pair(0.01, 2),
+                                              std::pair(0.005, 3), std::pair(0.001, 3)}) {
+        ui_->cbThreshold->addItem(QLocale().toString(threshold, 'f', decimals));
+    }
+    ui_->cbThreshold->setCurrentIndex(1);
+    ShowThresholdMeaning();
 }
 
 void TFormListenerSpectra1::ConnectHandlers() {

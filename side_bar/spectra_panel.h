@@ -65,6 +65,9 @@ protected:
 
 private:
     void SetUpControls();
+    void OfferThresholds();
+    /// Tells what the threshold is in percent, or that it stays as it is.
+    void ShowThresholdMeaning();
     void ConnectHandlers();
     /// The view gets the focus and is drawn anew from its background.
     void ShowInView();

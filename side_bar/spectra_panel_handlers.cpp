@@ -15,6 +15,8 @@
 #include "spectra_contract/spectra_mgr.h"
 #include "ui_spectra_panel.h"
 
+#include <QLocale>
+
 #include <sstream>
 
 using namespace orvanta::side_bar;
@@ -23,11 +25,14 @@ namespace {
 
 constexpr int kModeEdit = 2;
 
+std::string SpectraText(const char* key, const char* builtIn) {
+    return owl::TextOr(PModule::Named("Orvanta"), "TFormListenerSpectra1", key, builtIn);
+}
+
 std::string EraseQuestion(const SpectMacroResult& analysis) {
     std::ostringstream info;
     analysis.GetShortInfo(info);
-    return FillIn(owl::TextOr(PModule::Named("Orvanta"), "TFormListenerSpectra1", "Erase",
-                              "This will remove the spectrum %s (%s). Are you sure?"),
+    return FillIn(SpectraText("Erase", "This will remove the spectrum %s (%s). Are you sure?"),
                   {analysis.GetName(), info.str()});
 }
 
@@ -76,7 +81,24 @@ void TFormListenerSpectra1::cbSpectRatioClick() {
     ShowInView();
 }
 
+void TFormListenerSpectra1::ShowThresholdMeaning() {
+    constexpr int kDigits = 12;
+    const auto text = [](double number) { return QLocale().toString(number, 'g', kDigits).toStdString(); };
+    const double typed = GetThreshold();
+    std::string meaning;
+    if (typed > 0) {
+        meaning =
+            FillIn(SpectraText("ThresholdMeans", "%s stands for %s %"), {text(typed), text(100 * typed)});
+    } else if (manager_ != nullptr) {
+        meaning = FillIn(SpectraText("ThresholdStays", "No number above 0 and up to 1: %s stays"),
+                         {text(manager_->GetPThreshold())});
+    }
+    ui_->lbThresholdMeaning->setText(QString::fromStdString(meaning));
+    ui_->cbThreshold->setAccessibleDescription(ui_->lbThresholdMeaning->text());
+}
+
 void TFormListenerSpectra1::cbThresholdChange() {
+    ShowThresholdMeaning();
     const double threshold = GetThreshold();
     if (threshold < 0 || manager_ == nullptr || threshold == manager_->GetPThreshold()) {
         return;

@@ -6,6 +6,7 @@
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/services.h"
 #include "side_bar/taper_names.h"
+#include "side_bar/texts.h"
 #include "side_bar/user_numbers.h"
 #include "spectra_contract/spectra_macro.h"
 #include "ui_spectrum_macro.h"
@@ -37,6 +38,20 @@ void PrepareEventList(owl::ReportList& list) {
     list.headerItem()->setTextAlignment(0, Qt::AlignLeft | Qt::AlignVCenter);
 }
 
+/// Sets a label apart that the settings name and the recording has not.
+void MarkLacking(QTreeWidgetItem& row) {
+    const std::string text = owl::TextOr(PModule::Named("Orvanta"), "TFormSpectrumMacro", "Lacking",
+                                         "%s: not in this recording. Kept in the settings while selected");
+    const QString why = QString::fromStdString(side_bar::FillIn(text, {row.text(0).toStdString()}));
+    QFont font = row.treeWidget()->font();
+    font.setItalic(true);
+    for (int column = 0; column < row.columnCount(); ++column) {
+        row.setFont(column, font);
+        row.setToolTip(column, Qt::convertFromPlainText(why));
+    }
+    row.setData(0, Qt::AccessibleDescriptionRole, why);
+}
+
 void FillEventList(owl::ReportList& list, const std::vector<side_bar::EventRow>& rows,
                    const std::set<std::string>& selected) {
     for (const side_bar::EventRow& row : rows) {
@@ -46,8 +61,12 @@ void FillEventList(owl::ReportList& list, const std::vector<side_bar::EventRow>&
             texts << QString::number(row.seconds);
         }
         QTreeWidgetItem* shown = list.AddRow(texts, &row.type);
-        shown->setToolTip(0, Qt::convertFromPlainText(texts.front())); // for labels that are cut
         list.SelectRow(shown, selected.contains(label));
+        shown->setToolTip(0, Qt::convertFromPlainText(texts.front())); // for labels that are cut
+        if (row.count == 0) {
+            MarkLacking(*shown);
+            list.PutLast(shown);
+        }
     }
     list.SortByCaption();
 }
@@ -184,9 +203,15 @@ void TFormSpectrumMacro::ShowEvents() {
     }
     stateRows_ = side_bar::EventRowsOf(*events_, EventClass::State);
     spotRows_ = side_bar::EventRowsOf(*events_, EventClass::Spot);
-    FillEventList(*ui_->lvStateAccept, stateRows_, macro_->GetAcceptStateList());
-    FillEventList(*ui_->lvReject, stateRows_, macro_->GetRejectEventsList());
-    FillEventList(*ui_->lvSpotAccept, spotRows_, macro_->GetAcceptSpotList());
+    const std::set<std::string> states = macro_->GetAcceptStateList();
+    const std::set<std::string> spots = macro_->GetAcceptSpotList();
+    const std::set<std::string> rejected = macro_->GetRejectEventsList();
+    rejectRows_ = side_bar::RejectRowsOf(stateRows_, spotRows_, rejected);
+    side_bar::AppendLacking(stateRows_, states, EventClass::State);
+    side_bar::AppendLacking(spotRows_, spots, EventClass::Spot);
+    FillEventList(*ui_->lvStateAccept, stateRows_, states);
+    FillEventList(*ui_->lvReject, rejectRows_, rejected);
+    FillEventList(*ui_->lvSpotAccept, spotRows_, spots);
 }
 
 void TFormSpectrumMacro::ShowIntervals() {

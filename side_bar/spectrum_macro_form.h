@@ -96,6 +96,7 @@ private:
     bool editable_;
     bool openedFromLibrary_;
     std::array<char, 260> macroFolder_{};
-    owl::TColor cdSpeColor_;                                        ///< the colour chooser's current colour
-    std::vector<orvanta::side_bar::EventRow> stateRows_, spotRows_; ///< the lists' rows point to their types
+    owl::TColor cdSpeColor_; ///< the colour chooser's current colour
+    /// The lists' rows point to their types.
+    std::vector<orvanta::side_bar::EventRow> stateRows_, spotRows_, rejectRows_;
 };

@@ -13,13 +13,19 @@ namespace owl {
 namespace {
 
 constexpr int kDataRole = Qt::UserRole;
+constexpr int kLastRole = Qt::UserRole + 1;
 
-/// Ordered by caption, case ignored; captions that differ in case only, by their characters.
+/// Ordered by caption, case ignored; captions that differ in case only, by their characters. Those that are
+/// put last follow in the same order.
 class Row final : public QTreeWidgetItem {
 public:
     explicit Row(const QStringList& texts) : QTreeWidgetItem(texts) {}
 
     bool operator<(const QTreeWidgetItem& other) const override {
+        const bool last = data(0, kLastRole).toBool();
+        if (last != other.data(0, kLastRole).toBool()) {
+            return !last;
+        }
         const int order = QString::compare(text(0), other.text(0), Qt::CaseInsensitive);
         return order != 0 ? order < 0 : text(0) < other.text(0);
     }
@@ -76,6 +82,10 @@ void ReportList::SortByCaption() {
     setSortingEnabled(true);
     header()->setSortIndicatorShown(false);
     header()->setSectionsClickable(false);
+}
+
+void ReportList::PutLast(QTreeWidgetItem* row) {
+    row->setData(0, kLastRole, true);
 }
 
 void ReportList::SetMultiSelect(bool multiple) {

@@ -28,6 +28,8 @@ public:
     void StretchCaptions();
     /// Keeps the rows ordered by caption, case ignored.
     void SortByCaption();
+    /// In a list ordered by caption, keeps a row behind all that are not put last.
+    void PutLast(QTreeWidgetItem* row);
     void SetMultiSelect(bool multiple);
 
     /// Adds a row and answers it. \param payload the row's own, not owned

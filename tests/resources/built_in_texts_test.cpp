@@ -30,6 +30,7 @@ constexpr Call kCalls[] = {
     {R"(FormText\()", "TFormSpectrumMacro"},
     {R"(ExportText\()", "TSpectraExportForm"},
     {R"(ResultsText\()", "TFormBCIResults"},
+    {R"(SpectraText\()", "TFormListenerSpectra1"},
     {R"(ShowCode\()", "TFormListenerSpectraBCI"},
     {R"(Title\()", "HOST"},
     {R"(HostQ?Text\()", "HOST"},

@@ -9,6 +9,7 @@ namespace {
 
 using orvanta::side_bar::EventRow;
 using orvanta::side_bar::EventRowsOf;
+using orvanta::side_bar::RejectRowsOf;
 using orvanta::side_bar::WholeSeconds;
 using orvanta::test::SettingsCase;
 using testing::ElementsAre;
@@ -30,6 +31,15 @@ TEST(EventRows, CountSpotsWithoutSeconds) {
     EXPECT_THAT(EventRowsOf(given.events, EventClass::Spot),
                 ElementsAre(EventRow{{"Blink", EventClass::Spot, 1}, 1, 0},
                             EventRow{{"Spike", EventClass::Spot, 1}, 3, 0}));
+}
+
+TEST(EventRows, OfWhatIsExcludedAreStatesThenChosenSpotsThenLabelsWithoutEvents) {
+    const EventRow asleep{{"Asleep", EventClass::State}, 2, 30};
+    const EventRow spike{{"Spike", EventClass::Spot}, 3};
+    const EventRow asleepSpot{{"Asleep", EventClass::Spot}, 1};
+    EXPECT_THAT(RejectRowsOf({asleep}, {asleepSpot, {{"Blink", EventClass::Spot}, 1}, spike},
+                             {"Asleep", "Movement", "Spike"}),
+                ElementsAre(asleep, spike, EventRow{{"Movement", EventClass::State}, 0, 0}));
 }
 
 TEST(EventRows, SumDurationsBeforeTheyAreDivided) {

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QTreeWidget>
 #include <gmock/gmock.h>
 
@@ -367,6 +368,25 @@ TEST_F(ThresholdBox, IgnoresWhatIsNoThreshold) {
 TEST_F(ThresholdBox, DrawsNothingForTheThresholdThatIsSet) {
     manager.SetPThreshold(0.01);
     EXPECT_THAT(DrawsOf([this] { Get<QComboBox>("cbThreshold").setCurrentIndex(2); }), IsEmpty());
+}
+
+TEST_F(ThresholdBox, TellsWhatTheFractionIsInPercent) {
+    const auto meaning = [this] { return Get<QLabel>("lbThresholdMeaning").text().toStdString(); };
+    EXPECT_EQ(meaning(), "0.05 stands for 5 %");
+    User().Types("cbThreshold", "0.007");
+    EXPECT_EQ(meaning(), "0.007 stands for 0.7 %");
+    User().Types("cbThreshold", "5");
+    EXPECT_EQ(meaning(), "No number above 0 and up to 1: 0.007 stays");
+    EXPECT_EQ(Get<QComboBox>("cbThreshold").accessibleDescription().toStdString(), meaning());
+}
+
+TEST_F(ThresholdBox, OffersWhatItCanReadInEveryLanguage) {
+    const test::NumeralsOf german(QLocale::German);
+    TFormListenerSpectra1 other(view->GetHandle(), &platform, recording.get(), &manager);
+    auto& box = *other.findChild<QComboBox*>("cbThreshold");
+    EXPECT_EQ(box.itemText(3), "0,005");
+    box.setCurrentIndex(3);
+    EXPECT_EQ(manager.GetPThreshold(), 0.005);
 }
 
 TEST_F(ThresholdBox, ReadsTheUsersNumerals) {

@@ -246,15 +246,45 @@ TEST(SettingsForm, SelectsTheEventsOfTheSettings) {
     given.macro.SetAcceptSpotList({"Spike", "Awake"});
     given.macro.SetRejectEventsList({"bad", "Blink"});
     const OpenForm form(given);
-    EXPECT_EQ(form.user.SelectedRowsOf("lvStateAccept"), (QStringList{"Asleep", "Awake"}));
-    EXPECT_EQ(form.user.SelectedRowsOf("lvSpotAccept"), QStringList("Spike"));
-    EXPECT_EQ(form.user.SelectedRowsOf("lvReject"), QStringList("bad"));
+    EXPECT_EQ(form.user.SelectedRowsOf("lvStateAccept"), (QStringList{"Asleep", "Awake", "awake", "gone"}));
+    EXPECT_EQ(form.user.SelectedRowsOf("lvSpotAccept"), (QStringList{"Spike", "Awake"}));
+    EXPECT_EQ(form.user.SelectedRowsOf("lvReject"), (QStringList{"bad", "Blink"}));
+}
+
+TEST(SettingsForm, ListsLabelsThatTheRecordingLacksBehindItsOwn) {
+    SettingsCase given;
+    given.macro.SetAcceptStateList({"Awake", "a nap", "N2 sleep"});
+    given.macro.SetAcceptSpotList({"Sharp wave"});
+    given.macro.SetRejectEventsList({"Blink", "Arousal"});
+    const OpenForm form(given);
+    EXPECT_EQ(form.user.RowsOf("lvStateAccept"),
+              (QStringList{"Asleep", "Awake", "bad", "a nap", "N2 sleep"}));
+    EXPECT_EQ(form.user.RowsOf("lvSpotAccept"), (QStringList{"Blink", "Spike", "Sharp wave"}));
+    EXPECT_EQ(form.user.RowsOf("lvReject"), (QStringList{"Asleep", "Awake", "bad", "Blink", "Arousal"}));
+}
+
+TEST(SettingsForm, SetsLabelsApartThatTheRecordingLacks) {
+    SettingsCase given;
+    given.macro.SetAcceptStateList({"Awake", "N2 sleep"});
+    const OpenForm form(given);
+    const auto* list = form.findChild<QTreeWidget*>("lvStateAccept");
+    const QTreeWidgetItem& here = *list->topLevelItem(1);
+    const QTreeWidgetItem& lacking = *list->topLevelItem(3);
+    EXPECT_EQ(here.text(0), "Awake");
+    EXPECT_FALSE(here.font(0).italic());
+    EXPECT_EQ(here.toolTip(0), Qt::convertFromPlainText("Awake"));
+    EXPECT_EQ(lacking.text(0), "N2 sleep");
+    EXPECT_EQ(lacking.text(1), "0");
+    EXPECT_EQ(lacking.text(2), "0");
+    EXPECT_TRUE(lacking.font(0).italic());
+    EXPECT_EQ(lacking.data(0, Qt::AccessibleDescriptionRole).toString(),
+              "N2 sleep: not in this recording. Kept in the settings while selected");
 }
 
 TEST(SettingsForm, ComparesLabelsByTheirBytes) {
     SettingsCase given;
     given.macro.SetAcceptStateList({"asleep", "AWAKE"});
-    EXPECT_TRUE(OpenForm(given).user.SelectedRowsOf("lvStateAccept").isEmpty());
+    EXPECT_EQ(OpenForm(given).user.SelectedRowsOf("lvStateAccept"), (QStringList{"asleep", "AWAKE"}));
 }
 
 TEST(SettingsForm, HasNoEventRowsWithoutEvents) {

@@ -235,6 +235,26 @@ TEST(SettingsFormCompute, LeavesSettingsAsTheyAreWhenNothingWasTouched) {
     EXPECT_EQ(given.macro, before);
 }
 
+TEST(SettingsFormCompute, KeepsLabelsThatTheRecordingLacks) {
+    SettingsCase given;
+    given.macro.SetTimeIntervalSelectMode(Interval::ByStateEvents);
+    given.macro.SetAcceptStateList({"Awake", "N2 sleep"});
+    given.macro.SetAcceptSpotList({"Tone"});
+    given.macro.SetRejectEventsList({"Blink", "Movement", "bad"});
+    const SpectraMacro before = given.macro;
+    OpenForm(given).user.Clicks("BitBtnCompute");
+    EXPECT_EQ(given.macro, before);
+}
+
+TEST(SettingsFormCompute, DropsALackingLabelThatIsDeselected) {
+    SettingsCase given;
+    given.macro.SetRejectEventsList({"Movement", "bad"});
+    const OpenForm form(given);
+    form.user.SelectsRows("lvReject", {"bad"});
+    form.user.Clicks("BitBtnCompute");
+    EXPECT_THAT(given.macro.GetRejectEventsList(), ElementsAre("bad"));
+}
+
 TEST(SettingsFormCompute, StoresTheIntervalsOfTheChoice) {
     const struct {
         const char* button;
@@ -304,15 +324,6 @@ TEST(SettingsFormCompute, StoresAnEmptySetWhenNoEventIsSelected) {
     EXPECT_THAT(given.macro.GetAcceptStateList(), IsEmpty());
     EXPECT_THAT(given.macro.GetAcceptSpotList(), IsEmpty());
     EXPECT_THAT(given.macro.GetRejectEventsList(), IsEmpty());
-}
-
-TEST(SettingsFormCompute, DropsLabelsThatHaveNoRow) {
-    SettingsCase given;
-    given.macro.SetAcceptStateList({"Awake", "from another recording"});
-    given.macro.SetRejectEventsList({"bad", "Spike"});
-    OpenForm(given).user.Clicks("BitBtnCompute");
-    EXPECT_THAT(given.macro.GetAcceptStateList(), ElementsAre("Awake"));
-    EXPECT_THAT(given.macro.GetRejectEventsList(), ElementsAre("bad"));
 }
 
 TEST(SettingsFormCompute, KeepsLabelsByteByByte) {

@@ -24,7 +24,7 @@ bool SameFile(const std::string& a, const std::string& b) {
 
 } // namespace
 
-void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs) {
+void CheckConflicts(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs) {
     for (std::size_t i = 0; i < outputs.size(); ++i) {
         const std::string& target = outputs[i].target;
         if (target.empty()) {
@@ -41,6 +41,15 @@ void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<st
                 throw UsageError(target + ": is named by " + outputs[j].option + " and by " +
                                  outputs[i].option + " (give each its own name)");
             }
+        }
+    }
+}
+
+void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs) {
+    CheckConflicts(outputs, inputs);
+    for (const OutputOption& output : outputs) {
+        if (!output.target.empty() && output.target != "-") {
+            CheckWritable(output.target);
         }
     }
 }

@@ -16,6 +16,9 @@ struct OutputOption {
 };
 
 /// Refuses outputs that would replace one of the inputs or each other. \throws UsageError
+void CheckConflicts(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs);
+
+/// The same, and refuses files that could not be written. \throws also as CheckWritable
 void CheckOutputs(const std::vector<OutputOption>& outputs, const std::vector<std::string>& inputs);
 
 /// Refuses a file that could not be written, before it is worked for. Leaves no trace.

@@ -62,6 +62,19 @@ TEST(ReportList, OrdersRowsByCaptionIgnoringCase) {
     EXPECT_FALSE(list.header()->isSortIndicatorShown());
 }
 
+TEST(ReportList, KeepsRowsBehindTheOthersThatArePutLast) {
+    ReportList list;
+    list.SetColumns(kColumns);
+    for (const char* caption : {"b", "D", "a", "c"}) {
+        QTreeWidgetItem* row = list.AddRow({caption});
+        if (*caption == 'a' || *caption == 'b') {
+            list.PutLast(row);
+        }
+    }
+    list.SortByCaption();
+    EXPECT_EQ(Captions(list), QStringList({"c", "D", "a", "b"}));
+}
+
 TEST(ReportList, CarriesDataWithItsRows) {
     const int first = 1;
     const int second = 2;

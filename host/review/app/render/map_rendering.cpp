@@ -99,10 +99,9 @@ MapsPage MapsPageFor(const MapsPage& page, SPECT::Entity::Type entity, bool cart
 MapRendering::MapRendering(const PictureRequest& request, const MapsPage& page, bool cartoon)
     : request_(request), run_(Checked(request.analysis)),
       page_(MapsPageFor(page, run_.Manager().GetMeasEntity(), cartoon)) {
-    cli::CheckOutputs({{"--out", request.out}}, run_.Inputs({request.macro}));
-    if (!cartoon) {
-        cli::CheckWritable(request.out);
-    }
+    // A cartoon may be a folder of frames.
+    (cartoon ? cli::CheckConflicts : cli::CheckOutputs)({{"--out", request.out}},
+                                                        run_.Inputs({request.macro}));
     RequirePlaces(request.analysis.file, run_.Recording());
     spectral::ComputeOptions options = request.analysis.Options();
     options.store_epochs = cartoon;

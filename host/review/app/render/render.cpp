@@ -31,7 +31,6 @@ Rendering::Rendering(const RenderRequest& request)
            [&](const EEGFileInfoType& recording) { return DefaultMontage(request, recording); }),
       page_(PageFor(request, run_.Recording())) {
     cli::CheckOutputs({{"--out", request.out}}, run_.Inputs({request.macro, request.secondary}));
-    cli::CheckWritable(request.out);
     Compute();
 }
 

@@ -92,9 +92,18 @@ class Usage(CommandLineTest):
         path.touch()
         self.assert_refused(self.orvanta("info", path), r"empty\.edf: .*empty.* \(.+\)$")
 
-    def test_an_unwritable_output_is_refused(self):
-        result = self.orvanta("compute", self.demo, "--json", self.folder / "no" / "such" / "out.json")
-        self.assert_refused(result, r"^orvanta: .+out\.json: .+ \(.+\)$")
+    def test_an_unwritable_output_is_refused_before_anything_is_computed(self):
+        out = self.folder / "no" / "such" / "out.json"
+        one = self.macro("one.smx", "contrast=1", "mode=states", "states=nothing of that name")
+        for arguments in (
+            ("compute", self.demo, "--macro", one, "--json", out),
+            ("compare", self.demo, "--main", one, "--secondary", one, "--csv", out),
+            ("regress", self.demo, "--macro", one, one, "--out", out),
+            ("export", self.demo, "--macro", one, "--out", out),
+        ):
+            with self.subTest(command=arguments[0]):
+                # These settings could not be computed either.
+                self.assert_refused(self.orvanta(*arguments), r"^orvanta: .+out\.json: .+ \(.+\)$")
 
 
 class Outputs(CommandLineTest):

@@ -7,6 +7,7 @@
 #include "host/spectral_data/results/errors.h"
 #include "tests/support/edf_file.h"
 #include "tests/support/qt/recording_dc.h"
+#include "tests/support/refusal.h"
 #include "tests/support/temp_folder.h"
 
 #include <QColor>
@@ -93,12 +94,7 @@ protected:
     }
     template <typename Failure>
     std::string Refusal() {
-        try {
-            const MapRendering rendering(request, page, false);
-            return "not refused";
-        } catch (const Failure& failure) {
-            return failure.what();
-        }
+        return orvanta::test::RefusalOf<Failure>([this] { MapRendering(request, page, false); });
     }
 
     orvanta::test::TempFolder folder;

@@ -6,6 +6,7 @@
 #include "host/review/cli/exit_status.h"
 #include "host/spectral_data/results/errors.h"
 #include "tests/support/qt/recording_dc.h"
+#include "tests/support/refusal.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -52,12 +53,7 @@ protected:
     }
     template <typename Failure>
     std::string Refusal() {
-        try {
-            const Rendering rendering(request);
-            return "not refused";
-        } catch (const Failure& failure) {
-            return failure.what();
-        }
+        return orvanta::test::RefusalOf<Failure>([this] { const Rendering rendering(request); });
     }
 
     orvanta::test::TempFolder folder;
