@@ -50,6 +50,7 @@ void Workbench::NewAnalysis() {
     }
     views_->Refresh(kAnalysisViews);
     views_->FocusAnalysis();
+    ShowState();
 }
 
 void Workbench::Recompute() {
@@ -59,6 +60,7 @@ void Workbench::Recompute() {
             OpenWantedViews();
         }
         views_->Refresh(kAnalysisViews);
+        ShowState();
     }
 }
 
