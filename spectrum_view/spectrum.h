@@ -145,7 +145,7 @@ public:
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 
 protected:
-    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+    static const owl::TResponseTable __entries; // NOLINT(clang-diagnostic-reserved-identifier): the family's
 
     void SetupWindow() override;
     void CreateGadgets() override;

@@ -63,7 +63,7 @@ public:
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 
 protected:
-    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+    static const owl::TResponseTable __entries; // NOLINT(clang-diagnostic-reserved-identifier): the family's
 
     /// Makes this the active child, loads the settings, then makes the gadgets. What overrides it calls this
     /// first.

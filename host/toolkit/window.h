@@ -58,7 +58,7 @@ public:
     void setVisible(bool visible) override;
 
 protected:
-    static const TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+    static const TResponseTable __entries; // NOLINT(clang-diagnostic-reserved-identifier): the family's
 
     /// Sets windows up that are in it. What overrides it calls the base.
     virtual void SetupWindow();

@@ -95,7 +95,7 @@ public:
     static constexpr unsigned kElectrodeClicked = 16335;
 
 protected:
-    static const owl::TResponseTable __entries; // NOLINT(bugprone-reserved-identifier): the family's name
+    static const owl::TResponseTable __entries; // NOLINT(clang-diagnostic-reserved-identifier): the family's
 
     void SetupWindow() override;
 
