@@ -38,6 +38,12 @@ std::vector<double> ValuesOf(const SpectrumSingle* spectrum) {
     return values;
 }
 
+/// As for a bad electrode. Values that were never computed are another matter, told for the whole page.
+bool IsNotComputable(const SpectrumSingle& spectrum) {
+    const std::vector<double> values = ValuesOf(&spectrum);
+    return !values.empty() && std::ranges::none_of(values, [](double value) { return std::isfinite(value); });
+}
+
 /// Searches the shown bins of both spectra of a trace.
 class TraceSearch {
 public:
@@ -132,6 +138,7 @@ std::vector<SlotFrame> FramesOf(const PlotSources& sources, std::span<const Trac
         if (spectrum != nullptr) {
             frame.label = TraceLabel(spectrum->GetName(), unit);
             frame.vertical = ranges[i];
+            frame.notice = IsNotComputable(*spectrum) ? "n/a" : "";
         }
         frames.push_back(std::move(frame));
     }

@@ -75,6 +75,15 @@ TEST_F(MeanPlots, ASlotWithoutASpectrumHasNoCurveLabelOrRange) {
     EXPECT_FALSE(Plots(4)[1].frame.vertical.IsDrawable());
 }
 
+TEST_F(MeanPlots, ATraceOfABadElectrodeKeepsItsNameAndSaysThatItHasNoNumbers) {
+    EXPECT_EQ(Plots()[0].frame.notice, "");
+    test::SensorOf(*recording, "Cz")->SetBad(true); // of B and C, not of A
+    main->Compute(nullptr);
+    EXPECT_EQ(Plots()[0].frame.notice, "");
+    EXPECT_EQ(Plots()[1].frame.notice, "n/a");
+    EXPECT_EQ(Plots()[1].frame.label, "B (µV²/Hz) ");
+}
+
 TEST_F(MeanPlots, TheRangeIsThatOfTheTraceOrOfThePage) {
     EXPECT_EQ(Plots()[0].frame.vertical.max, Largest({0}));
     EXPECT_EQ(Plots()[1].frame.vertical.max, Largest({1}));
