@@ -1,10 +1,86 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/description.h"
 
+#include "host/toolkit/form_texts.h"
+#include "host/toolkit/message_module.h"
+
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTextCursor>
 
+#include <algorithm>
+#include <iterator>
+
 namespace orvanta::side_bar {
+
+namespace {
+
+/// A word of descriptions, which come in English; "%s" stands for a number.
+struct Word {
+    const char* key;
+    const char* english;
+};
+
+constexpr Word kWords[] = {
+    Word{"fftWindow", "FFT window"},
+    Word{"overlap", "Overlap"},
+    Word{"windowing", "Windowing"},
+    Word{"interval", "Interval"},
+    Word{"allRecording", "All recording"},
+    Word{"byDuration", "By duration"},
+    Word{"byStates", "By state events"},
+    Word{"bySpots", "By spot events"},
+    Word{"duration", "Duration"},
+    Word{"states", "State events"},
+    Word{"spots", "Spot events"},
+    Word{"preTrigger", "Pre-trigger"},
+    Word{"segment", "Segment duration"},
+    Word{"steps", "Steps"},
+    Word{"exclude", "Events to exclude"},
+    Word{"none", "None"},
+    Word{"epochs", "Epochs"},
+    Word{"all", "All"},
+    Word{"first", "First %s"},
+    Word{"random", "Random %s in time order"},
+    Word{"contrast", "Contrast value"},
+    Word{"name", "Name"},
+    Word{"montage", "Montage"},
+    Word{"rate", "Rate"},
+    Word{"samples", "FFT samples"},
+    Word{"resolution", "Resolution"},
+    Word{"used", "Epochs used"},
+    Word{"computed", "Computed"},
+    Word{"yes", "yes"},
+    Word{"no", "no"},
+};
+
+/// In the user's language where it is one of the words.
+QString Translated(const QString& english) {
+    const auto* word = std::find_if(std::begin(kWords), std::end(kWords),
+                                    [&english](const Word& known) { return english == known.english; });
+    return word == std::end(kWords)
+               ? english
+               : QString::fromStdString(
+                     owl::TextOr(PModule::Named("Orvanta"), "DESCRIPTION", word->key, word->english));
+}
+
+/// What stands behind a name. Names of files, montages and events are the user's own words.
+QString TranslatedValue(const QString& name, const QString& value) {
+    static const QStringList kOwnWords{"Name", "Montage", "Windowing"};
+    static const QStringList kLabels{"State events", "Spot events", "Events to exclude"};
+    if (kOwnWords.contains(name) || (kLabels.contains(name) && value != "None")) {
+        return value;
+    }
+    static const QRegularExpression digits("\\d+");
+    const QString number = digits.match(value).captured();
+    QString pattern = value;
+    if (!number.isEmpty()) {
+        pattern.replace(pattern.indexOf(number), number.size(), "%s");
+    }
+    return Translated(pattern).replace("%s", number);
+}
+
+} // namespace
 
 void ShowDescription(QPlainTextEdit& memo, const std::string& text) {
     memo.clear();
@@ -12,12 +88,17 @@ void ShowDescription(QPlainTextEdit& memo, const std::string& text) {
     QTextCharFormat names;
     names.setFontWeight(QFont::DemiBold);
     for (const QString& line : QString::fromStdString(text).split('\n')) {
-        const qsizetype value = line.indexOf(": ") + 1; // 0 where there is no name
         if (!cursor.atStart()) {
             cursor.insertBlock();
         }
-        cursor.insertText(line.first(value), names);
-        cursor.insertText(line.sliced(value), QTextCharFormat());
+        const qsizetype colon = line.indexOf(": "); // -1 where there is no name
+        if (colon < 0) {
+            cursor.insertText(line, QTextCharFormat());
+            continue;
+        }
+        const QString name = line.first(colon);
+        cursor.insertText(Translated(name) + ':', names);
+        cursor.insertText(' ' + TranslatedValue(name, line.sliced(colon + 2)), QTextCharFormat());
     }
     memo.moveCursor(QTextCursor::Start);
     memo.setCurrentCharFormat(QTextCharFormat()); // of the text that replaces this one

@@ -11,6 +11,7 @@
 #include "side_bar/texts.h"
 #include "spectra_contract/bci_regression.h"
 #include "spectra_contract/module_entry.h"
+#include "spectra_contract/platform.h"
 #include "spectra_contract/spectra_mgr.h"
 #include "ui_regression_panel.h"
 
@@ -37,6 +38,7 @@ constexpr int kColumnWidths[] = {88, 45, 40, 30};
 constexpr int kNoObservations = -10;
 constexpr int kNoY = -20;
 constexpr int kNoX = -30;
+constexpr int kCancelled = -60;
 
 void AddRow(AnalysisList& list, SpectMacroResult& analysis, bool selected) {
     QTreeWidgetItem* row =
@@ -46,6 +48,10 @@ void AddRow(AnalysisList& list, SpectMacroResult& analysis, bool selected) {
         list.Widget().setCurrentItem(row, 0, QItemSelectionModel::NoUpdate);
         list.Widget().SelectRow(row);
     }
+}
+
+std::string BCIText(const char* key, const char* builtIn) {
+    return owl::TextOr(PModule::Named("Orvanta"), "TFormListenerSpectraBCI", key, builtIn);
 }
 
 std::vector<const SpectMacroResult*> SelectedOf(const AnalysisList& list) {
@@ -195,9 +201,8 @@ std::list<SpectMacroResult*> TFormListenerSpectraBCI::AnalysesFor(SpectMacroResu
 }
 
 void TFormListenerSpectraBCI::ShowCode(const char* key, const char* builtIn) {
-    owl::CurrentModalGateway().ShowMessage(
-        GetHandle(), owl::TextOr(PModule::Named("Orvanta"), "TFormListenerSpectraBCI", key, builtIn),
-        MacroText("ERROR", "Error"), owl::kMbIconExclamation);
+    owl::CurrentModalGateway().ShowMessage(GetHandle(), BCIText(key, builtIn), MacroText("ERROR", "Error"),
+                                           owl::kMbIconExclamation);
 }
 
 void TFormListenerSpectraBCI::BtnRegressionClick() {
@@ -209,10 +214,19 @@ void TFormListenerSpectraBCI::BtnRegressionClick() {
     const std::set<const SensorType*> sensors = GetBCISensors(*main);
     std::list<BCIReg> results;
     int code = 0;
+    const QPointer<TFormListenerSpectraBCI> panel = this;
     {
         const owl::WaitCursor wait;
+        std::unique_ptr<GenericProgress> progress;
+        if (platform_ != nullptr) {
+            const std::string text = BCIText("Computing", "Computing the regressions");
+            progress.reset(platform_->CreateProgress(text.c_str(), MSWindow(GetHandle())));
+        }
         code = manager_->ComputeBCIRegression(analyses, results, sensors, ui_->udLowFreq->value(),
-                                              ui_->udHighFreq->value());
+                                              ui_->udHighFreq->value(), progress.get());
+    }
+    if (panel.isNull() || code == kCancelled) {
+        return;
     }
     switch (code) {
     case 0: {

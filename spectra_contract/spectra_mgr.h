@@ -100,10 +100,11 @@ public:
                       GenericProgress* progress);
     /// Least-squares regression of the analyses' contrast values on log10 power of their epochs, per sensor
     /// and bin with low <= f <= high (Hz). 0, or -10 no observations, -20 no contrast values that differ, -30
-    /// no sensor or bin, -40 low above high, -50 epochs that cannot be read again. \p results stays empty
-    /// unless 0.
+    /// no sensor or bin, -40 low above high, -50 epochs that cannot be read again, -60 cancelled. \p results
+    /// stays empty unless 0. \param progress may be null
     int ComputeBCIRegression(const std::list<SpectMacroResult*>& analyses, std::list<BCIReg>& results,
-                             const std::set<const SensorType*>& sensors, int low, int high) const;
+                             const std::set<const SensorType*>& sensors, int low, int high,
+                             GenericProgress* progress = nullptr) const;
 
 private:
     struct Impl;

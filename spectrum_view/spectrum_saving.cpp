@@ -27,7 +27,7 @@ std::string Spectrum::SaveSpectraFile() {
     question.name = SuggestedFileName(*main, *recording_);
     const std::optional<std::string> chosen = user.AskFileToSave(GetHandle(), question);
     SpectralComments comments;
-    if (!chosen || SpectralCommentsDlg(this, &comments).Execute() != owl::kIdOk) {
+    if (!chosen || SpectralCommentsDlg(this, &comments, GW().GetPlatform()).Execute() != owl::kIdOk) {
         return {};
     }
     main = manager_->GetMain(); // the analysis may have been removed meanwhile

@@ -23,9 +23,10 @@ constexpr int kFields = 3; // protocols, and codes
 
 } // namespace
 
-SpectralCommentsDlg::SpectralCommentsDlg(owl::TWindow* parent, SpectralComments* comments)
+SpectralCommentsDlg::SpectralCommentsDlg(owl::TWindow* parent, SpectralComments* comments,
+                                         const GenericPlatform* platform)
     : PDialog(HWND(parent), kNumber, PModule::Named("Orvanta")), comments_(comments),
-      file_(CommentsHistoryFile()) {}
+      files_(CommentsHistoryFiles(platform)) {}
 
 SpectralCommentsDlg::~SpectralCommentsDlg() = default;
 
@@ -36,7 +37,7 @@ QComboBox* SpectralCommentsDlg::Protocol(std::size_t index) const {
 void SpectralCommentsDlg::SetupWindow() {
     PDialog::SetupWindow();
     LimitTexts();
-    if (owl::CurrentServices().files->Access(file_, owl::FileAccess::kExists) == 0) {
+    if (owl::CurrentServices().files->Access(files_.read, owl::FileAccess::kExists) == 0) {
         ShowHistory();
     }
 }
@@ -65,7 +66,7 @@ void SpectralCommentsDlg::LimitTexts() {
 }
 
 void SpectralCommentsDlg::ShowHistory() {
-    loaded_ = LoadHistory(file_);
+    loaded_ = LoadHistory(files_.read);
     for (std::size_t i = 0; i < loaded_.size(); ++i) {
         if (QComboBox* protocol = Protocol(i)) {
             for (const std::string& name : loaded_[i].names) {
@@ -106,5 +107,5 @@ void SpectralCommentsDlg::Destroy(int retValue) {
     *comments_ = {Text(kFirstProtocol), Text(kFirstProtocol + 1), Text(kFirstProtocol + 2),
                   Text(kFirstCode),     Text(kFirstCode + 1),     Text(kFirstCode + 2),
                   Text(kComment)};
-    SaveHistory(file_, ShownHistory(), loaded_);
+    SaveHistory(files_.saved, ShownHistory(), loaded_);
 }

@@ -23,7 +23,9 @@ public:
 
     /// \param parent may be null
     /// \param comments must outlive the dialog
-    SpectralCommentsDlg(owl::TWindow* parent, SpectralComments* comments);
+    /// \param platform knows where names go that cannot be saved beside the program; may be null
+    SpectralCommentsDlg(owl::TWindow* parent, SpectralComments* comments,
+                        const GenericPlatform* platform = nullptr);
     ~SpectralCommentsDlg() override;
 
     void Destroy(int retValue) override;
@@ -40,6 +42,6 @@ private:
     orvanta::spectrum_view::CommentsHistory ShownHistory() const;
 
     SpectralComments* comments_;
-    std::string file_;
+    orvanta::spectrum_view::HistoryFiles files_;
     orvanta::spectrum_view::CommentsHistory loaded_;
 };

@@ -3,12 +3,14 @@
 
 #include "host/toolkit/services.h"
 #include "spectra_contract/file_path.h"
+#include "spectra_contract/platform.h"
 
 #include <QFile>
 #include <QLockFile>
 #include <QSaveFile>
 
 #include <algorithm>
+#include <filesystem>
 #include <pugixml.hpp>
 #include <set>
 #include <sstream>
@@ -46,11 +48,19 @@ bool Contains(const std::vector<std::string>& names, const std::string& name) {
 
 } // namespace
 
-std::string CommentsHistoryFile() {
-    FilePath file(owl::CurrentServices().files->ProgramFile());
-    file.SetFile("spectra");
-    file.SetExt(".xml");
-    return file.GetFullPath();
+HistoryFiles CommentsHistoryFiles(const GenericPlatform* platform) {
+    const owl::FileAccess& files = *owl::CurrentServices().files;
+    FilePath path(files.ProgramFile());
+    path.SetFile("spectra");
+    path.SetExt(".xml");
+    const std::string installed = path.GetFullPath();
+    const std::string folder = std::filesystem::path(installed).parent_path();
+    if (platform == nullptr || files.Access(folder, owl::FileAccess::kWritable) == 0) {
+        return {installed, installed};
+    }
+    const std::string own = platform->GetAppFolder("PROTOCOLS") + "spectra.xml";
+    const bool saved = files.Access(own, owl::FileAccess::kExists) == 0;
+    return {saved ? own : installed, own};
 }
 
 CommentsHistory ParseHistory(std::string_view xml) {

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+class GenericPlatform;
+
 namespace orvanta::spectrum_view {
 
 /// What one box for a protocol name remembers.
@@ -21,8 +23,18 @@ struct ProtocolHistory {
 /// Of the protocols 1, 2 and 3.
 using CommentsHistory = std::array<ProtocolHistory, 3>;
 
-/// The file of the history: "spectra.xml" beside the running program.
-std::string CommentsHistoryFile();
+/// Where the history lies.
+struct HistoryFiles {
+    std::string read;
+    std::string saved;
+
+    bool operator==(const HistoryFiles&) const = default;
+};
+
+/// "spectra.xml" beside the running program. Where its folder cannot be written, as after an installation for
+/// all users, names are saved in a folder of the user, and read there once they have been.
+/// \param platform knows the user's folder; without it all is beside the program
+HistoryFiles CommentsHistoryFiles(const GenericPlatform* platform);
 
 /// Names in the order of the file, an item without a label left out. What is missing or damaged gives
 /// nothing.

@@ -521,6 +521,27 @@ TEST_F(RegressionPanel, ShowsAWaitCursorUntilTheResultsAreThere) {
     EXPECT_EQ(cursors.Log().size(), 2u);
 }
 
+TEST_F(RegressionPanel, ShowsItsProgress) {
+    Add(1);
+    Add(3);
+    Open();
+    Hand().SelectsRow("lvSecondaryList", 0);
+    Computes([](TFormBCIResults& /*form*/) {});
+    EXPECT_EQ(gui.Progresses(), std::vector<std::string>{"Computing the regressions"});
+    EXPECT_EQ(gui.Positions().back(), 1.0);
+}
+
+TEST_F(RegressionPanel, SaysNothingWhenTheUserCancels) {
+    Add(1);
+    Add(3);
+    Open();
+    Hand().SelectsRow("lvSecondaryList", 0);
+    gui.Cancelled = true;
+    Hand().Clicks("BtnRegression");
+    EXPECT_EQ(gui.Progresses().size(), 1U);
+    EXPECT_TRUE(user.Messages().empty());
+}
+
 TEST_F(RegressionPanel, ProcessesTheMainAnalysisAgain) {
     SpectMacroResult* main = Add(1);
     main->ResetData();

@@ -3,13 +3,13 @@
 // with the real settings file and the real reader.
 #include "host/platform/host_platform.h"
 #include "host/review/cli/demo_recording.h"
-#include "host/signal_base/recording.h"
 #include "side_bar/macro_selection_form.h"
 #include "spectral_maps/dialogs/map_dialog.h"
 #include "tests/spectral_maps/map_fixture.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
+#include "tests/support/qt/session_application.h"
 #include "tests/support/temp_folder.h"
 
 #include <QCheckBox>
@@ -25,61 +25,15 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// The main window over the real platform.
-class MainWindow final : public GlobalWindow {
-public:
-    explicit MainWindow(GenericPlatform& platform) : platform_(platform) {}
-    GenericPlatform* GetPlatform() const override { return &platform_; }
-    std::string GetErrorStr() const override { return "Error"; }
-    bool IsQuiet() const override { return false; }
-    void SetMessageText(const std::string& /*text*/) override {}
-    SideBarManager& GetSideBar() override { return sideBar_; }
-    void PointAtChannel(const std::string& name) override { pointedAt = name; }
-
-    std::string pointedAt;
-
-private:
-    GenericPlatform& platform_;
-    FakeSideBar sideBar_;
-};
-
 /// The application with one recording and its maps view, on the screen.
-class Application {
+class Application : public SessionApplication<SpectMap> {
 public:
     explicit Application(const TempFolder& folder)
-        : platform(gui, folder.Path("settings.ini"), folder.Path("data")),
-          recording(signal::OpenRecording(folder.Path("demo.edf"))), window(platform),
-          manager(recording.get(), &gui), view(std::make_unique<SpectMap>(window, recording.get(), &manager,
-                                                                          true, ElectrodesOf(*recording))) {}
-    ~Application() {
-        window.Destroy();
-        view.reset();
+        : SessionApplication(folder.Path("demo.edf"), folder.Path("")) {
+        view = std::make_unique<SpectMap>(window, recording.get(), &manager, true, ElectrodesOf(*recording));
     }
-    Application(const Application&) = delete;
-    Application& operator=(const Application&) = delete;
 
-    void Show() {
-        window.resize(1000, 600);
-        view->Panes().resize(1000, 600);
-        window.show();
-        view->Panes().show();
-        window.activateWindow();
-        view->SetFocus();
-        RunQueue();
-    }
-    static void RunQueue() {
-        QApplication::processEvents();
-        QApplication::processEvents();
-    }
-    /// The user opens the menu and chooses an item.
-    void Choose(unsigned command) {
-        view->GetMenu().aboutToShow();
-        QAction* item = view->GetMenu().Item(command);
-        ASSERT_NE(item, nullptr) << command;
-        ASSERT_TRUE(item->isEnabled()) << command;
-        item->trigger();
-        RunQueue();
-    }
+    void Show() { SessionApplication::Show(1000, 600); }
     void DoubleClick(std::size_t map) {
         TMapWindow& target = *view->GetMap(map);
         const QPoint place(3, 3);
@@ -87,13 +41,6 @@ public:
         RunQueue();
     }
     std::string TitleOf(std::size_t map) const { return view->GetMap(map)->GetTitle(); }
-
-    RecordingGui gui;
-    platform::HostPlatform platform;
-    std::unique_ptr<EEGFileInfoType> recording;
-    MainWindow window;
-    SpectraMgr manager;
-    std::unique_ptr<SpectMap> view;
 };
 
 class MapsSession : public testing::Test {

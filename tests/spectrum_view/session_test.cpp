@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A user's whole day with the spectrum view, from the file of the recording to the files that are saved: with
 // the real settings file, the real reader and the system's processes.
-#include "host/platform/host_platform.h"
-#include "host/signal_base/recording.h"
 #include "host/toolkit/menu_templates.h"
 #include "resources/dialogs/dialog_templates.h"
 #include "resources/menus/spectrum_menu.h"
 #include "side_bar/macro_selection_form.h"
 #include "side_bar/spectrum_macro_form.h"
-#include "spectra_contract/spectra_mgr.h"
 #include "spectrum_view/command_ids.h"
 #include "spectrum_view/dialogs/band_dialog.h"
 #include "spectrum_view/dialogs/comments_dialog.h"
@@ -16,10 +13,10 @@
 #include "spectrum_view/spectrum.h"
 #include "tests/support/edf_file.h"
 #include "tests/support/globals_guard.h"
-#include "tests/support/qt/fake_global_window.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
+#include "tests/support/qt/session_application.h"
 #include "tests/support/temp_folder.h"
 
 #include <QApplication>
@@ -75,60 +72,22 @@ test::EdfFile Night() {
     return file;
 }
 
-/// The main window over the real platform.
-class MainWindow final : public GlobalWindow {
-public:
-    explicit MainWindow(GenericPlatform& platform) : platform_(platform) {}
-    GenericPlatform* GetPlatform() const override { return &platform_; }
-    std::string GetErrorStr() const override { return "Error"; }
-    bool IsQuiet() const override { return false; }
-    void SetMessageText(const std::string& /*text*/) override {}
-    SideBarManager& GetSideBar() override { return sideBar_; }
-
-private:
-    GenericPlatform& platform_;
-    test::FakeSideBar sideBar_;
-};
-
 /// The application with one recording and its spectrum view, on the screen.
-class Application {
+class Application : public test::SessionApplication<Spectrum> {
 public:
-    Application(const std::string& recordingFile, const std::string& settingsFile)
-        : platform(gui, settingsFile, std::filesystem::path(settingsFile).parent_path() / "data"),
-          recording(signal::OpenRecording(recordingFile)), window(platform), manager(recording.get(), &gui) {
+    explicit Application(const test::TempFolder& folder)
+        : SessionApplication(folder.Path("night.edf"), folder.Path("")) {
         SPECT::GetGlobals().LoadInfo(&platform);
         view = std::make_unique<Spectrum>(window, recording.get(), &manager, false);
     }
     ~Application() {
-        window.Destroy();
-        view.reset();
+        Close();
         SPECT::GetGlobals().SaveInfo(&platform);
     }
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
-    /// Shows the view and gives it the focus.
-    void Show() {
-        window.resize(800, 600);
-        view->Panes().resize(800, 600);
-        window.show();
-        view->Panes().show();
-        window.activateWindow();
-        view->SetFocus();
-        RunQueue();
-    }
-    static void RunQueue() {
-        QApplication::processEvents();
-        QApplication::processEvents();
-    }
-    /// The user opens the menu and chooses an item.
-    void Choose(unsigned command) {
-        QAction* item = OpenMenu().Item(command);
-        ASSERT_NE(item, nullptr) << command;
-        ASSERT_TRUE(item->isEnabled()) << command;
-        item->trigger();
-        RunQueue();
-    }
+    void Show() { SessionApplication::Show(800, 600); }
     bool IsChecked(unsigned command) {
         const QAction* item = OpenMenu().Item(command);
         return item != nullptr && item->isChecked();
@@ -165,19 +124,6 @@ public:
         }
         return names;
     }
-
-    test::RecordingGui gui;
-    platform::HostPlatform platform;
-    std::unique_ptr<EEGFileInfoType> recording;
-    MainWindow window;
-    SpectraMgr manager;
-    std::unique_ptr<Spectrum> view;
-
-private:
-    owl::TMenu& OpenMenu() {
-        view->GetMenu().aboutToShow();
-        return view->GetMenu();
-    }
 };
 
 void TypeInto(const owl::TDialog& dialog, int control, const QString& text) {
@@ -211,7 +157,7 @@ protected:
     void Start() {
         SPECT::GetGlobals() = SPECT::Globals();
         Display() = {};
-        app = std::make_unique<Application>(folder.Path("night.edf"), folder.Path("settings.ini"));
+        app = std::make_unique<Application>(folder);
     }
     /// Opens the view, which asks for an analysis and gets one with the settings of the form.
     void OpenWithNewAnalysis() {

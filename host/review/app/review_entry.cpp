@@ -31,8 +31,8 @@ int Serve(const EditMacroRequest& request) {
     const ModuleLibrary module(LibraryFolder());
     SupplyHostStrings(PModule::Named("Orvanta"));
     if (request.file.empty()) {
-        InstallStarterMacros(platform::DefaultDataFolder() +
-                             "MACRO/"); // before its folder is made for the list
+        // Before its folder is made for the list.
+        InstallStarterMacros(platform::DefaultDataFolder() + "MACRO/", PModule::Named("Orvanta"));
     }
     const Gui gui;
     const platform::HostPlatform platform(gui);

@@ -44,7 +44,7 @@ void AnalysisArguments::AddTo(CLI::App& command) {
     AddFileTo(command);
     command
         .add_option("--montage", montage,
-                    "A montage of the list in orvanta info, \"Reference NAME\", a montage file, or FILE:NAME")
+                    "A montage by its name in orvanta info, \"Reference NAME\", a montage file, or FILE:NAME")
         ->type_name("NAME");
     command.add_option("--entity", entity, "power (default), amplitude, coherence or phase")
         ->transform(
@@ -55,7 +55,9 @@ void AnalysisArguments::AddTo(CLI::App& command) {
 }
 
 void AnalysisArguments::AddFileTo(CLI::App& command) {
-    command.add_option("FILE", file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")->required();
+    command.add_option("FILE", file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")
+        ->required()
+        ->type_name("");
 }
 
 void AnalysisArguments::AddEffortTo(CLI::App& command) {

@@ -73,7 +73,8 @@ int Compute(const ComputeArguments& arguments) {
 
 void AddCompute(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<ComputeArguments>();
-    CLI::App* command = app.add_subcommand("compute", "Compute the spectra of a recording");
+    CLI::App* command =
+        app.add_subcommand("compute", "Compute the spectra of a recording and measure their bands");
     arguments->AddTo(*command);
     arguments->AddDataTo(*command);
     command->add_option("--macro", arguments->macro, "Settings from a macro file")->type_name("M.smx");

@@ -51,11 +51,15 @@ void WarnOfLabels(const SpectraMacro& macro, const EventsManager& events) {
     const std::set<std::string> spots = LabelsOf(events, EventClass::Spot);
     const auto check = [](const std::set<std::string>& wanted, const std::set<std::string>& there,
                           const std::set<std::string>& others, const char* kind, const char* other) {
+        std::string missing;
         for (const std::string& label : wanted) {
             if (!there.contains(label)) {
-                Warn("the recording has no " + std::string(kind) + " \"" + label + "\"" +
-                     (others.contains(label) ? ", but " + std::string(other) + " of that name" : ""));
+                missing += (missing.empty() ? "\"" : ", \"") + label + "\"" +
+                           (others.contains(label) ? " (but " + std::string(other) + " of that name)" : "");
             }
+        }
+        if (!missing.empty()) {
+            Warn("the recording has no " + std::string(kind) + " " + missing);
         }
     };
     using Mode = SpectraMacro::TimeIntervalSelectMode;

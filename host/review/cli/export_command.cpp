@@ -80,7 +80,8 @@ int Export(const ExportArguments& arguments) {
 
 void AddExport(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<ExportArguments>();
-    CLI::App* command = app.add_subcommand("export", "Export the spectra of single epochs as text");
+    CLI::App* command =
+        app.add_subcommand("export", "Write the spectrum of every epoch as text, for statistics");
     arguments->AddFileTo(*command);
     command
         ->add_option("--macro", arguments->macros, "Settings of an analysis; one file or several, repeatable")

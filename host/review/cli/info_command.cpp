@@ -3,6 +3,7 @@
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
+#include "host/review/cli/own_montages.h"
 #include "host/signal_base/recording.h"
 #include "host/spectral_data/files/number_text.h"
 
@@ -86,6 +87,17 @@ Json GapsToJson(const signal::Timeline& timeline) {
     return gaps;
 }
 
+/// Of the montages that are the user's own, or of the others.
+std::vector<std::string> MontageNames(const EEGFileInfoType& recording, bool own) {
+    std::vector<std::string> names;
+    for (const auto& montage : *recording.GetMontageList()) {
+        if ((montage->GetKind() == MontageType::Kind::User) == own) {
+            names.push_back(montage->GetName());
+        }
+    }
+    return names;
+}
+
 Json ToJson(const EEGFileInfoType& recording) {
     const signal::Recording& opened = *recording.GetRecording();
     Json json;
@@ -113,10 +125,8 @@ Json ToJson(const EEGFileInfoType& recording) {
                                   {"duration_s", event.Interval.GetEndPtr()->Seconds() - onset}});
     }
     json["gaps"] = GapsToJson(opened.Time());
-    json["montages"] = Json::array();
-    for (const auto& montage : *recording.GetMontageList()) {
-        json["montages"].push_back(montage->GetName());
-    }
+    json["montages"] = MontageNames(recording, false);
+    json["own_montages"] = MontageNames(recording, true);
     json["repairs"] = opened.Repairs();
     return json;
 }
@@ -136,7 +146,7 @@ std::string Wrapped(const std::string& head, const std::vector<std::string>& nam
     return text + line + "\n";
 }
 
-std::string ToText(const EEGFileInfoType& recording) {
+std::string ToText(const EEGFileInfoType& recording, const OwnMontages& own) {
     const signal::Recording& opened = *recording.GetRecording();
     const std::string start = StartText(opened.Data());
     std::string text = recording.GetFileNameText() + ": " + opened.Data().format + ", " +
@@ -167,11 +177,13 @@ std::string ToText(const EEGFileInfoType& recording) {
                 Wrapped(Pad(eventClass == EventClass::State ? "State events:" : "Spot events:", 24), names);
         }
     }
-    std::vector<std::string> montages;
-    for (const auto& montage : *recording.GetMontageList()) {
-        montages.push_back(montage->GetName());
+    text += Wrapped(Pad("Montages:", 24), MontageNames(recording, false));
+    if (const auto names = MontageNames(recording, true); !names.empty()) {
+        text += Wrapped(Pad("Your own montages:", 24), names);
     }
-    text += Wrapped(Pad("Montages:", 24), montages);
+    for (const std::string& problem : own.problems) {
+        text += "Montage left out: " + problem + "\n";
+    }
     for (const Json& gap : GapsToJson(opened.Time())) {
         text += "Gap: " + FixedText(gap["begin_s"], 3) + " s to " + FixedText(gap["end_s"], 3) + " s\n";
     }
@@ -183,11 +195,13 @@ std::string ToText(const EEGFileInfoType& recording) {
 
 int Info(const InfoArguments& arguments) {
     const std::unique_ptr<EEGFileInfoType> recording = signal::OpenRecording(arguments.file);
+    const OwnMontages own = LoadOwnMontages();
+    own.OfferTo(*recording);
     if (!arguments.json.empty()) {
         WriteOutput(arguments.json, ToJson(*recording).dump(1) + "\n");
     }
     if (arguments.json != "-") {
-        WriteOutput("-", ToText(*recording));
+        WriteOutput("-", ToText(*recording, own));
     }
     return kDone;
 }
@@ -197,7 +211,9 @@ int Info(const InfoArguments& arguments) {
 void AddInfo(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<InfoArguments>();
     CLI::App* command = app.add_subcommand("info", "Tell what a recording holds");
-    command->add_option("FILE", arguments->file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")->required();
+    command->add_option("FILE", arguments->file, "Recording: EDF, EDF+, BDF, BDF+, BrainVision")
+        ->required()
+        ->type_name("");
     command->add_option("--json", arguments->json, "Write it as JSON; - for standard output")
         ->type_name("OUT");
     command->callback([&run, arguments] { run = [arguments] { return Info(*arguments); }; });

@@ -80,7 +80,10 @@ void AddMacro(CLI::App& app, Command& run) {
     const auto add = [&](const char* name, const char* what, int (*action)(const MacroArguments&)) {
         auto arguments = std::make_shared<MacroArguments>();
         CLI::App* sub = command->add_subcommand(name, what);
-        sub->add_option("FILE", arguments->file, "Macro file (.smx)")->required()->check(IsNotEmpty());
+        sub->add_option("FILE", arguments->file, "Macro file (.smx)")
+            ->required()
+            ->type_name("")
+            ->check(IsNotEmpty());
         sub->add_option("--set", arguments->assignments, "KEY=VALUE, repeatable; lists are comma-separated")
             ->type_name("KEY=VALUE")
             ->allow_extra_args(false);

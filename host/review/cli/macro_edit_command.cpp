@@ -14,7 +14,7 @@ void AddMacroEdit(CLI::App& macro, Command& run) {
     auto request = std::make_shared<review::EditMacroRequest>();
     CLI::App* command = macro.add_subcommand(
         "edit", "Edit a macro file, or without one choose, make, edit and erase those of your folder");
-    command->add_option("FILE", request->file, "Macro file (.smx)")->check(IsNotEmpty());
+    command->add_option("FILE", request->file, "Macro file (.smx)")->type_name("")->check(IsNotEmpty());
     command
         ->add_option("--recording", request->recording,
                      "Offer the events of this recording and reckon with its rate")

@@ -151,20 +151,4 @@ std::string KeyToText(const SpectraMacro& macro, std::string_view key) {
     return std::string(key) + "=" + ValueText(*field, macro);
 }
 
-std::string KeyHelp() {
-    std::string text = "KEYs with their defaults:";
-    std::string line;
-    for (const std::string& assignment : KeysToText(SpectraMacro())) {
-        if (line.empty() || line.size() + assignment.size() > 90) {
-            text += line + "\n ";
-            line.clear();
-        }
-        line += " " + assignment;
-    }
-    return text + line +
-           "\nLists are comma-separated (\"\\,\" for a comma in a label). mode: all, duration, states, "
-           "spots. "
-           "epochs_mode: all, first, random.";
-}
-
 } // namespace orvanta::cli

@@ -25,7 +25,7 @@ std::vector<std::string> KeysToText(const SpectraMacro& macro);
 /// "KEY=VALUE" of one key, which must exist.
 std::string KeyToText(const SpectraMacro& macro, std::string_view key);
 
-/// The keys with their defaults and what lists and modes look like, for help texts.
+/// Every key with its default and what it sets, and what lists look like, for help texts.
 std::string KeyHelp();
 
 } // namespace orvanta::cli

@@ -2,15 +2,21 @@
 #include "host/platform/interrupts.h"
 #include "host/review/cli/commands.h"
 #include "host/review/cli/exit_status.h"
+#include "host/review/cli/help_format.h"
 #include "host/review/cli/watch.h"
 #include "host/signal_base/recording_error.h"
 #include "host/spectral_data/results/errors.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -21,17 +27,31 @@ int Fail(int status, const char* reason) {
     return status;
 }
 
+/// Whether the arguments begin with a file where a command is expected. \throws UsageError for neither
+bool OpensFile(const CLI::App& app, const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments.front().starts_with('-')) {
+        return false;
+    }
+    const std::string& first = arguments.front();
+    if (!app.get_subcommands([&](const CLI::App* command) { return command->get_name() == first; }).empty()) {
+        return false;
+    }
+    std::error_code none;
+    if (!std::filesystem::exists(first, none)) {
+        throw orvanta::cli::UsageError(first + ": no such command, and no such file (see orvanta --help)");
+    }
+    return true;
+}
+
 /// Reads the arguments and runs the command they name.
 int Run(int argc, char** argv) {
     using namespace orvanta::cli;
-    CLI::App app("Spectra of EEG recordings: mean and SD per sensor and channel, band measures, comparisons.",
-                 "orvanta");
+    CLI::App app(
+        "Reviews EEG recordings and analyses their spectra: in a window, or by commands for scripts.",
+        "orvanta");
     app.set_version_flag("--version", kVersion);
     app.require_subcommand(0, 1);
-    app.get_formatter()->column_width(34);
-    app.footer("Without a command the review application opens. orvanta COMMAND --help tells a command's "
-               "options. Exit status: 0 done, 1 nothing computable, "
-               "2 bad usage or a refused file.");
+    app.formatter(std::make_shared<HelpFormat>());
 
     Command run;
     AddInfo(app, run);
@@ -44,9 +64,26 @@ int Run(int argc, char** argv) {
     AddMacro(app, run);
     AddGallery(app, run);
     AddReview(app, run);
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->group("Commands");
+    }
+    // Last, as every command would take it over.
+    app.footer("Without a command the review application opens; orvanta FILE opens a recording in it.\n\n"
+               "To begin with:\n"
+               "  orvanta demo                                a recording to try things out, demo.edf\n"
+               "  orvanta info demo.edf                       its channels, events and montages\n"
+               "  orvanta compute demo.edf                    its spectra\n"
+               "  orvanta render demo.edf --out demo.png      a picture of them\n"
+               "  orvanta compute --help                      every option of a command\n\n"
+               "Exit status: 0 done, 1 nothing computable, 2 bad usage or a refused file, 130 interrupted.");
 
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (OpensFile(app, arguments)) {
+        arguments.insert(arguments.begin(), "review");
+    }
     try {
-        app.parse(argc, argv);
+        std::reverse(arguments.begin(), arguments.end()); // as the parser takes them
+        app.parse(std::move(arguments));
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {

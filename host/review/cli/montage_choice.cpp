@@ -2,6 +2,7 @@
 #include "host/review/cli/montage_choice.h"
 
 #include "host/review/cli/exit_status.h"
+#include "host/review/cli/own_montages.h"
 #include "host/signal_base/recording.h"
 #include "host/signal_base/text.h"
 
@@ -57,39 +58,62 @@ void ChooseFromFile(EEGFileInfoType& recording, const std::string& file, const s
     recording.ChangeMntg(recording.GetMontageList()->Add(std::move(*wanted)), false);
 }
 
-} // namespace
-
-std::string MontageFileOf(const EEGFileInfoType& recording, const std::string& argument) {
-    if (argument.empty() || recording.GetMontageList()->Find(argument) != nullptr) {
-        return {};
+/// One of the recording's list; false when none has the name.
+bool ChooseListed(EEGFileInfoType& recording, const std::string& name) {
+    const MontageList& list = *recording.GetMontageList();
+    const MontageType* found = list.Find(name);
+    for (std::size_t i = 0; found != nullptr && i < list.Size(); ++i) {
+        if (list.Get(i) == found) {
+            recording.ChangeMntg(i, false);
+            return true;
+        }
     }
+    return false;
+}
+
+/// The file in an argument that is FILE or FILE:NAME; empty when it is neither.
+std::string PathIn(const std::string& argument) {
     for (const std::string& file : {argument, argument.substr(0, argument.rfind(':'))}) {
-        if (std::filesystem::exists(file)) {
+        if (std::filesystem::exists(file) && !std::filesystem::is_directory(file)) {
             return file;
         }
     }
     return {};
 }
 
-void ChooseMontage(EEGFileInfoType& recording, const std::string& argument) {
-    MontageList& list = *recording.GetMontageList();
-    if (const MontageType* found = list.Find(argument)) {
-        for (std::size_t i = 0; i < list.Size(); ++i) {
-            if (list.Get(i) == found) {
-                recording.ChangeMntg(i, false);
-                return;
-            }
-        }
+} // namespace
+
+std::string MontageFileOf(const EEGFileInfoType& recording, const std::string& argument) {
+    const MontageType* listed = recording.GetMontageList()->Find(argument);
+    if (argument.empty() || (listed != nullptr && listed->GetKind() != MontageType::Kind::User)) {
+        return {};
     }
-    if (const std::string file = MontageFileOf(recording, argument); !file.empty()) {
+    if (std::string path = PathIn(argument); !path.empty()) {
+        return path;
+    }
+    const OwnMontages own = LoadOwnMontages();
+    const OwnMontage* found = own.Find(argument);
+    return found != nullptr ? found->file : std::string();
+}
+
+void ChooseMontage(EEGFileInfoType& recording, const std::string& argument) {
+    if (ChooseListed(recording, argument)) {
+        return;
+    }
+    if (const std::string file = PathIn(argument); !file.empty()) {
         ChooseFromFile(recording, file, file == argument ? "" : argument.substr(file.size() + 1));
         return;
     }
-    if (ChooseReference(recording, argument)) {
+    const OwnMontages own = LoadOwnMontages();
+    own.OfferTo(recording);
+    if (ChooseListed(recording, argument) || ChooseReference(recording, argument)) {
         return;
     }
+    if (const OwnMontage* found = own.Find(argument)) {
+        Made(*found, recording); // tells why it does not fit
+    }
     std::string names;
-    for (const auto& montage : list) {
+    for (const auto& montage : *recording.GetMontageList()) {
         names += (names.empty() ? "\"" : ", \"") + montage->GetName() + "\"";
     }
     throw UsageError(argument + ": no such montage (one of " + names +

@@ -8,8 +8,9 @@
 
 namespace orvanta::cli {
 
-/// Makes a montage current: one of the recording's list; "Reference NAME" for any electrode; a montage file,
-/// of which the first montage is taken, or "FILE:NAME" for another one. \throws UsageError, RecordingError
+/// Makes a montage current: one of the recording's list; a montage file, of which the first montage is taken,
+/// or "FILE:NAME" for another one; one of the user's own by its name; "Reference NAME" for any electrode.
+/// \throws UsageError, RecordingError
 void ChooseMontage(EEGFileInfoType& recording, const std::string& argument);
 
 /// The montage file behind an argument; empty when it names none.

@@ -15,6 +15,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <numeric>
+
 namespace orvanta::cli {
 
 namespace {
@@ -72,6 +74,8 @@ void CheckArguments(const RegressArguments& arguments) {
                                     std::to_string(arguments.high) + " Hz",
                                 "bins lie " + spectral::NumberText(main.GetFFTResolution()) +
                                     " Hz apart up to " + lastHz + " Hz; widen --low and --high");
+    case spectral::RegressionCode::Cancelled:
+        throw Interrupted();
     case spectral::RegressionCode::ReadFailed:
         throw UsageError(arguments.file + ": epochs that were not kept could not be read again; the file " +
                          "went away or changed (bring it back, or give more --memory)");
@@ -107,14 +111,16 @@ std::list<SpectMacroResult*> ComputeAll(const RegressArguments& arguments,
     return analyses;
 }
 
+double MinutesOf(const std::list<SpectMacroResult*>& analyses) {
+    return std::accumulate(
+        analyses.begin(), analyses.end(), 0.0,
+        [](double minutes, const SpectMacroResult* analysis) { return minutes + EpochMinutes(*analysis); });
+}
+
 /// Saves them when they are wanted. \throws Interrupted also when they are not, but the user wants to stop
 void SaveFullSpectra(const RegressArguments& arguments, bool quiet, const std::list<BCIReg>& results,
                      const std::list<SpectMacroResult*>& analyses) {
-    double minutes = 0;
-    for (const SpectMacroResult* analysis : analyses) {
-        minutes += EpochMinutes(*analysis);
-    }
-    Watch watch("Writing spectra", minutes, quiet);
+    Watch watch("Writing spectra", MinutesOf(analyses), quiet);
     if (watch.IsCancelled() || (!arguments.fullSpectra.empty() &&
                                 !SaveBCIFullSpectra(arguments.fullSpectra, results, analyses, &watch))) {
         throw Interrupted();
@@ -134,12 +140,16 @@ int Regress(const RegressArguments& arguments) {
     const SpectMacroResult& main = *analyses.front();
 
     std::list<BCIReg> results;
-    const int code = run.Manager().ComputeBCIRegression(analyses, results, GetBCISensors(main), arguments.low,
-                                                        arguments.high);
+    const bool quiet = arguments.quiet || arguments.out == "-";
+    int code = 0;
+    {
+        Watch watch("Fitting", MinutesOf(analyses), quiet);
+        code = run.Manager().ComputeBCIRegression(analyses, results, GetBCISensors(main), arguments.low,
+                                                  arguments.high, &watch);
+    }
     if (code != 0) {
         Refuse(arguments, main, code);
     }
-    const bool quiet = arguments.quiet || arguments.out == "-";
     SaveFullSpectra(arguments, quiet, results, analyses);
     WriteOutput(arguments.out, spectral::FormatBCIRegressions(results));
     if (!quiet) {
@@ -153,7 +163,7 @@ int Regress(const RegressArguments& arguments) {
 void AddRegress(CLI::App& app, Command& run) {
     auto arguments = std::make_shared<RegressArguments>();
     CLI::App* command =
-        app.add_subcommand("regress", "Regress contrast values on power, per sensor and frequency");
+        app.add_subcommand("regress", "Fit classes of epochs by their power, per sensor and frequency");
     arguments->AddFileTo(*command);
     command
         ->add_option("--macro", arguments->macros,

@@ -16,6 +16,7 @@ void AddReview(CLI::App& app, Command& run) {
     run = [request] { return AskReview(*request); };
     CLI::App* command = app.add_subcommand("review", "Open the review application, the same as no command");
     command->add_option("FILE", request->file, "Recording (default: the one that was open last)")
+        ->type_name("")
         ->check(IsNotEmpty());
     const std::map<std::string, review::Style> styles{{"light", review::Style::Light},
                                                       {"dark", review::Style::Dark}};

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <span>
 #include <stdexcept>
 
@@ -33,15 +34,17 @@ public:
     Fits(const std::vector<const SensorType*>& sensors, BinRange bins)
         : sensors_(sensors), bins_(bins), fits_(sensors.size() * (bins.last - bins.first)) {}
 
-    /// One pass over the epochs, however many pairs there are. \throws RecordingError
-    void Add(const ContrastGroup& group) {
+    /// One pass over the epochs, however many pairs there are. \param goesOn is told how many epochs more
+    /// were added, and ends it by false \return false when it was ended \throws RecordingError
+    template <typename GoesOn>
+    bool Add(const ContrastGroup& group, GoesOn& goesOn) {
         const Analysis& analysis = *group.analysis;
         std::vector<std::uint32_t> rows;
         for (const SensorType* sensor : sensors_) {
             rows.push_back(analysis.Row(sensor)->row);
         }
         const std::uint32_t last = *std::max_element(rows.begin(), rows.end());
-        analysis.Epochs().ForEachBlock(last + 1, [&](std::uint64_t first, std::uint64_t end) {
+        return analysis.Epochs().ForEachBlock(last + 1, [&](std::uint64_t first, std::uint64_t end) {
             auto fits = fits_.begin();
             for (const std::uint32_t row : rows) {
                 for (std::uint64_t epoch = first; epoch < end; ++epoch) {
@@ -49,7 +52,7 @@ public:
                 }
                 fits += bins_.last - bins_.first;
             }
-            return true;
+            return goesOn(end - first);
         });
     }
     Line Of(std::size_t sensor, std::uint32_t bin) const {
@@ -109,14 +112,16 @@ std::vector<ContrastGroup> Comparable(const std::vector<ContrastGroup>& groups) 
 
 RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
                                const std::set<const SensorType*>& sensors, double low_hz, double high_hz,
-                               std::list<BCIReg>& results) {
+                               std::list<BCIReg>& results, GenericProgress* progress) {
     results.clear();
     if (low_hz > high_hz) {
         return RegressionCode::ReversedRange;
     }
     const std::vector<ContrastGroup> used = Comparable(groups);
-    if (std::none_of(used.begin(), used.end(),
-                     [](const ContrastGroup& group) { return group.analysis->EpochCount() > 0; })) {
+    const std::uint64_t epochs = std::accumulate(
+        used.begin(), used.end(), std::uint64_t{0},
+        [](std::uint64_t sum, const ContrastGroup& group) { return sum + group.analysis->EpochCount(); });
+    if (epochs == 0) {
         return RegressionCode::NoObservations;
     }
     if (std::adjacent_find(used.begin(), used.end(), [](const ContrastGroup& a, const ContrastGroup& b) {
@@ -130,8 +135,19 @@ RegressionCode RegressContrast(const std::vector<ContrastGroup>& groups,
         return RegressionCode::NoPredictors;
     }
     Fits fits(common, bins);
+    auto goesOn = [progress, epochs, done = std::uint64_t{0}](std::uint64_t more) mutable {
+        done += more;
+        if (progress == nullptr) {
+            return true;
+        }
+        progress->SetPosition(static_cast<double>(done) / static_cast<double>(epochs));
+        return !progress->IsCancelled();
+    };
     try {
-        std::for_each(used.begin(), used.end(), [&](const ContrastGroup& group) { fits.Add(group); });
+        if (!std::all_of(used.begin(), used.end(),
+                         [&](const ContrastGroup& group) { return fits.Add(group, goesOn); })) {
+            return RegressionCode::Cancelled;
+        }
     } catch (const std::runtime_error&) { // the file went away or changed
         return RegressionCode::ReadFailed;
     }

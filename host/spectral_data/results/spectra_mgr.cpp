@@ -324,7 +324,8 @@ bool SpectraMgr::ReComputeFFT(EEGFileInfoType* recording, double topFrequency, c
 }
 
 int SpectraMgr::ComputeBCIRegression(const std::list<SpectMacroResult*>& analyses, std::list<BCIReg>& results,
-                                     const std::set<const SensorType*>& sensors, int low, int high) const {
+                                     const std::set<const SensorType*>& sensors, int low, int high,
+                                     GenericProgress* progress) const {
     return static_cast<int>(orvanta::spectral::RegressContrast(orvanta::spectral::GroupsOf(analyses), sensors,
-                                                               low, high, results));
+                                                               low, high, results, progress));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/dialogs/comments_dialog.h"
 
+#include "host/platform/host_platform.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/window.h"
 #include "resources/dialogs/dialog_templates.h"
@@ -8,6 +9,7 @@
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
+#include "tests/support/recording_gui.h"
 #include "tests/support/temp_folder.h"
 
 #include <QComboBox>
@@ -294,6 +296,24 @@ TEST_F(Comments, DoNotLookIntoAHistoryThatCannotBeReached) {
     SpectralCommentsDlg dialog(nullptr, &comments);
     dialog.grab();
     EXPECT_EQ(dialog.GetDlgItemText(105, 99), "");
+}
+
+TEST_F(Comments, OfAnInstalledProgramAreRememberedForTheUser) {
+    Write("<Protocol1><Item Label='Sleep lab'/></Protocol1>");
+    services.files.Fail(std::filesystem::path(folder.Path("orvanta")).parent_path(), EACCES);
+    const test::RecordingGui gui;
+    const platform::HostPlatform platform(gui, "", folder.Path("data"));
+    const std::string installed = History();
+    {
+        SpectralCommentsDlg dialog(nullptr, &comments, &platform);
+        dialog.grab();
+        dialog.SetDlgItemText(105, "Nap");
+        dialog.accept();
+    }
+    SpectralCommentsDlg dialog(nullptr, &comments, &platform);
+    dialog.grab();
+    EXPECT_THAT(Entries(dialog, 105), ElementsAre("Nap", "Sleep lab"));
+    EXPECT_EQ(History(), installed);
 }
 
 TEST_F(Comments, StandOverTheirView) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/saving/comments_history.h"
 
+#include "host/platform/host_platform.h"
 #include "tests/support/qt/fake_services.h"
 #include "tests/support/qt/kept_log.h"
+#include "tests/support/recording_gui.h"
 #include "tests/support/temp_folder.h"
 
 #include <QLockFile>
@@ -10,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <barrier>
+#include <cerrno>
 #include <filesystem>
 #include <thread>
 
@@ -115,7 +118,42 @@ protected:
 TEST_F(CommentsHistoryOnDisk, LiesBesideTheProgram) {
     test::FakeServices services;
     services.files.RunFrom("/opt/or vanta.d/orvanta.bin");
-    EXPECT_EQ(CommentsHistoryFile(), "/opt/or vanta.d/spectra.xml");
+    const std::string beside = "/opt/or vanta.d/spectra.xml";
+    EXPECT_EQ(CommentsHistoryFiles(nullptr), (HistoryFiles{beside, beside}));
+}
+
+class CommentsHistoryOfAnInstallation : public CommentsHistoryOnDisk {
+protected:
+    CommentsHistoryOfAnInstallation() {
+        services.files.RunFrom(folder.Write("bin/orvanta", ""));
+        folder.Write("bin/spectra.xml", HistoryXml(First({"Installed"}, "")));
+    }
+    void MakeReadOnly() { services.files.Fail(folder.Path("bin"), EACCES); }
+
+    test::FakeServices services;
+    test::RecordingGui gui;
+    platform::HostPlatform platform{gui, folder.Path("settings.ini"), folder.Path("data")};
+    std::string installed = folder.Path("bin/spectra.xml");
+    std::string own = folder.Path("data") + "/PROTOCOLS/spectra.xml";
+};
+
+TEST_F(CommentsHistoryOfAnInstallation, StaysBesideAProgramWhoseFolderCanBeWritten) {
+    EXPECT_EQ(CommentsHistoryFiles(&platform), (HistoryFiles{installed, installed}));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("data/PROTOCOLS")));
+}
+
+TEST_F(CommentsHistoryOfAnInstallation, IsReadThereAndSavedForTheUserWhereItsFolderCannotBeWritten) {
+    MakeReadOnly();
+    EXPECT_EQ(CommentsHistoryFiles(&platform), (HistoryFiles{installed, own}));
+}
+
+TEST_F(CommentsHistoryOfAnInstallation, IsTheUsersOnceItWasSaved) {
+    MakeReadOnly();
+    const CommentsHistory loaded = LoadHistory(CommentsHistoryFiles(&platform).read);
+    SaveHistory(CommentsHistoryFiles(&platform).saved, First(loaded[0].names, "Mine"), loaded);
+    EXPECT_EQ(CommentsHistoryFiles(&platform), (HistoryFiles{own, own}));
+    EXPECT_EQ(LoadHistory(own), First({"Installed", "Mine"}, "Mine"));
+    EXPECT_EQ(LoadHistory(installed), First({"Installed"}, ""));
 }
 
 TEST_F(CommentsHistoryOnDisk, IsEmptyWithoutItsFile) {

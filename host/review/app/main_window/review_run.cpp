@@ -41,11 +41,11 @@ int RunReview(const ReviewRequest& request) {
     }
     setup.dataFolder = platform::DefaultDataFolder();
     setup.savesEvents = true;
-    InstallStarterMacros(setup.dataFolder + "MACRO/");
     const std::unique_ptr<ModuleLibrary> module = LoadModule(setup.moduleProblem);
     if (module != nullptr) {
         setup.bridge = &module->Bridge();
     }
+    InstallStarterMacros(setup.dataFolder + "MACRO/", PModule::Named("Orvanta"));
     SupplyHostStrings(PModule::Named("Orvanta"));
     Workbench workbench(setup);
     workbench.Start(request.file);

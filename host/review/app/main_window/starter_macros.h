@@ -3,12 +3,19 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+class PModule;
 
 namespace orvanta::review {
 
-/// Copies the program's macros into the folder when that does not exist yet; a folder that the user emptied
-/// stays empty. What cannot be written is logged.
+/// Their names in the user's language, without ending.
+/// \param messages has the texts; null for English
+std::vector<std::string> StarterMacroNames(const PModule* messages);
+
+/// Copies the program's macros under these names into the folder when that does not exist yet; a folder that
+/// the user emptied stays empty. What cannot be written is logged.
 /// \param folder with trailing separator
-void InstallStarterMacros(const std::string& folder);
+void InstallStarterMacros(const std::string& folder, const PModule* messages = nullptr);
 
 } // namespace orvanta::review

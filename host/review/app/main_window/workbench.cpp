@@ -19,6 +19,8 @@
 #include "host/review/app/main_window/status_fields.h"
 #include "host/review/app/main_window/text_setting.h"
 #include "host/review/app/main_window/welcome_page.h"
+#include "host/review/app/refusal_text.h"
+#include "host/toolkit/message_module.h"
 #include "host/toolkit/modal_gateway.h"
 #include "spectra_contract/file_path.h"
 #include "spectra_contract/recording.h"
@@ -152,7 +154,7 @@ bool Workbench::Load(const std::string& path) {
     try {
         opened = std::make_unique<Document>(path, gui_);
     } catch (const std::exception& error) {
-        gui_.ShowError(error.what());
+        gui_.ShowError(RefusalText(error, PModule::Named("Orvanta")));
         return false;
     }
     if (!MayUnload()) {

@@ -77,6 +77,9 @@ class Usage(CommandLineTest):
             with self.subTest(command=command):
                 self.assertEqual(self.orvanta(*command, "--help").returncode, 0)
 
+    def test_what_is_neither_a_command_nor_a_file_is_bad_usage(self):
+        self.assert_refused(self.orvanta("demmo.edf"), r"^orvanta: demmo\.edf: no such command, and no such file \(.+\)$")
+
     def test_an_unknown_option_is_bad_usage(self):
         self.assert_refused(self.orvanta("info", self.demo, "--nonsense"), r"^orvanta: .*--nonsense")
 
@@ -104,6 +107,18 @@ class Usage(CommandLineTest):
             with self.subTest(command=arguments[0]):
                 # These settings could not be computed either.
                 self.assert_refused(self.orvanta(*arguments), r"^orvanta: .+out\.json: .+ \(.+\)$")
+
+    def test_help_explains_every_setting(self):
+        help_text = self.orvanta("compute", "--help").stdout
+        shown = self.orvanta("macro", "show", self.macro("m.smx")).stdout
+        for line in shown.splitlines():
+            key = line.split("=")[0]
+            self.assertRegex(help_text, rf"\n  {key}=\S* +[a-z]", key)
+
+    def test_help_fits_into_a_terminal(self):
+        for command in ([], ["compute"], ["regress"], ["export"], ["render"], ["demo"]):
+            for line in self.orvanta(*command, "--help").stdout.splitlines():
+                self.assertLessEqual(len(line), 130, line)
 
 
 class Outputs(CommandLineTest):
@@ -294,6 +309,46 @@ class Compute(CommandLineTest):
     def test_an_unknown_montage_is_refused_with_the_names(self):
         self.assert_refused(self.orvanta("compute", self.demo, "--montage", "nonsense"), r'nonsense: .*"As recorded"')
 
+    def own_montages(self, **files):
+        """The environment of a user who keeps these montages."""
+        folder = self.folder / "data" / "orvanta" / "MONTAGE"
+        folder.mkdir(parents=True)
+        for name, text in files.items():
+            (folder / f"{name}.mtg").write_text(text)
+        return {**os.environ, "XDG_DATA_HOME": str(self.folder / "data")}
+
+    def run_in(self, environment, *arguments):
+        return subprocess.run([ORVANTA, *map(str, arguments)], capture_output=True, text=True, timeout=120, env=environment)
+
+    def test_a_montage_of_the_user_is_taken_by_its_name(self):
+        mine = self.own_montages(Back="back = +O1 -O2\n")
+        result = json.loads(self.run_in(mine, "compute", self.demo, "--montage", "back", "--json", "-").stdout)
+        self.assertEqual([channel["name"] for channel in result["channels"]], ["back"])
+
+    def test_a_montage_of_the_user_that_does_not_fit_says_why(self):
+        mine = self.own_montages(Other="a = +E17 -E18\n")
+        result = self.run_in(mine, "compute", self.demo, "--montage", "Other")
+        self.assert_refused(result, r"Other\.mtg: line 1: .*E17.* \(.+\)$")
+
+    def test_the_names_of_an_unknown_montage_include_the_users(self):
+        mine = self.own_montages(Back="back = +O1 -O2\n", Other="a = +E17 -E18\n")
+        result = self.run_in(mine, "compute", self.demo, "--montage", "nonsense")
+        self.assert_refused(result, r'"Reference Cz", "Back", "Reference" and an electrode')
+
+    def test_a_montage_of_the_user_is_not_written_over(self):
+        mine = self.own_montages(Back="back = +O1 -O2\n")
+        file = self.folder / "data" / "orvanta" / "MONTAGE" / "Back.mtg"
+        result = self.run_in(mine, "compute", self.demo, "--montage", "Back", "--csv", file)
+        self.assert_refused(result, r"is read by this command")
+
+    def test_info_lists_the_montages_of_the_user_and_what_is_wrong_with_others(self):
+        mine = self.own_montages(Back="back = +O1 -O2\n", Other="a = +E17 -E18\n", Broken="nonsense\n")
+        text = self.run_in(mine, "info", self.demo).stdout
+        self.assertRegex(text, r"\nYour own montages: +Back\n")
+        self.assertRegex(text, r"\nMontage left out: .*Broken\.mtg: line 1: .+ \(.+\)\n")
+        described = json.loads(self.run_in(mine, "info", self.demo, "--json", "-").stdout)
+        self.assertEqual(described["own_montages"], ["Back"])
+
     def test_a_montage_file_is_taken(self):
         montage = self.folder / "mine.txt"
         montage.write_text("[Mine]\nback = +O1 -O2\n")
@@ -321,7 +376,7 @@ class Compute(CommandLineTest):
 
     def test_a_label_of_the_other_class_is_told(self):
         result = self.orvanta("compute", self.demo, "--set", "mode=states", "--set", "states=tone")
-        self.assertIn('no state event "tone", but spot events of that name', result.stderr)
+        self.assertIn('no state event "tone" (but spot events of that name)', result.stderr)
         self.assertEqual(result.returncode, 1)
 
     def test_csv_is_long_form(self):

@@ -86,8 +86,12 @@ TEST(MacroKeys, JsonHasNumbersAsNumbers) {
     EXPECT_EQ(KeysToJson(SpectraMacro())["overlap"].dump(), "50");
 }
 
-TEST(MacroKeys, HelpShowsTheDefaults) {
-    EXPECT_NE(KeyHelp().find(" fft_seconds=2 overlap=50 window=Hanning "), std::string::npos);
+TEST(MacroKeys, HelpExplainsEveryKeyWithItsDefault) {
+    for (const std::string& line : KeysToText(SpectraMacro())) {
+        const std::size_t at = KeyHelp().find("\n  " + line + ' ');
+        ASSERT_NE(at, std::string::npos) << line;
+        EXPECT_GT(KeyHelp().find('\n', at + 1) - at, 30U) << line;
+    }
 }
 
 TEST(MacroKeys, RefusalsSayWhatIsAllowed) {

@@ -83,7 +83,7 @@ class WindowsTest(CommandLineTest):
 
 class Window(WindowsTest):
     def test_needs_a_display(self):
-        for arguments in ((), ("review", self.demo)):
+        for arguments in ((), ("review", self.demo), (self.demo,)):
             with self.subTest(arguments=arguments):
                 self.assert_refused(self.orvanta(*arguments), r"^orvanta: no display: .*DISPLAY.* \(.+\)$")
 

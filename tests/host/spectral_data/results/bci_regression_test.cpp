@@ -6,6 +6,7 @@
 #include "tests/host/spectral_data/results/analysis_fixture.h"
 #include "tests/support/failing_source.h"
 #include "tests/support/known_slope.h"
+#include "tests/support/recording_progress.h"
 
 #include <gtest/gtest.h>
 
@@ -193,6 +194,24 @@ TEST_F(KnownSlope, IsFound) {
     EXPECT_NEAR(falling.R, -1, 1e-7);
     EXPECT_NEAR(falling.K, -2, 1e-6);
     EXPECT_NEAR(falling.M, 3, 1e-6);
+}
+
+TEST_F(KnownSlope, TellsItsProgressAnalysisByAnalysis) {
+    test::RecordingProgress progress;
+    ASSERT_EQ(
+        manager.ComputeBCIRegression(analyses, results, GetBCISensors(*analyses.front()), 10, 10, &progress),
+        0);
+    EXPECT_EQ(progress.Positions, (std::vector{0.25, 0.5, 0.75, 1.0}));
+}
+
+TEST_F(KnownSlope, HasNoResultsWhenItIsCancelled) {
+    test::RecordingProgress progress;
+    progress.CancelAfter = 2;
+    EXPECT_EQ(
+        manager.ComputeBCIRegression(analyses, results, GetBCISensors(*analyses.front()), 10, 10, &progress),
+        -60);
+    EXPECT_TRUE(results.empty());
+    EXPECT_EQ(progress.Positions.size(), 2U);
 }
 
 TEST_F(KnownSlope, IsNotComputableWithoutPower) {

@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/starter_macros.h"
 
+#include "host/review/app/events/usual_labels.h"
 #include "host/review/app/macro_labels.h"
+#include "host/toolkit/message_module.h"
 #include "host/toolkit/services.h"
 #include "spectra_contract/spectra_macro.h"
 #include "tests/support/qt/kept_log.h"
 #include "tests/support/temp_folder.h"
 
+#include <QLocale>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <set>
+#include <string>
 
 namespace {
 
@@ -18,6 +24,7 @@ using namespace orvanta;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 using testing::SizeIs;
 
 class StarterMacros : public testing::Test {
@@ -64,6 +71,31 @@ TEST_F(StarterMacros, SayWhatTheirNamesSay) {
     // Comparable: only with the same resolution is a p-value computed.
     EXPECT_EQ(macro("Eyes open vs closed - open.smx").GetFFTSeconds(),
               macro("Eyes open vs closed - closed.smx").GetFFTSeconds());
+}
+
+TEST_F(StarterMacros, LeaveOutWhatIsOfferedAsAnArtifactAndItsOtherSpellings) {
+    Install();
+    for (const SpectraMacro& macro : review::MacrosIn(folder.Path("data/MACRO/"))) {
+        const std::set<std::string> left = macro.GetRejectEventsList();
+        EXPECT_THAT(left, IsSupersetOf(review::kArtifactLabels)) << macro.GetFileName();
+        EXPECT_THAT(left, IsSupersetOf(review::kOtherArtifactLabels)) << macro.GetFileName();
+    }
+}
+
+class GermanStarterMacros : public StarterMacros {
+protected:
+    ~GermanStarterMacros() override { QLocale::setDefault(QLocale::system()); }
+};
+
+TEST_F(GermanStarterMacros, HaveGermanNamesOfPlainLetters) {
+    QLocale::setDefault(QLocale("de_DE"));
+    const PModule texts("Orvanta", nullptr, folder.Path("messages"));
+    review::InstallStarterMacros(folder.Path("data/MACRO/"), &texts);
+    EXPECT_THAT(Files(), ElementsAre("Augen auf und zu - auf.smx", "Augen auf und zu - zu.smx",
+                                     "Ereignisbezogen.smx", "Ruhe, Augen geschlossen.smx", "Schlaf CSA.smx"));
+    for (const std::string& name : review::StarterMacroNames(&texts)) {
+        EXPECT_TRUE(std::ranges::all_of(name, [](char c) { return c >= ' ' && c <= '~'; })) << name;
+    }
 }
 
 TEST_F(StarterMacros, CanBeChangedByTheUser) {
