@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/file_chooser.h"
 
+#include "host/toolkit/outlive_parent.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeDatabase>
+#include <QPointer>
 #include <QRegularExpression>
 
 namespace owl {
@@ -27,8 +30,11 @@ std::optional<QString> Choose(HWND owner, const FileQuestion& question, const QS
     if (!name.isEmpty()) {
         chooser.selectFile(name);
     }
-    return chooser.exec() == QDialog::Accepted ? std::optional(chooser.selectedFiles().constFirst())
-                                               : std::nullopt;
+    OutliveParent(chooser);
+    const bool accepted = chooser.exec() == QDialog::Accepted;
+    // The question whether to replace a file may be answered when the owner is gone.
+    const bool orphaned = owner && chooser.parentWidget() == nullptr;
+    return accepted && !orphaned ? std::optional(chooser.selectedFiles().constFirst()) : std::nullopt;
 }
 
 /// The extension is added here and not by the chooser: those of some desktops confirm an overwrite before Qt
@@ -72,6 +78,7 @@ std::optional<std::string> ChooseFileToOpen(HWND owner, const FileQuestion& ques
 }
 
 std::optional<std::string> ChooseFileToSave(HWND owner, const FileQuestion& question) {
+    const QPointer<QWidget> over(owner.Widget());
     QString folder = StartFolder(question.folder);
     QString name = QString::fromStdString(question.name);
     while (const auto chosen = Choose(owner, question, folder, name, true)) {
@@ -79,6 +86,9 @@ std::optional<std::string> ChooseFileToSave(HWND owner, const FileQuestion& ques
         const bool confirmed = path == *chosen || !question.askOverwrite;
         if (confirmed || !QFileInfo::exists(path) || MayReplace(owner, path)) {
             return path.toStdString();
+        }
+        if (owner && !over) {
+            break; // it went while the question was open
         }
         folder = QFileInfo(path).path();
         name = QFileInfo(path).fileName();

@@ -27,10 +27,13 @@ QSize MissingRoom(const QWidget& form) {
     return missing;
 }
 
-/// Qt does so for the Tab key alone.
+/// Qt does so for the Tab key alone. The form may be going, and its other children with it.
 void ScrollIntoView(const QWidget& form, QWidget* focused) {
-    for (QScrollArea* area : form.findChildren<QScrollArea*>()) {
-        if (focused != nullptr && area->widget() != nullptr && area->widget()->isAncestorOf(focused)) {
+    if (!form.isAncestorOf(focused)) {
+        return;
+    }
+    for (QWidget* around = focused->parentWidget(); around != &form; around = around->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(around)) {
             area->ensureWidgetVisible(focused);
         }
     }

@@ -2,6 +2,7 @@
 #include "host/toolkit/message_box.h"
 
 #include "host/toolkit/message_text.h"
+#include "host/toolkit/outlive_parent.h"
 #include "host/toolkit/services.h"
 
 #include <QKeyEvent>
@@ -68,6 +69,7 @@ void TMessageBox::WidenForLongText() {
 }
 
 int TMessageBox::Ask() {
+    OutliveParent(*this);
     // A box closed without a button answers something else.
     const bool agreed = exec() == Yes;
     if (agreed) {

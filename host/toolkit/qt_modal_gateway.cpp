@@ -50,8 +50,8 @@ std::optional<TColor> QtModalGateway::AskColor(HWND owner, TColor color) {
     if (!HasWindows()) {
         return std::nullopt;
     }
-    const QColor chosen = QColorDialog::getColor(ToQColor(color), owner.Widget());
-    return chosen.isValid() ? std::optional(FromQColor(chosen)) : std::nullopt;
+    QColorDialog chooser(ToQColor(color), owner.Widget());
+    return RunModal(chooser) == kIdOk ? std::optional(FromQColor(chooser.selectedColor())) : std::nullopt;
 }
 
 std::optional<TFont> QtModalGateway::AskFont(HWND owner, const TFont& font) {
@@ -65,8 +65,7 @@ std::optional<TFont> QtModalGateway::AskFont(HWND owner, const TFont& font) {
     offered.setStyleName(existing.styleName());
     QFontDialog chooser(offered, owner.Widget());
     const QFont shown = chooser.currentFont();
-    OutliveParent(chooser);
-    if (chooser.exec() != QDialog::Accepted) {
+    if (RunModal(chooser) != kIdOk) {
         return std::nullopt;
     }
     // It counts in whole points: a font that nobody touched keeps its own height and face.
@@ -78,7 +77,7 @@ std::optional<std::string> QtModalGateway::AskText(HWND owner, const TextQuestio
         return std::nullopt;
     }
     TInputDialog dialog(owner, question);
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Text()) : std::nullopt;
+    return RunModal(dialog) == kIdOk ? std::optional(dialog.Text()) : std::nullopt;
 }
 
 } // namespace owl

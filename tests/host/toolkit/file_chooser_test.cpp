@@ -9,8 +9,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace {
 
@@ -146,6 +149,23 @@ TEST_F(FileChooser, ReplacesWithoutAskingWhenToldSo) {
     for (const char* typed : {"night", "night.txt"}) {
         Enters(typed);
         EXPECT_EQ(owl::ChooseFileToSave(nullptr, question), folder_.Path("night.txt"));
+    }
+}
+
+TEST_F(FileChooser, AnswersNothingWhenItsOwnerGoesDuringTheQuestion) {
+    folder_.Write("night.txt", "x");
+    for (const char* typed : {"night.txt", "night"}) { // the chooser asks; the question about the longer name
+        auto owner = std::make_unique<QWidget>();
+        Enters(typed);
+        hand_.Meets<QMessageBox>([&](QMessageBox& box) {
+            QAbstractButton* yes = box.button(QMessageBox::Yes);
+            const QPointer<QMessageBox> there(&box);
+            owner.reset();
+            if (there && there->isVisible()) {
+                yes->click();
+            }
+        });
+        EXPECT_EQ(owl::ChooseFileToSave(HWND(owner.get()), Question()), std::nullopt) << typed;
     }
 }
 

@@ -144,6 +144,20 @@ TEST(TForm, ScrollsToWhatGetsTheFocus) {
     EXPECT_LE(form.area->verticalScrollBar()->value(), form.first->y());
 }
 
+TEST(TForm, MayGoWithTheFocusInAFrame) {
+    {
+        SmallForm form;
+        auto* frame = new QWidget(&form);
+        auto* edit = new QLineEdit(frame);
+        form.show();
+        form.activateWindow();
+        QApplication::processEvents();
+        edit->setFocus();
+        EXPECT_EQ(QApplication::focusWidget(), edit);
+    }
+    EXPECT_EQ(QApplication::focusWidget(), nullptr);
+}
+
 TEST(TForm, BelongsToItsParent) {
     QWidget parent;
     SmallForm form{HWND(&parent)};

@@ -82,6 +82,38 @@ TEST(ModalGateway, CancelsADialogWhoseWindowGoesAndLeavesItToItsMaker) {
     EXPECT_EQ(dialog.parentWidget(), nullptr);
 }
 
+/// Runs a modal whose owner goes while it is open. \return its answer
+template <typename Run>
+auto WithoutOwner(Run run) {
+    auto owner = std::make_unique<QWidget>();
+    // Once the modal is there.
+    QTimer::singleShot(0, owner.get(), [&] {
+        EXPECT_NE(QApplication::activeModalWidget(), nullptr);
+        owner.reset();
+    });
+    const auto answer = run(owl::CurrentModalGateway(), HWND(owner.get()));
+    EXPECT_EQ(owner, nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    return answer;
+}
+
+TEST(ModalGateway, CancelsEveryModalWhoseOwnerGoes) {
+    const auto ask = [](auto question) { return WithoutOwner(question); };
+    EXPECT_EQ(
+        ask([](auto& user, HWND over) { return user.ShowMessage(over, "it failed", "Error", owl::kMbOk); }),
+        owl::kIdOk);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.ShowMessage(over, "sure?", "?", owl::kMbYesNo); }),
+              owl::kIdNo);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.AskFileToOpen(over, owl::FileQuestion()); }),
+              std::nullopt);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.AskFileToSave(over, owl::FileQuestion()); }),
+              std::nullopt);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.AskColor(over, 0x000080FF); }), std::nullopt);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.AskFont(over, {"Verdana", 12}); }), std::nullopt);
+    EXPECT_EQ(ask([](auto& user, HWND over) { return user.AskText(over, owl::TextQuestion()); }),
+              std::nullopt);
+}
+
 TEST(ModalGateway, RunsADialogUntilItCloses) {
     QDialog dialog;
     QTimer::singleShot(0, &dialog, &QDialog::accept);
