@@ -4,6 +4,7 @@
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/commands.h"
 #include "host/review/app/main_window/host_text.h"
+#include "host/toolkit/event_guard.h"
 
 #include <QActionGroup>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace orvanta::review {
 
@@ -25,7 +27,8 @@ struct Caption {
 
 template <typename Run>
 QAction* Add(QMenu& menu, const Caption& caption, const QKeySequence& shortcut, Run run) {
-    QAction* action = menu.addAction(caption.Text(), shortcut, run);
+    QAction* action =
+        menu.addAction(caption.Text(), shortcut, [run = std::move(run)] { owl::RunGuarded(run); });
     action->setObjectName(caption.key);
     return action;
 }

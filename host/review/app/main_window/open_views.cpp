@@ -6,6 +6,7 @@
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/module_bridge.h"
 #include "host/review/app/traces/trace_view.h"
+#include "host/toolkit/event_guard.h"
 
 #include <QPointer>
 
@@ -73,12 +74,14 @@ void OpenViews::FollowMontage(const Document& document) {
 void OpenViews::Refresh(std::span<const ViewKind> kinds) {
     // Of the window, also while it is not active.
     const QPointer<QWidget> focused(window_.window()->focusWidget());
-    for (const ViewKind kind : kinds) {
-        // A view may go while another computes.
-        if (TheChild* view = window_.Views().ViewOf(kind)) {
-            bridge_->RefreshView(*view);
+    owl::RunGuarded([&] { // told once, since what failed for one view fails for the next
+        for (const ViewKind kind : kinds) {
+            // A view may go while another computes.
+            if (TheChild* view = window_.Views().ViewOf(kind)) {
+                bridge_->RefreshView(*view);
+            }
         }
-    }
+    });
     if (focused) {
         focused->setFocus();
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/work_gui.h"
 
+#include <QApplication>
+
 #include <utility>
 
 namespace orvanta::review {
@@ -52,7 +54,7 @@ std::unique_ptr<GenericProgress> WorkGui::CreateProgress(const std::string& text
 void WorkGui::WhenIdle(std::function<void()> action) {
     if (IsBusy()) {
         waiting_ = std::move(action);
-    } else {
+    } else if (QApplication::activeModalWidget() == nullptr) {
         action();
     }
 }
@@ -66,7 +68,7 @@ void WorkGui::Ended() const {
 
 void WorkGui::RunWaiting() {
     if (waiting_ && !IsBusy()) {
-        std::exchange(waiting_, nullptr)();
+        WhenIdle(std::exchange(waiting_, nullptr));
     }
 }
 

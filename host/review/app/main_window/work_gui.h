@@ -24,7 +24,8 @@ public:
 
     bool IsBusy() const { return running_ > 0; }
     /// Runs it now; while work goes on, cancels that, tells no failures any more, and runs it from the event
-    /// loop when all is done. Only the last one given is run.
+    /// loop when all is done. Only the last one given is run. Nothing is run while a dialog waits for the
+    /// user: what it is about must not go.
     void WhenIdle(std::function<void()> action);
 
 private:

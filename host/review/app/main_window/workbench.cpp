@@ -20,6 +20,7 @@
 #include "host/review/app/main_window/text_setting.h"
 #include "host/review/app/main_window/welcome_page.h"
 #include "host/review/app/refusal_text.h"
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/message_module.h"
 #include "host/toolkit/modal_gateway.h"
 #include "spectra_contract/file_path.h"
@@ -99,7 +100,8 @@ Workbench::Workbench(Setup setup)
     offer.WhenClosed(HostQText("offerClose", "Do not offer this again"),
                      [this] { platform_.GetUser()->PutInt(kHostSection, kOffers, 0); });
     ShowOffer();
-    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] { Follow(); });
+    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_,
+                     [this] { owl::RunGuarded([this] { Follow(); }); });
     statePoll_.start(kStatePoll);
 }
 

@@ -2,6 +2,7 @@
 // The recording or the window goes while spectra are computed.
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/work_gui.h"
+#include "tests/host/review/app/main_window/fast_clock.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
 #include <QTimer>
@@ -11,28 +12,14 @@ namespace {
 using namespace orvanta;
 using review::ViewKind;
 
-/// Each look at it is 40 ms later, so that all work is long.
-class FastClock final : public owl::Clock {
-public:
-    std::int64_t Milliseconds() const override { return now_ += 40; }
-
-private:
-    mutable std::int64_t now_ = 0;
-};
-
 class Ending : public test::WorkbenchFixture {
 protected:
-    Ending() : inUse_(owl::CurrentServices()) {
-        inUse_.clock = &clock_;
-        earlier_ = owl::ReplaceServices(&inUse_);
+    Ending() {
         Start(Demo());
         AddAnalysis();
         last_ = &AddAnalysis();
     }
-    ~Ending() override {
-        Leave();
-        owl::ReplaceServices(earlier_);
-    }
+    ~Ending() override { Leave(); }
 
     /// Computes, and lets this happen in the middle.
     void ComputeAnd(const std::function<void()>& what) {
@@ -47,9 +34,7 @@ protected:
         EXPECT_TRUE(happened);
     }
 
-    FastClock clock_;
-    owl::Services inUse_;
-    const owl::Services* earlier_;
+    test::FastClock clock_;
     SpectMacroResult* last_; ///< is computed last
 };
 
