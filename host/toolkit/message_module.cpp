@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/toolkit/message_module.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QSettings>
+
+#include <set>
 
 namespace {
 
@@ -12,9 +15,18 @@ std::map<unsigned, std::string>& HostStrings() {
     return strings;
 }
 
+std::string& Preferred() {
+    static std::string language;
+    return language;
+}
+
 /// The user's languages, each with its region first ("de-AT", "de"), then English.
 QStringList LanguageFiles() {
     QStringList files;
+    if (!Preferred().empty()) {
+        const QString language = QString::fromStdString(Preferred());
+        files << language << language.section('-', 0, 0);
+    }
     for (const QString& language : QLocale().uiLanguages()) {
         // A script may stand between language and region ("de-Latn-AT").
         const QStringList parts = language.split('-');
@@ -59,15 +71,38 @@ void PModule::SetHostStrings(std::map<unsigned, std::string> strings) {
     HostStrings() = std::move(strings);
 }
 
-void PModule::ReadTexts() const {
-    QString folder = QString::fromStdString(messageFolder_);
-    if (folder.isEmpty()) {
-        folder = QFileInfo(QString::fromStdString(owl::ModuleFileName(GetInstance()))).path() + "/messages";
+void PModule::PreferLanguage(std::string language) {
+    Preferred() = std::move(language);
+}
+
+std::vector<std::string> PModule::MessageFolders() const {
+    const std::string own =
+        !messageFolder_.empty()
+            ? messageFolder_
+            : QFileInfo(QString::fromStdString(owl::ModuleFileName(GetInstance()))).path().toStdString() +
+                  "/messages";
+    return {own, ":/messages"};
+}
+
+std::vector<std::string> PModule::Languages() const {
+    const QString begin = QString::fromStdString(GetName()) + '.';
+    const QString end = ".ini";
+    std::set<std::string> languages;
+    for (const std::string& folder : MessageFolders()) {
+        for (const QString& file :
+             QDir(QString::fromStdString(folder)).entryList({begin + '*' + end}, QDir::Files)) {
+            languages.insert(file.mid(begin.size()).chopped(end.size()).toStdString());
+        }
     }
+    return {languages.begin(), languages.end()};
+}
+
+void PModule::ReadTexts() const {
     for (const QString& language : LanguageFiles()) {
-        for (const QString& place : {folder, QString(":/messages")}) {
+        for (const std::string& place : MessageFolders()) {
             const QString path =
-                QString("%1/%2.%3.ini").arg(place, QString::fromStdString(GetName()), language);
+                QString("%1/%2.%3.ini")
+                    .arg(QString::fromStdString(place), QString::fromStdString(GetName()), language);
             QSettings file(path, QSettings::IniFormat);
             if (file.status() != QSettings::NoError) {
                 qWarning(

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 /// A module with texts that depend on the user's language. They are kept in INI files "NAME.LANGUAGE.ini"
 /// (UTF-8; the language as "de-AT" or "de"; a text with ";" stands in quotes) in a folder "messages" beside
@@ -25,11 +26,19 @@ public:
 
     /// The module of this name among those that are loaded; null when there is none.
     static PModule* Named(const char* name);
+    /// Languages that there are texts in, as in the names of their files, sorted.
+    std::vector<std::string> Languages() const;
+
+    /// Texts in this language ("de" or "de-AT") are taken before those in the user's languages; empty for
+    /// none. It counts for modules whose first text is asked for after it.
+    static void PreferLanguage(std::string language);
     /// Texts of the host, the same for all modules.
     static void SetHostStrings(std::map<unsigned, std::string> strings);
 
 private:
     void ReadTexts() const;
+    /// Where the texts lie, the first before the second.
+    std::vector<std::string> MessageFolders() const;
 
     std::string messageFolder_;
     mutable bool read_ = false;

@@ -172,7 +172,7 @@ TEST_F(BesideTheView, IsReachedWithTheTabKeyAndByItsLetters) {
     QTest::keyClick(window.focusWidget(), Qt::Key_Down);
     EXPECT_EQ(manager.GetMain(), *(manager.begin() + 1));
     EXPECT_EQ(window.focusWidget(), view.get());
-    QTest::keyClick(&window, Qt::Key_M, Qt::AltModifier);
+    QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
     EXPECT_EQ(window.focusWidget()->objectName(), "lvMainList");
     QTest::keyClick(window.focusWidget(), Qt::Key_Up);
     EXPECT_EQ(manager.GetMain(), *manager.begin());

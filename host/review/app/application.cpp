@@ -4,12 +4,12 @@
 #include "host/platform/interrupts.h"
 #include "host/review/cli/exit_status.h"
 #include "host/toolkit/appearance.h"
+#include "host/toolkit/message_module.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTemporaryFile>
 #include <QWidget>
 
@@ -126,8 +126,17 @@ void Application::SetLanguage(const std::string& language) {
     if (!language.empty()) {
         QLocale::setDefault(QLocale(QString::fromStdString(language)));
     }
+    LoadTexts(QLocale());
+}
+
+void Application::SetTextLanguage(const std::string& language) {
+    PModule::PreferLanguage(language);
+    LoadTexts(language.empty() ? QLocale() : QLocale(QString::fromStdString(language)));
+}
+
+void Application::LoadTexts(const QLocale& locale) {
     QApplication::removeTranslator(&texts_);
-    if (texts_.load(QLocale(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    if (texts_.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(&texts_);
     }
 }

@@ -5,6 +5,7 @@
 #include "host/review/app/review_entry.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QTimer>
 #include <QTranslator>
 
@@ -26,10 +27,15 @@ public:
 
     /// Applies a style to all windows.
     void SetStyle(Style style);
+    /// All texts from now on, in windows that are made after it; numbers stay those of the user. Empty for
+    /// the language of the user.
+    void SetTextLanguage(const std::string& language);
     /// Qt's own texts and number texts from now on, as of the user when \p language is empty.
     void SetLanguage(const std::string& language);
 
 private:
+    void LoadTexts(const QLocale& locale);
+
     std::unique_ptr<QApplication> qt_;
     QTranslator texts_;
     QTimer interruptWatch_;

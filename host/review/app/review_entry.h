@@ -63,7 +63,10 @@ struct RenderCartoonRequest : PictureRequest {
 
 /// Open the review application.
 struct ReviewRequest {
-    std::string file; ///< empty for the last one
+    std::string file;     ///< empty for the last one
+    std::string macro;    ///< name or file of the first analysis; empty for none
+    std::string language; ///< of the texts, for this time; empty for the user's choice
+    std::string picture;  ///< PNG file for the window, which is not shown then; empty to show it
     Style style = Style::OfTheSystem;
     bool safeMode = false; ///< settings, session and layout are neither read nor kept
     std::string log;       ///< file that messages are appended to; empty for none

@@ -18,6 +18,16 @@ void AddReview(CLI::App& app, Command& run) {
     command->add_option("FILE", request->file, "Recording (default: the one that was open last)")
         ->type_name("")
         ->check(IsNotEmpty());
+    command
+        ->add_option(
+            "--macro", request->macro,
+            "Stored macro, by its name or file, that a recording is analysed with which has no analysis yet")
+        ->type_name("NAME|FILE")
+        ->check(IsNotEmpty());
+    command
+        ->add_option("--language", request->language,
+                     "Of the texts, such as de, for this time (default: Tools > Language)")
+        ->check(IsNotEmpty());
     const std::map<std::string, review::Style> styles{{"light", review::Style::Light},
                                                       {"dark", review::Style::Dark}};
     command->add_option("--style", request->style, "light or dark (default: as the desktop)")
@@ -28,7 +38,12 @@ void AddReview(CLI::App& app, Command& run) {
     command->add_option("--log", request->log, "Append what happens, with the time, to this file")
         ->type_name("FILE")
         ->check(IsNotEmpty());
-    command->footer("Needs a display.");
+    command
+        ->add_option("--picture", request->picture,
+                     "Paint the window into this PNG file instead of showing it, without the user's settings")
+        ->type_name("FILE")
+        ->check(NamesAFile());
+    command->footer("Needs a display, but for --picture.");
     command->callback([&run, request] { run = [request] { return AskReview(*request); }; });
 }
 

@@ -13,6 +13,7 @@ protected:
     ~PModuleTest() override {
         QLocale::setDefault(QLocale::system());
         PModule::SetHostStrings({});
+        PModule::PreferLanguage({});
     }
     PModule Module() { return PModule("Orvanta", nullptr, folder_.Path("messages")); }
 
@@ -45,6 +46,24 @@ TEST_F(PModuleTest, PrefersTheUsersLanguageThenEnglish) {
     EXPECT_EQ(module.GetMsg2("M", "b"), "b in de");
     EXPECT_EQ(module.GetMsg2("M", "c"), "c in en");
     EXPECT_EQ(module.GetMsg2("M", "d"), "");
+}
+
+TEST_F(PModuleTest, TakesTextsOfThePreferredLanguageFirst) {
+    folder_.Write("messages/Orvanta.de.ini", "[M]\na=a in de\nb=b in de\nc=c in de\n");
+    folder_.Write("messages/Orvanta.fr.ini", "[M]\na=a in fr\nb=b in fr\n");
+    folder_.Write("messages/Orvanta.fr-CA.ini", "[M]\na=a in fr-CA\n");
+    PModule::PreferLanguage("fr-CA");
+    const PModule module = Module();
+    EXPECT_EQ(module.GetMsg2("M", "a"), "a in fr-CA");
+    EXPECT_EQ(module.GetMsg2("M", "b"), "b in fr");
+    EXPECT_EQ(module.GetMsg2("M", "c"), "c in de");
+}
+
+TEST_F(PModuleTest, KnowsTheLanguagesThatThereAreTextsIn) {
+    for (const char* file : {"Orvanta.fr-CA.ini", "Orvanta.de.ini", "Other.it.ini", "Orvanta.en.txt"}) {
+        folder_.Write(std::string("messages/") + file, "");
+    }
+    EXPECT_EQ(Module().Languages(), (std::vector<std::string>{"de", "fr-CA"}));
 }
 
 TEST_F(PModuleTest, TakesTextsAsTheyAreWritten) {

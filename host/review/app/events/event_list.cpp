@@ -16,7 +16,9 @@
 #include <QAction>
 #include <QFontMetrics>
 #include <QHeaderView>
-#include <QPushButton>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <exception>
@@ -29,6 +31,7 @@ namespace orvanta::review {
 namespace {
 
 constexpr const char* kSection = "TFormEventList";
+
 /// Gives every column the room that its texts need, the labels what is left.
 void FitColumns(QTreeView& list) {
     const QStringList widest[kEventColumns] = {
@@ -38,7 +41,7 @@ void FitColumns(QTreeView& list) {
         {},
         {ClassText(EventClass::Spot), ClassText(EventClass::State)},
         {SourceText(EventSource::Table), SourceText(EventSource::Recording)}};
-    constexpr int kSides = 3; // margins of a cell and the mark of the order, in characters
+    constexpr int kSides = 2; // margins of a cell, in characters
     const QFontMetrics metrics = list.fontMetrics();
     for (int column = 0; column < kEventColumns; ++column) {
         int width = metrics.horizontalAdvance(list.model()->headerData(column, Qt::Horizontal).toString());
@@ -49,6 +52,45 @@ void FitColumns(QTreeView& list) {
     }
     list.header()->setStretchLastSection(false);
     list.header()->setSectionResizeMode(static_cast<int>(EventColumn::Label), QHeaderView::Stretch);
+    // What a narrow list has room for, the label beside the time.
+    list.header()->moveSection(static_cast<int>(EventColumn::Label), 1);
+    for (const EventColumn column : {EventColumn::Seconds, EventColumn::Class, EventColumn::Source}) {
+        list.setColumnHidden(static_cast<int>(column), true);
+    }
+}
+
+/// The menu at the titles lets the user choose the columns; the labels always stay.
+void OfferColumns(QTreeView& list) {
+    QHeaderView& header = *list.header();
+    header.setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (int column = 0; column < kEventColumns; ++column) {
+        if (column != static_cast<int>(EventColumn::Label)) {
+            auto* action = new QAction(list.model()->headerData(column, Qt::Horizontal).toString(), &header);
+            action->setCheckable(true);
+            action->setChecked(!list.isColumnHidden(column));
+            QObject::connect(action, &QAction::toggled, &list,
+                             [&list, column](bool shown) { list.setColumnHidden(column, !shown); });
+            header.addAction(action);
+        }
+    }
+}
+
+/// A text in the middle of the list, for one that is empty.
+QLabel* AddHint(QTreeView& list) {
+    auto* hint = new QLabel(list.viewport());
+    hint->setObjectName(QStringLiteral("lbHint"));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setWordWrap(true);
+    hint->setTextFormat(Qt::PlainText);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    (new QVBoxLayout(list.viewport()))->addWidget(hint);
+    return hint;
+}
+
+/// "Deletes the selected events (Del)"
+QString TipWithKey(const QString& tip, const QList<QKeySequence>& keys) {
+    return keys.isEmpty() ? tip : tip + " (" + keys.first().toString(QKeySequence::NativeText) + ')';
 }
 
 } // namespace
@@ -73,6 +115,7 @@ struct EventListPanel::Impl {
     Ui::TFormEventList ui;
     EventModel model;
     Follower follower;
+    QLabel* hint = nullptr;            ///< of the list
     std::optional<EventRecord> chosen; ///< the one that is selected alone
     int topRow = 0;
     bool quiet = false; ///< what is selected now was not chosen by the user
@@ -101,6 +144,8 @@ void EventListPanel::SetUpControls() {
     ui.cbKind->setAccessibleName(EventText("class", "Kind"));
     ui.tvEvents->setModel(&impl_->model);
     FitColumns(*ui.tvEvents);
+    OfferColumns(*ui.tvEvents);
+    impl_->hint = AddHint(*ui.tvEvents);
     const auto filter = [this] {
         const Ui::TFormEventList& form = impl_->ui;
         impl_->model.SetFilter(
@@ -114,7 +159,9 @@ void EventListPanel::SetUpControls() {
 void EventListPanel::FollowSelection() {
     QTreeView& list = *impl_->ui.tvEvents;
     const auto go = [this](const QModelIndex& row) {
-        if (row.isValid() && !impl_->quiet && impl_->goTo) {
+        // A list that gets the focus makes its first row the current one, and does not select it.
+        const bool selected = row.isValid() && impl_->ui.tvEvents->selectionModel()->isSelected(row);
+        if (selected && !impl_->quiet && impl_->goTo) {
             impl_->goTo(impl_->editor.Events()[impl_->model.EventAt(row.row())].Interval);
         }
     };
@@ -134,7 +181,7 @@ void EventListPanel::FollowSelection() {
 void EventListPanel::AddCommands() {
     const Ui::TFormEventList& ui = impl_->ui;
     const struct {
-        QPushButton* button;
+        QToolButton* button;
         const char* icon;
         void (EventListPanel::*run)();
         QList<QKeySequence> keys;
@@ -147,7 +194,8 @@ void EventListPanel::AddCommands() {
     for (const auto& command : commands) {
         const auto run = [this, member = command.run] { Try([this, member] { (this->*member)(); }); };
         command.button->setIcon(owl::IconOf(QString::fromLatin1(command.icon)));
-        connect(command.button, &QPushButton::clicked, this, run);
+        command.button->setToolTip(TipWithKey(command.button->toolTip(), command.keys));
+        connect(command.button, &QToolButton::clicked, this, run);
         auto* action = new QAction(command.button->icon(), command.button->text(), ui.tvEvents);
         action->setShortcuts(command.keys);
         action->setShortcutContext(Qt::WidgetShortcut);
@@ -155,6 +203,12 @@ void EventListPanel::AddCommands() {
         connect(action, &QAction::triggered, this, run);
         ui.tvEvents->addAction(action);
     }
+    auto* search = new QAction(this);
+    search->setShortcut(QKeySequence::Find);
+    search->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(search, &QAction::triggered, ui.edFilter, [edit = ui.edFilter] { edit->setFocus(); });
+    addAction(search);
+    connect(ui.edFilter, &QLineEdit::returnPressed, this, [this] { FocusList(); });
     connect(ui.tvEvents, &QTreeView::doubleClicked, this, [this] { Try([this] { EditEvent(); }); });
 }
 
@@ -207,10 +261,33 @@ void EventListPanel::ShowState() {
     for (QAction* action : ui.tvEvents->actions()) {
         action->setEnabled(action->data().value<QWidget*>()->isEnabledTo(this));
     }
-    ui.lbCount->setText(EventText("count", "%L1 of %L2 events, %L3 selected")
+    impl_->hint->setText(impl_->editor.Events().empty()
+                             ? EventText("noEvents", "No events yet. Drag over the traces, or press M where "
+                                                     "the mouse is, to mark one.")
+                             : EventText("noMatch", "No event is of this label and kind."));
+    impl_->hint->setVisible(impl_->model.rowCount() == 0);
+    ui.lbCount->setText(EventText("count", "%L1 of %L2, %L3 selected")
                             .arg(impl_->model.rowCount())
                             .arg(impl_->editor.Events().size())
                             .arg(selected.size()));
+}
+
+void EventListPanel::FocusList() {
+    impl_->ui.tvEvents->setFocus();
+}
+
+std::string EventListPanel::Columns() const {
+    return impl_->ui.tvEvents->header()->saveState().toBase64().toStdString();
+}
+
+void EventListPanel::RestoreColumns(const std::string& columns) {
+    QHeaderView& header = *impl_->ui.tvEvents->header();
+    header.restoreState(QByteArray::fromBase64(QByteArray::fromStdString(columns)));
+    int column = 0;
+    for (QAction* action : header.actions()) {
+        column += column == static_cast<int>(EventColumn::Label) ? 1 : 0;
+        action->setChecked(!header.isSectionHidden(column++));
+    }
 }
 
 void EventListPanel::AddEvent() {

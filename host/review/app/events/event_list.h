@@ -27,6 +27,14 @@ public:
     /// Places of the selected events, ascending.
     std::vector<std::size_t> SelectedEvents() const;
 
+    /// Gives the focus to the list; the arrow keys then go from event to event.
+    void FocusList();
+
+    // Which columns are shown, their order and width, and by which the list is sorted, as a text.
+    std::string Columns() const;
+    /// Nothing for a text that makes no sense.
+    void RestoreColumns(const std::string& columns);
+
     /// Asks for a new event where the traces stand.
     void AddEvent();
     /// Asks for changes of the selected event.

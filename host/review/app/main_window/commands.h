@@ -37,6 +37,13 @@ public:
     virtual void ShowSideBar(bool show) = 0;
     /// Gives the focus to the next or the previous pane of the window.
     virtual void GoToPane(bool next) = 0;
+    /// Whether it is the one that commands act on.
+    virtual bool IsActive(ViewKind kind) const = 0;
+    /// Gives the focus to a view that is shown.
+    virtual void Activate(ViewKind kind) = 0;
+    /// The list of the recording's events.
+    virtual bool ShowsEvents() const = 0;
+    virtual void ShowEvents(bool show) = 0;
     virtual Arrangement GetArrangement() const = 0;
     virtual void Arrange(Arrangement arrangement) = 0;
 
@@ -51,6 +58,10 @@ public:
     virtual void Redo() = 0;
     virtual bool HasChangedEvents() const = 0;
     virtual void SaveEvents() = 0;
+    /// To another table, where they are kept from then on.
+    virtual void SaveEventsAs() = 0;
+    /// Takes the user's events from another table, which they are kept in from then on.
+    virtual void OpenEvents() = 0;
 
     // Pictures of the active view.
     virtual bool HasActiveView() const = 0;
@@ -69,6 +80,12 @@ public:
     virtual void EditMacros() = 0;
     virtual bool UsesRegression() const = 0;
     virtual void UseRegression(bool use) = 0;
+
+    /// Languages that there are texts in.
+    virtual std::vector<std::string> Languages() const = 0;
+    /// From the next start on; empty for the system's.
+    virtual std::string Language() const = 0;
+    virtual void ChooseLanguage(const std::string& language) = 0;
 
     virtual void ShowManual() = 0;
     virtual void ShowLog() = 0;

@@ -22,11 +22,15 @@ std::string FullPath(const std::string& path) {
 
 Document::Document(const std::string& path, const GenericGUI& gui)
     : path_(FullPath(path)), recording_(signal::OpenRecording(path_)),
-      events_(std::make_unique<EventEditor>(*recording_)),
+      events_(std::make_unique<EventEditor>(*recording_)), usualEvents_(events_->GetFile()),
       analyses_(std::make_unique<SpectraMgr>(recording_.get(), &gui)),
       marks_(std::make_unique<KeptMarks>(*recording_)) {}
 
 Document::~Document() = default;
+
+std::string Document::EventsElsewhere() const {
+    return events_->GetFile() != usualEvents_ ? events_->GetFile() : std::string();
+}
 
 const std::vector<std::string>& Document::Repairs() const {
     return recording_->GetRecording()->Repairs();

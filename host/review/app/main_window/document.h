@@ -29,6 +29,8 @@ public:
     const std::string& Path() const { return path_; }
     EEGFileInfoType& Recording() const { return *recording_; }
     EventEditor& Events() const { return *events_; }
+    /// The user's table of events when it is not the one that belongs to the recording, else empty.
+    std::string EventsElsewhere() const;
     SpectraMgr& Analyses() const { return *analyses_; }
     /// Of bad channels.
     KeptMarks& Marks() const { return *marks_; }
@@ -39,6 +41,7 @@ private:
     std::string path_;
     std::unique_ptr<EEGFileInfoType> recording_;
     std::unique_ptr<EventEditor> events_;
+    std::string usualEvents_; ///< the recording's table
     std::unique_ptr<SpectraMgr> analyses_;
     std::unique_ptr<KeptMarks> marks_;
 };

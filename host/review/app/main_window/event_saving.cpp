@@ -42,12 +42,16 @@ QString Cancel() {
     return HostQText("cancel", "&Cancel");
 }
 
+std::string Filter() {
+    return HostText("eventsTables", "Events tables") + "|*.tsv";
+}
+
 /// \return true when the events were saved elsewhere
 bool SaveElsewhere(HWND parent, EventEditor& events) {
     const FilePath file(events.GetFile());
     const std::optional<std::string> chosen = owl::CurrentModalGateway().AskFileToSave(
         parent, {.title = HostText("eventsElsewhere", "Save Events As"),
-                 .filter = HostText("eventsTables", "Events tables") + "|*.tsv",
+                 .filter = Filter(),
                  .extension = "tsv",
                  .folder = file.GetFolder(),
                  .name = file.GetFile() + ".tsv"});
@@ -57,12 +61,12 @@ bool SaveElsewhere(HWND parent, EventEditor& events) {
     return chosen.has_value();
 }
 
-/// Takes what the other program wrote; the changes here are lost.
+/// Takes the events of a table; the changes here are lost.
 /// \return false when the table makes no sense, after a message
-bool LoadTheirs(EventEditor& events) {
+bool Load(EventEditor& events, const std::string& file) {
     try {
         std::string repairs;
-        for (const std::string& repair : events.Load(events.GetFile())) {
+        for (const std::string& repair : events.Load(file)) {
             repairs += (repairs.empty() ? "" : "\n") + repair;
         }
         if (!repairs.empty()) {
@@ -102,7 +106,7 @@ Next TrySave(HWND parent, EventEditor& events, Next how) {
             return SaveElsewhere(parent, events) ? Next::Done : Next::GivenUp;
         }
         if (how == Next::Load) {
-            return LoadTheirs(events) ? Next::Done : Next::GivenUp;
+            return Load(events, events.GetFile()) ? Next::Done : Next::GivenUp;
         }
         events.Save(how == Next::Overwrite ? EventEditor::Existing::Overwrite : EventEditor::Existing::Keep);
         return Next::Done;
@@ -122,14 +126,36 @@ bool SaveUnasked(EventEditor& events) {
     return true;
 }
 
-} // namespace
-
-bool SaveEvents(HWND parent, EventEditor& events) {
-    Next next = Next::Again;
+bool SaveUntilDone(HWND parent, EventEditor& events, Next next) {
     while (next != Next::Done && next != Next::GivenUp) {
         next = TrySave(parent, events, next);
     }
     return next == Next::Done;
+}
+
+} // namespace
+
+bool SaveEvents(HWND parent, EventEditor& events) {
+    return SaveUntilDone(parent, events, Next::Again);
+}
+
+bool SaveEventsAs(HWND parent, EventEditor& events) {
+    return SaveUntilDone(parent, events, Next::Elsewhere);
+}
+
+void OpenEvents(HWND parent, EventEditor& events) {
+    if (!AskToSaveEvents(parent, events)) {
+        return;
+    }
+    const auto chosen =
+        owl::CurrentModalGateway().AskFileToOpen(parent, {.title = HostText("eventsOpen", "Open Events"),
+                                                          .filter = Filter(),
+                                                          .extension = {},
+                                                          .folder = FilePath(events.GetFile()).GetFolder(),
+                                                          .name = {}});
+    if (chosen) {
+        Load(events, *chosen);
+    }
 }
 
 bool AskToSaveEvents(HWND parent, EventEditor& events) {

@@ -13,6 +13,13 @@ class EventEditor;
 /// \return whether the events are in a file now
 bool SaveEvents(HWND parent, EventEditor& events);
 
+/// Asks for another table, which the events are kept in from then on. \return whether they are in it now
+bool SaveEventsAs(HWND parent, EventEditor& events);
+
+/// Asks what becomes of changes, then for another table, whose events take the place of the user's and are
+/// kept there from then on. What was repaired in it, or why it is refused, is told.
+void OpenEvents(HWND parent, EventEditor& events);
+
 /// Asks what becomes of changes that are not saved. When the program is interrupted they are saved.
 /// \return false when the user wants to go on with them
 bool AskToSaveEvents(HWND parent, EventEditor& events);

@@ -3,6 +3,7 @@
 
 #include "host/review/app/main_window/host_text.h"
 #include "host/review/app/main_window/log.h"
+#include "host/review/app/main_window/manual_window.h"
 #include "host/review/app/module_library.h"
 #include "host/toolkit/icon.h"
 #include "host/toolkit/modal_gateway.h"
@@ -12,7 +13,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 namespace orvanta::review {
@@ -37,7 +37,7 @@ QDialog* HelpWindow(QWidget& parent, const QString& title, QWidget* content) {
 }
 
 /// Installed, or in the source tree that the program was built in; empty when it is in neither.
-QString ManualPage() {
+QString FirstPage() {
     QDir folder(QString::fromStdString(LibraryFolder()));
     do {
         for (const char* page : {"share/doc/orvanta/manual/README.md", "docs/manual/README.md"}) {
@@ -52,16 +52,14 @@ QString ManualPage() {
 } // namespace
 
 void ShowManual(QWidget& parent) {
-    const QString page = ManualPage();
+    const QString page = FirstPage();
     if (page.isEmpty()) {
         owl::CurrentModalGateway().ShowMessage(
             HWND(&parent), HostText("manualMissing", "The manual is not installed with the program."),
             HostText("warning", "Warning"), owl::kMbOk | owl::kMbIconExclamation);
         return;
     }
-    auto* text = new QTextBrowser;
-    text->setSource(QUrl::fromLocalFile(page), QTextDocument::MarkdownResource);
-    HelpWindow(parent, HostQText("manualTitle", "Manual"), text)->show();
+    (new ManualWindow(&parent, page))->show();
 }
 
 void ShowLog(QWidget& parent) {

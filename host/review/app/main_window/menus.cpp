@@ -4,6 +4,7 @@
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/commands.h"
 #include "host/review/app/main_window/host_text.h"
+#include "host/review/app/main_window/language.h"
 #include "host/toolkit/event_guard.h"
 
 #include <QActionGroup>
@@ -71,6 +72,7 @@ Menus::Menus(QMenuBar& bar, Commands& commands) : bar_(bar), commands_(commands)
     AddAnalysis();
     AddMontage();
     AddTools();
+    AddWindow();
     AddHelp();
     Update();
 }
@@ -86,6 +88,10 @@ void Menus::AddFile() {
     menu.addSeparator();
     save_ = Add(menu, Caption{"fileSaveEvents", "&Save Events"}, QKeySequence::Save,
                 [this] { commands_.SaveEvents(); });
+    saveEventsAs_ = Add(menu, Caption{"fileSaveEventsAs", "Save Events &As..."}, {},
+                        [this] { commands_.SaveEventsAs(); });
+    openEvents_ =
+        Add(menu, Caption{"fileOpenEvents", "Open E&vents..."}, {}, [this] { commands_.OpenEvents(); });
     menu.addSeparator();
     savePicture_ = Add(menu, Caption{"fileSavePicture", "Save P&icture..."},
                        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { commands_.SavePicture(); });
@@ -146,19 +152,46 @@ void Menus::AddView() {
         });
     }
     menu.addSeparator();
+    sideBar_ = Add(menu, Caption{"viewSideBar", "Si&de Bar"}, kPanelKey,
+                   [this] { commands_.ShowSideBar(!commands_.IsSideBarShown()); });
+    sideBar_->setCheckable(true);
+    events_ = Add(menu, Caption{"viewEvents", "&Events"}, QKeySequence(Qt::CTRL | Qt::Key_E), [] {});
+    events_->setCheckable(true);
+    QObject::connect(events_, &QAction::triggered, &menu,
+                     [this] { commands_.ShowEvents(!commands_.ShowsEvents()); });
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
+}
+
+void Menus::AddWindow() {
+    QMenu& menu = *AddMenu(bar_, Caption{"menuWindow", "&Window"});
+    auto* active = new QActionGroup(&menu);
+    active->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    struct View {
+        ViewKind kind;
+        Caption caption;
+        Qt::Key key;
+    };
+    for (const View& view : {View{ViewKind::Traces, Caption{"windowTraces", "&Traces"}, Qt::Key_1},
+                             View{ViewKind::Spectrum, Caption{"windowSpectrum", "&Spectrum"}, Qt::Key_2},
+                             View{ViewKind::Maps, Caption{"windowMaps", "Spectral &Maps"}, Qt::Key_3},
+                             View{ViewKind::Heads, Caption{"windowHeads", "&3D Spectral Maps"}, Qt::Key_4}}) {
+        QAction* action = Add(menu, view.caption, QKeySequence(Qt::CTRL | view.key),
+                              [this, kind = view.kind] { commands_.Activate(kind); });
+        action->setCheckable(true);
+        active->addAction(action);
+        views_.emplace_back(view.kind, action);
+    }
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
+    menu.addSeparator();
     fill_ = Add(menu, Caption{"viewFillWindow", "&Fill Window with Active View"}, kFillKey,
                 [this] { commands_.FillOrShowAll(); });
     fill_->setCheckable(true);
     showAll_ = Add(menu, Caption{"viewShowAll", "Sho&w All Views"}, Qt::Key_Escape,
                    [this] { commands_.FillOrShowAll(); });
-    sideBar_ = Add(menu, Caption{"viewSideBar", "Si&de Bar"}, kPanelKey,
-                   [this] { commands_.ShowSideBar(!commands_.IsSideBarShown()); });
-    sideBar_->setCheckable(true);
     nextPane_ =
         Add(menu, Caption{"viewNextPane", "&Next Pane"}, Qt::Key_F6, [this] { commands_.GoToPane(true); });
     previousPane_ = Add(menu, Caption{"viewPreviousPane", "&Previous Pane"}, Qt::SHIFT | Qt::Key_F6,
                         [this] { commands_.GoToPane(false); });
-    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
     menu.addSeparator();
     struct Place {
         Arrangement arrangement;
@@ -166,9 +199,9 @@ void Menus::AddView() {
     };
     auto* group = new QActionGroup(&menu);
     for (const Place& place :
-         {Place{Arrangement::TracesAbove, Caption{"viewTracesAbove", "Traces &Above"}},
-          Place{Arrangement::TracesBeside, Caption{"viewTracesBeside", "Traces on the &Left"}},
-          Place{Arrangement::Rows, Caption{"viewRows", "Each &Below the Other"}}}) {
+         {Place{Arrangement::TracesAbove, Caption{"windowTracesAbove", "Traces &Above"}},
+          Place{Arrangement::TracesBeside, Caption{"windowTracesBeside", "Traces on the &Left"}},
+          Place{Arrangement::Rows, Caption{"windowRows", "Each &Below the Other"}}}) {
         QAction* action =
             Add(menu, place.caption, {}, [this, to = place.arrangement] { commands_.Arrange(to); });
         action->setCheckable(true);
@@ -216,11 +249,32 @@ void Menus::FillMontages() {
 void Menus::AddTools() {
     QMenu& menu = *AddMenu(bar_, Caption{"menuTools", "&Tools"});
     macros_ = Add(menu, Caption{"toolsMacros", "&Macros..."}, {}, [this] { commands_.EditMacros(); });
+    AddLanguages(menu);
     regression_ = Add(menu, Caption{"toolsRegression", "&Regression of Contrast Values"}, {}, [] {});
     regression_->setCheckable(true);
     QObject::connect(regression_, &QAction::triggered, &menu,
                      [this] { commands_.UseRegression(!commands_.UsesRegression()); });
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this] { Update(); });
+}
+
+void Menus::AddLanguages(QMenu& tools) {
+    QMenu& menu = *tools.addMenu(HostQText("toolsLanguage", "&Language"));
+    menu.setObjectName("toolsLanguage");
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this, &menu] {
+        menu.clear();
+        auto* group = new QActionGroup(&menu);
+        const auto add = [&](const QString& caption, const std::string& language) {
+            QAction* action =
+                menu.addAction(caption, &menu, [this, language] { commands_.ChooseLanguage(language); });
+            action->setCheckable(true);
+            action->setChecked(language == commands_.Language());
+            group->addAction(action);
+        };
+        add(HostQText("languageSystem", "As the &System"), {});
+        for (const std::string& language : commands_.Languages()) {
+            add(LanguageName(language), language);
+        }
+    });
 }
 
 void Menus::AddHelp() {
@@ -241,7 +295,15 @@ void Menus::Update() {
     for (QAction* pane : {nextPane_, previousPane_}) {
         pane->setEnabled(commands_.HasDocument());
     }
+    events_->setEnabled(commands_.HasDocument());
+    events_->setChecked(commands_.ShowsEvents());
+    for (const auto& [kind, action] : views_) {
+        action->setEnabled(commands_.IsShown(kind));
+        action->setChecked(commands_.IsActive(kind));
+    }
     close_->setEnabled(commands_.HasDocument());
+    saveEventsAs_->setEnabled(commands_.HasDocument());
+    openEvents_->setEnabled(commands_.HasDocument());
     save_->setEnabled(commands_.HasChangedEvents());
     for (QAction* picture : {savePicture_, copyPicture_, print_}) {
         picture->setEnabled(commands_.HasActiveView());

@@ -2,7 +2,12 @@
 // The application's menus.
 #pragma once
 
+#include "host/review/app/main_window/view_area.h"
+
 #include <QPointer>
+
+#include <utility>
+#include <vector>
 
 class QAction;
 class QMenu;
@@ -32,6 +37,8 @@ private:
     void AddAnalysis();
     void AddMontage();
     void AddTools();
+    void AddLanguages(QMenu& tools);
+    void AddWindow();
     void AddHelp();
     void FillRecent();
     void FillMontages();
@@ -42,9 +49,12 @@ private:
     QMenu* montage_ = nullptr;
     QAction* beforeChild_ = nullptr; ///< the view's menu stands before it
     QPointer<QAction> child_;
-    QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr;
     QAction *fill_ = nullptr, *showAll_ = nullptr, *sideBar_ = nullptr, *nextPane_ = nullptr,
             *previousPane_ = nullptr;
+    QAction* events_ = nullptr;
+    std::vector<std::pair<ViewKind, QAction*>> views_; ///< which one is active
+    QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr, *saveEventsAs_ = nullptr,
+            *openEvents_ = nullptr;
     QAction *savePicture_ = nullptr, *print_ = nullptr, *copyPicture_ = nullptr;
     QAction *close_ = nullptr, *newAnalysis_ = nullptr, *recompute_ = nullptr, *regression_ = nullptr,
             *macros_ = nullptr;

@@ -4,13 +4,21 @@
 #include "host/platform/user_folders.h"
 #include "host/review/app/application.h"
 #include "host/review/app/host_strings.h"
+#include "host/review/app/main_window/language.h"
 #include "host/review/app/main_window/log.h"
+#include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/starter_macros.h"
+#include "host/review/app/main_window/stored_macro.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
+#include "host/review/cli/output.h"
 #include "host/toolkit/message_module.h"
 
+#include <QEventLoop>
+#include <QScreen>
+
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -29,25 +37,78 @@ std::unique_ptr<ModuleLibrary> LoadModule(std::string& problem) {
     }
 }
 
+/// \return the language that the texts are in this time; empty for the system's
+std::string LanguageOf(const ReviewRequest& request, const std::string& settingsFile) {
+    return !request.language.empty() ? request.language : StoredLanguage(settingsFile);
+}
+
+/// \throws cli::UsageError
+void CheckLanguage(const std::string& language) {
+    const std::vector<std::string> known = TextLanguages();
+    if (language.empty() || known.empty() || std::ranges::count(known, language) > 0) {
+        return;
+    }
+    std::string names;
+    for (const std::string& name : known) {
+        names += (names.empty() ? "" : ", ") + name;
+    }
+    throw cli::UsageError("language \"" + language + "\": there are no texts in it (there are: " + names +
+                          ')');
+}
+
+/// Lets everything be computed and shown. What follows from work that took longer than a round comes in the
+/// next one.
+void LetItFinish() {
+    constexpr int kRounds = 3;
+    constexpr int kRound = 600; // ms
+    for (int round = 0; round < kRounds; ++round) {
+        QEventLoop loop;
+        QTimer::singleShot(kRound, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
+/// \throws cli::UsageError
+void Paint(Workbench& workbench, const ReviewRequest& request) {
+    workbench.Start(request.file);
+    workbench.Window().showNormal(); // a small screen is filled, less a frame
+    workbench.Window().resize(workbench.Window().screen()->availableSize());
+    LetItFinish();
+    if (!workbench.Window().grab().save(QString::fromStdString(request.picture), "PNG")) {
+        throw cli::UsageError(request.picture + ": cannot be written (choose another file or folder)");
+    }
+    cli::WriteOutput("-", "written " + request.picture + ": the window\n");
+}
+
 } // namespace
 
 int RunReview(const ReviewRequest& request) {
-    Application application(Screen::Required);
+    const bool painted = !request.picture.empty();
+    Application application(painted ? Screen::None : Screen::Required);
     const Log log(request.log);
     application.SetStyle(request.style);
     Workbench::Setup setup;
-    if (!request.safeMode) {
+    if (!request.safeMode && !painted) {
         setup.settingsFile = platform::DefaultSettingsFile();
     }
     setup.dataFolder = platform::DefaultDataFolder();
-    setup.savesEvents = true;
+    setup.savesEvents = !painted;
+    application.SetTextLanguage(LanguageOf(request, setup.settingsFile));
     const std::unique_ptr<ModuleLibrary> module = LoadModule(setup.moduleProblem);
     if (module != nullptr) {
         setup.bridge = &module->Bridge();
     }
+    CheckLanguage(request.language);
     InstallStarterMacros(setup.dataFolder + "MACRO/", PModule::Named("Orvanta"));
+    if (!request.macro.empty()) {
+        setup.macro = FindMacro(request.macro, setup.dataFolder + "MACRO/");
+    }
     SupplyHostStrings(PModule::Named("Orvanta"));
     Workbench workbench(setup);
+    if (painted) {
+        Paint(workbench, request);
+        return cli::kDone;
+    }
     workbench.Start(request.file);
     QApplication::exec();
     return cli::kDone;

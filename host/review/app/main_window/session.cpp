@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/session.h"
 
+#include "host/review/app/events/event_editor.h"
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/kept_marks.h"
 #include "host/spectral_data/settings/macro_file.h"
@@ -44,6 +45,17 @@ void RestoreMontage(const std::string& name, EEGFileInfoType& recording) {
     }
 }
 
+std::vector<std::string> RestoreEvents(const std::string& file, EventEditor& events) {
+    if (file.empty()) {
+        return {};
+    }
+    try {
+        return events.Load(file);
+    } catch (const std::runtime_error& error) {
+        return {error.what()};
+    }
+}
+
 SpectMacroResult* At(const std::vector<SpectMacroResult*>& made, std::optional<std::size_t> place) {
     return place && *place < made.size() ? made[*place] : nullptr;
 }
@@ -58,6 +70,7 @@ Session SessionOf(const Document& document) {
         session.position =
             static_cast<double>(cursor.GetSample(cursor.GetStartRecTime(), Sample::Mode::Memory, 0)) / rate;
     }
+    session.events = document.EventsElsewhere();
     session.montage = recording.GetTraceInfo()->GetMtg().GetName();
     session.marks = document.Marks().Unsaved();
     const SpectraMgr& manager = document.Analyses();
@@ -70,7 +83,8 @@ Session SessionOf(const Document& document) {
     return session;
 }
 
-void Restore(const Session& session, Document& document, const GenericGUI& gui) {
+std::vector<std::string> Restore(const Session& session, Document& document, const GenericGUI& gui) {
+    std::vector<std::string> remarks = RestoreEvents(session.events, document.Events());
     EEGFileInfoType& recording = document.Recording();
     signal::MarkChannels(recording, session.marks);
     RestoreMontage(session.montage, recording);
@@ -94,6 +108,7 @@ void Restore(const Session& session, Document& document, const GenericGUI& gui) 
     if (SpectMacroResult* secondary = At(made, session.secondary)) {
         manager.SetSecondary(secondary);
     }
+    return remarks;
 }
 
 } // namespace orvanta::review

@@ -23,9 +23,10 @@ struct SavedAnalysis {
     bool operator==(const SavedAnalysis&) const = default;
 };
 
-/// Place, montage and analyses of one recording.
+/// Place, events table, montage and analyses of one recording.
 struct Session {
     double position = 0; ///< seconds since the recording's first sample
+    std::string events;  ///< table that the user keeps elsewhere; empty for the recording's
     std::string montage;
     std::vector<SavedAnalysis> analyses;
     std::optional<std::size_t> main, secondary; ///< among them
@@ -37,9 +38,10 @@ struct Session {
 };
 
 Session SessionOf(const Document& document);
-/// Makes the analyses, not computed, and goes to montage and place. What no longer fits the recording is left
-/// out. \param gui must outlive the document
-void Restore(const Session& session, Document& document, const GenericGUI& gui);
+/// Loads the events, makes the analyses, not computed, and goes to montage and place. What no longer fits the
+/// recording is left out. \param gui must outlive the document
+/// \return what is worth knowing about the events, a sentence each
+std::vector<std::string> Restore(const Session& session, Document& document, const GenericGUI& gui);
 
 /// The file of a recording's session. \param folder with trailing separator
 std::string SessionFile(const std::string& folder, const std::string& recording);

@@ -60,6 +60,7 @@ std::optional<Session> LoadSession(const std::string& file) {
     }
     Session session;
     session.position = root["position"].toDouble();
+    session.events = Text(root["events"]);
     session.montage = Text(root["montage"]);
     for (const auto& element : analyses) {
         const QJsonValue value = element;
@@ -86,6 +87,7 @@ void SaveSession(const std::string& file, const Session& session) {
     }
     const QJsonObject root{{"version", kVersion},
                            {"position", session.position},
+                           {"events", Text(session.events)},
                            {"montage", Text(session.montage)},
                            {"analyses", analyses},
                            {"main", Number(session.main)},

@@ -2,10 +2,12 @@
 // How recordings are opened, switched and closed.
 #include "host/review/app/main_window/workbench.h"
 
+#include "host/chart_view/the_child.h"
 #include "host/review/app/events/event_autosave.h"
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/main_window/action_listener.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/event_dock.h"
 #include "host/review/app/main_window/event_saving.h"
 #include "host/review/app/main_window/host_text.h"
 #include "host/review/app/main_window/kept_marks.h"
@@ -87,8 +89,11 @@ Workbench::Workbench(Setup setup)
     middle_->SetWelcome(*new WelcomePage(*this, middle_));
     views_ = std::make_unique<OpenViews>(*middle_, setup_.bridge);
     menus_ = std::make_unique<Menus>(*shell_->menuBar(), *this);
+    eventList_ = new EventDock(shell_.get(), platform_);
+    shell_->addDockWidget(Qt::RightDockWidgetArea, eventList_);
     middle_->Views().RestoreLayout(ReadText(platform_, kLayout));
     shell_->Restore(platform_);
+    eventList_->hide(); // until there are events
     middle_->ShowWelcome(true);
     if (!setup_.moduleProblem.empty()) {
         middle_->Problem().Tell(HostQText("noModule", "Only traces can be shown"),
@@ -109,6 +114,7 @@ Workbench::~Workbench() {
     statePoll_.stop();
     StoreSession();
     views_->CloseAll();
+    eventList_->Close();
     SPECT::GetGlobals().SaveInfo(&platform_);
     menus_.reset();
     views_.reset();
@@ -165,7 +171,7 @@ bool Workbench::Load(const std::string& path) {
     Unload();
     document_ = std::move(opened);
     toldOfMarks_ = false;
-    const std::vector<std::string> remarks = OfferMontages();
+    std::vector<std::string> remarks = OfferMontages();
     eventsChanged_ = std::make_unique<ActionListener>("Workbench", document_->Events().GetChangedFlag(),
                                                       [this] { EventsChanged(); });
     montageChanged_ = std::make_unique<ActionListener>("Workbench", document_->Recording().GetMontageFlag(),
@@ -177,14 +183,19 @@ bool Workbench::Load(const std::string& path) {
     maps_ = ViewKind::Maps;
     if (KeepsSessions()) {
         if (const std::optional<Session> session = LoadSession(SessionPath(document_->Path()))) {
-            Restore(*session, *document_, gui_);
+            const std::vector<std::string> more = Restore(*session, *document_, gui_);
+            remarks.insert(remarks.end(), more.begin(), more.end());
             maps_ = session->heads ? ViewKind::Heads : ViewKind::Maps;
             toldOfMarks_ = !session->marks.empty();
         }
     }
+    MakeFirstAnalysis();
     montage_ = document_->Recording().GetTraceInfo()->GetMtg().GetName();
     middle_->Repairs().Tell(HostQText("repairs", "About this recording"), Lines(remarks));
     middle_->ShowWelcome(false);
+    eventList_->Open(document_->Events(), [this](const XTimeInterval& interval) {
+        middle_->PointAtTime(*interval.GetBeginPtr());
+    });
     OpenWantedViews();
     views_->Focus();
     Follow();
@@ -197,6 +208,14 @@ bool Workbench::Load(const std::string& path) {
         },
         Qt::QueuedConnection);
     return true;
+}
+
+void Workbench::MakeFirstAnalysis() {
+    SpectraMgr& analyses = document_->Analyses();
+    if (setup_.macro && CanAnalyse() && analyses.Size() == 0) {
+        analyses.push_back(new SpectMacroResult(*setup_.macro, &document_->Recording(), &gui_));
+        analyses.SetMain(*analyses.begin());
+    }
 }
 
 void Workbench::RefreshAnalyses() {
@@ -224,6 +243,7 @@ void Workbench::Unload() {
         WriteText(platform_, kLayout, middle_->Views().Layout());
     }
     views_->CloseAll();
+    eventList_->Close();
     eventsChanged_.reset();
     autosave_.reset();
     montageChanged_.reset();
@@ -302,6 +322,34 @@ void Workbench::Show(ViewKind kind, bool show) {
         hidden = show ? hidden & ~Bit(kind) : hidden | Bit(kind);
         platform_.GetUser()->PutInt(kHostSection, kHidden, static_cast<int>(hidden));
     });
+}
+
+bool Workbench::IsActive(ViewKind kind) const {
+    return IsShown(kind) && middle_->GetActiveChild() == middle_->Views().ViewOf(kind);
+}
+
+void Workbench::Activate(ViewKind kind) {
+    if (IsShown(kind) && !gui_.IsBusy()) {
+        ViewArea& views = middle_->Views();
+        TheChild& view = *views.ViewOf(kind);
+        if (views.IsFilled() && !view.isVisible()) {
+            views.ShowAll();
+        }
+        view.SetFocus();
+    }
+}
+
+bool Workbench::ShowsEvents() const {
+    return document_ != nullptr && eventList_->IsWanted();
+}
+
+void Workbench::ShowEvents(bool show) {
+    if (document_ != nullptr) {
+        eventList_->Want(show);
+        if (!show) {
+            views_->Focus();
+        }
+    }
 }
 
 Arrangement Workbench::GetArrangement() const {
@@ -434,6 +482,7 @@ bool Workbench::MayClose() {
         WriteText(platform_, kLayout, middle_->Views().Layout());
     }
     shell_->Store(platform_);
+    eventList_->Store();
     platform_.SaveSettings();
     return true;
 }

@@ -9,10 +9,13 @@
 #include "host/review/app/main_window/recent_files.h"
 #include "host/review/app/main_window/work_gui.h"
 
+#include "spectra_contract/spectra_macro.h"
+
 #include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace orvanta::review {
@@ -20,6 +23,7 @@ namespace orvanta::review {
 class ActionListener;
 class Document;
 class EventAutosave;
+class EventDock;
 class MainWindow;
 class Menus;
 class ModuleBridge;
@@ -32,9 +36,10 @@ public:
     struct Setup {
         std::string settingsFile; ///< empty: settings live in memory, and no session is read or kept
         std::string dataFolder;
-        ModuleBridge* bridge = nullptr; ///< null without the module
-        std::string moduleProblem;      ///< why there is none
-        bool savesEvents = false;       ///< a moment after they changed, unasked
+        ModuleBridge* bridge = nullptr;         ///< null without the module
+        std::string moduleProblem;              ///< why there is none
+        bool savesEvents = false;               ///< a moment after they changed, unasked
+        std::optional<SpectraMacro> macro = {}; ///< of the first analysis of a recording that has none
     };
 
     explicit Workbench(Setup setup);
@@ -69,6 +74,10 @@ public:
     bool IsSideBarShown() const override;
     void ShowSideBar(bool show) override;
     void GoToPane(bool next) override;
+    bool IsActive(ViewKind kind) const override;
+    void Activate(ViewKind kind) override;
+    bool ShowsEvents() const override;
+    void ShowEvents(bool show) override;
     Arrangement GetArrangement() const override;
     void Arrange(Arrangement arrangement) override;
 
@@ -82,6 +91,8 @@ public:
     void Redo() override;
     bool HasChangedEvents() const override;
     void SaveEvents() override;
+    void SaveEventsAs() override;
+    void OpenEvents() override;
 
     bool HasActiveView() const override;
     void SavePicture() override;
@@ -97,6 +108,10 @@ public:
     void EditMacros() override;
     bool UsesRegression() const override;
     void UseRegression(bool use) override;
+
+    std::vector<std::string> Languages() const override;
+    std::string Language() const override;
+    void ChooseLanguage(const std::string& language) override;
 
     void ShowManual() override;
     void ShowLog() override;
@@ -133,6 +148,8 @@ private:
     /// Nothing without an active view, or while something is computed.
     void TakePicture(const std::function<void(const ViewToShow&)>& take);
     void RefreshAnalyses();
+    /// Gives a recording that has no analysis its first one, not computed.
+    void MakeFirstAnalysis();
 
     Setup setup_;
     WorkGui gui_;
@@ -147,7 +164,8 @@ private:
     bool toldOfMarks_ = false;                ///< that those of the document cannot be written
     std::unique_ptr<EventAutosave> autosave_; ///< of the document's events; null where it is not wanted
     std::unique_ptr<Shell> shell_;
-    MainWindow* middle_; ///< of the shell
+    MainWindow* middle_;   ///< of the shell
+    EventDock* eventList_; ///< of the shell
     std::unique_ptr<OpenViews> views_;
     std::unique_ptr<Menus> menus_;
     QTimer statePoll_; ///< nobody tells when cursor, montage and analyses change

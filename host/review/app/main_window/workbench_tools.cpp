@@ -5,6 +5,8 @@
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/event_saving.h"
 #include "host/review/app/main_window/help.h"
+#include "host/review/app/main_window/host_text.h"
+#include "host/review/app/main_window/language.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/main_window/menus.h"
 #include "host/review/app/main_window/shell.h"
@@ -12,6 +14,7 @@
 #include "host/review/app/module_bridge.h"
 #include "host/review/app/montage/average_electrodes.h"
 #include "host/review/app/montage/montage_editor.h"
+#include "host/toolkit/modal_gateway.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -94,6 +97,18 @@ void Workbench::SaveEvents() {
     }
 }
 
+void Workbench::SaveEventsAs() {
+    if (document_ != nullptr) {
+        review::SaveEventsAs(HWND(shell_.get()), document_->Events());
+    }
+}
+
+void Workbench::OpenEvents() {
+    if (document_ != nullptr && !gui_.IsBusy()) {
+        review::OpenEvents(HWND(shell_.get()), document_->Events());
+    }
+}
+
 std::vector<std::string> Workbench::MontageNames() const {
     std::vector<std::string> names;
     if (document_ != nullptr) {
@@ -158,6 +173,24 @@ void Workbench::EditMacros() {
     }
     SpectraMacro macro;
     setup_.bridge->SelectMacro(HWND(shell_.get()), macro, events, sensors, kModeEdit, platform_);
+}
+
+std::vector<std::string> Workbench::Languages() const {
+    return TextLanguages();
+}
+
+std::string Workbench::Language() const {
+    return StoredLanguage(platform_);
+}
+
+void Workbench::ChooseLanguage(const std::string& language) {
+    if (language != Language()) {
+        StoreLanguage(platform_, language);
+        owl::CurrentModalGateway().ShowMessage(
+            HWND(shell_.get()),
+            HostText("languageNext", "The texts are in this language from the next start of Orvanta on."),
+            HostText("languageTitle", "Language"), owl::kMbOk);
+    }
 }
 
 void Workbench::ShowManual() {

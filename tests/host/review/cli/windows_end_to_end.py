@@ -88,6 +88,38 @@ class Window(WindowsTest):
                 self.assert_refused(self.orvanta(*arguments), r"^orvanta: no display: .*DISPLAY.* \(.+\)$")
 
 
+    def picture(self, name, *arguments):
+        path = self.folder / name
+        result = self.orvanta("review", self.demo, "--picture", path, *arguments)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(result.stdout, f"written {path}: the window\n")
+        return path
+
+    def test_a_picture_of_the_window_needs_no_display(self):
+        self.assertEqual(png_size(self.picture("w.png")), (1366, 768))
+        self.assertFalse((self.folder / "config").exists(), "the user's settings are left alone")
+
+    def test_the_macro_and_the_language_are_seen_in_the_window(self):
+        plain = self.picture("plain.png").read_bytes()
+        self.assertEqual(self.picture("again.png").read_bytes(), plain)
+        for arguments in (("--macro", "Resting eyes closed"), ("--macro", self.macro("m.smx")), ("--language", "de")):
+            with self.subTest(arguments=arguments):
+                self.assertNotEqual(self.picture("other.png", *arguments).read_bytes(), plain)
+
+    def test_an_unknown_macro_is_refused_with_those_that_there_are(self):
+        result = self.orvanta("review", self.demo, "--macro", "Sleep", "--picture", self.folder / "w.png")
+        self.assert_refused(result, r'^orvanta: macro "Sleep": there is no such file .*"Event-related".*"Sleep CSA"\)$')
+        self.assertFalse((self.folder / "w.png").exists())
+
+    def test_an_unknown_language_is_refused_with_those_that_there_are(self):
+        result = self.orvanta("review", self.demo, "--language", "tlh", "--picture", self.folder / "w.png")
+        self.assert_refused(result, r'^orvanta: language "tlh": there are no texts in it \(there are: de, en\)$')
+
+    def test_a_picture_that_cannot_be_written_is_refused(self):
+        result = self.orvanta("review", self.demo, "--picture", self.folder / "none" / "w.png")
+        self.assert_refused(result, r"w\.png: cannot be written \(.+\)$")
+
+
 class MissingParts(WindowsTest):
     def test_without_the_window_library_a_command_that_needs_windows_says_so(self):
         self.install(HOST_LIBRARIES)

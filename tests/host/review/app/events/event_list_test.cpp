@@ -6,7 +6,10 @@
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 
+#include <QAction>
 #include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QTest>
 #include <QTreeView>
 #include <gmock/gmock.h>
@@ -67,13 +70,13 @@ TEST_F(EventList, ListsAllEventsInTimeOrder) {
     EXPECT_EQ(Row(0), "10:20:31.000|1||blink|Spot|Mine");
     EXPECT_EQ(Row(1), "10:20:32.000|2||tone|Spot|Recording");
     EXPECT_EQ(Row(2), "10:20:34.000|4|2|eyes open|State|Mine");
-    EXPECT_EQ(form_.TextOf("lbCount"), "4 of 4 events, 0 selected");
+    EXPECT_EQ(form_.TextOf("lbCount"), "4 of 4, 0 selected");
 }
 
 TEST_F(EventList, FiltersByLabelAndKind) {
     form_.Types("edFilter", "BLINK");
     EXPECT_THAT(Labels(), ElementsAre("blink", "Blink"));
-    EXPECT_EQ(form_.TextOf("lbCount"), "2 of 4 events, 0 selected");
+    EXPECT_EQ(form_.TextOf("lbCount"), "2 of 4, 0 selected");
     form_.Types("edFilter", "");
     auto* kind = panel_.findChild<QComboBox*>("cbKind");
     const struct {
@@ -87,6 +90,48 @@ TEST_F(EventList, FiltersByLabelAndKind) {
         kind->setCurrentIndex(row.kind);
         EXPECT_EQ(Labels(), row.labels);
     }
+}
+
+TEST_F(EventList, SaysWhyItIsEmpty) {
+    EXPECT_FALSE(form_.IsVisible("lbHint"));
+    form_.Types("edFilter", "spike");
+    EXPECT_TRUE(form_.IsVisible("lbHint"));
+    EXPECT_EQ(form_.TextOf("lbHint"), "No event is of this label and kind.");
+}
+
+TEST_F(EventList, TellsHowToMarkTheFirstEvent) {
+    const test::TempFolder folder;
+    const auto none = signal::OpenRecording(folder.Write("none.edf", test::PlusEdf(10).Bytes()));
+    EventEditor editor(*none);
+    EventListPanel panel(nullptr, editor, {});
+    panel.show();
+    EXPECT_EQ(FormUser(panel).TextOf("lbHint"),
+              "No events yet. Drag over the traces, or press M where the mouse is, to mark one.");
+}
+
+TEST_F(EventList, ShowsTheColumnsThatTheUserChoseAndTheLabelsAlways) {
+    const QList<QAction*> columns = list_->header()->actions();
+    ASSERT_EQ(columns.size(), 5); // all but the label
+    for (QAction* column : columns) {
+        column->setChecked(false);
+    }
+    columns[4]->setChecked(true);
+    for (int column = 0; column < 6; ++column) {
+        EXPECT_EQ(list_->isColumnHidden(column), column != 3 && column != 5) << column;
+    }
+}
+
+TEST_F(EventList, CtrlFGoesToTheFilterAndEnterBackToTheList) {
+    auto* filter = panel_.findChild<QLineEdit*>("edFilter");
+    list_->activateWindow();
+    list_->setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel_));
+    QTest::keyClick(list_, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(filter->hasFocus());
+    QTest::keyClicks(filter, "eyes");
+    QTest::keyClick(filter, Qt::Key_Return);
+    EXPECT_TRUE(list_->hasFocus());
+    EXPECT_THAT(went_, IsEmpty());
 }
 
 TEST_F(EventList, SortsByEveryColumn) {

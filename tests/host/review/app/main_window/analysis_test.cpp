@@ -147,16 +147,18 @@ TEST_F(Analysing, ViewsAreClosedByTheirButtonAndOpenedInTheMenu) {
 
 TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
     Start();
-    EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Help"}));
+    EXPECT_EQ(MenuTitles(),
+              QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Window", "Help"}));
     bench->OpenFile(Demo());
     bench->Show(ViewKind::Spectrum, true);
     user.MeetsDialog([](QDialog& form) { form.reject(); }); // asks, since there is no analysis
     Spectrum().SetFocus();
     test::WaitUntilIdle();
-    EXPECT_EQ(MenuTitles(),
-              QStringList({"File", "Edit", "View", "Analysis", "Spectrum", "Montage", "Tools", "Help"}));
+    EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Spectrum", "Montage", "Tools",
+                                         "Window", "Help"}));
     bench->CloseFile();
-    EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Help"}));
+    EXPECT_EQ(MenuTitles(),
+              QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Window", "Help"}));
 }
 
 TEST_F(Analysing, TheRegressionPanelComesAndGoes) {

@@ -2,9 +2,12 @@
 #include "host/review/app/main_window/session.h"
 
 #include "host/chart_view/the_child.h"
+#include "host/review/app/events/event_editor.h"
+#include "host/review/app/main_window/notice_strip.h"
 #include "host/spectral_data/settings/macro_file.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
+#include <QLabel>
 #include <QTest>
 
 namespace {
@@ -19,6 +22,17 @@ protected:
         macro.SetOverlapPerc(overlap);
         EXPECT_EQ(macro.SaveAs(folder.Path(name)), 0);
         return macro;
+    }
+    /// Labels of the user's events.
+    std::vector<std::string> OwnLabels() const {
+        const review::EventEditor& editor = bench->Current()->Events();
+        std::vector<std::string> labels;
+        for (std::size_t i = 0; i < editor.Events().size(); ++i) {
+            if (editor.IsOwn(i)) {
+                labels.push_back(editor.Events()[i].Label);
+            }
+        }
+        return labels;
     }
     void LeaveAndComeBack(const std::string& file = {}) {
         Leave();
@@ -145,6 +159,43 @@ TEST_F(SessionOfTheWindow, ComputesNothingWhileNoViewOfAnalysesIsShown) {
     EXPECT_FALSE(Analyses().GetMain()->IsComputed());
 }
 
+TEST_F(SessionOfTheWindow, KeepsEventsWhereTheUserSavedThem) {
+    Start(Demo());
+    bench->Current()->Events().Add(
+        {"spike", EventClass::Spot, {XTime::FromSeconds(3), XTime::FromSeconds(3)}});
+    user.ChoosesFile(folder.Path("elsewhere/mine.tsv"));
+    folder.Write("elsewhere/readme", "");
+    Item("fileSaveEventsAs").trigger();
+    LeaveAndComeBack();
+    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("elsewhere/mine.tsv"));
+    EXPECT_EQ(OwnLabels(), std::vector<std::string>{"spike"});
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("demo_events.tsv")));
+}
+
+TEST_F(SessionOfTheWindow, TakesTheEventsOfAnotherTableAndKeepsItThen) {
+    Start(Demo());
+    user.ChoosesFile(folder.Write("theirs.tsv", "onset\tduration\ttrial_type\n5\t0\tseizure\n"));
+    Item("fileOpenEvents").trigger();
+    EXPECT_EQ(OwnLabels(), std::vector<std::string>{"seizure"});
+    LeaveAndComeBack();
+    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("theirs.tsv"));
+    EXPECT_EQ(OwnLabels(), std::vector<std::string>{"seizure"});
+}
+
+TEST_F(SessionOfTheWindow, SaysThatTheTableElsewhereIsGoneAndTakesTheRecordings) {
+    Start(Demo());
+    user.ChoosesFile(folder.Write("theirs.tsv", "onset\tduration\ttrial_type\n5\t0\tseizure\n"));
+    Item("fileOpenEvents").trigger();
+    Leave();
+    std::filesystem::remove(folder.Path("theirs.tsv"));
+    Start();
+    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("demo_events.tsv"));
+    EXPECT_EQ(OwnLabels(), std::vector<std::string>{});
+    const auto texts = bench->Middle().Repairs().findChildren<QLabel*>();
+    EXPECT_TRUE(
+        std::ranges::any_of(texts, [](const QLabel* label) { return label->text().contains("theirs.tsv"); }));
+}
+
 TEST_F(SessionOfTheWindow, RemembersEachRecordingByItself) {
     Start(Demo("a.edf"));
     AddAnalysis();
@@ -209,8 +260,9 @@ protected:
 };
 
 TEST_F(SessionFile, HoldsEverything) {
-    const review::Session session{12.5, "Längs \"quer\"",   {{"a.smx", "<x/>"}, {"", "<y/>"}}, 1, 0,
-                                  true, {{"EEG Fp1", true}}};
+    const review::Session session{
+        12.5, "/t/events.tsv",    "Längs \"quer\"", {{"a.smx", "<x/>"}, {"", "<y/>"}}, 1, 0,
+        true, {{"EEG Fp1", true}}};
     review::SaveSession(folder.Path("s.json"), session);
     EXPECT_EQ(review::LoadSession(folder.Path("s.json")), session);
 }
