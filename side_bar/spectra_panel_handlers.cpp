@@ -90,7 +90,7 @@ void TFormListenerSpectra1::ShowThresholdMeaning() {
         meaning =
             FillIn(SpectraText("ThresholdMeans", "%s stands for %s %"), {text(typed), text(100 * typed)});
     } else if (manager_ != nullptr) {
-        meaning = FillIn(SpectraText("ThresholdStays", "No number above 0 and up to 1: %s stays"),
+        meaning = FillIn(SpectraText("ThresholdStays", "No number up to 1: %s stays"),
                          {text(manager_->GetPThreshold())});
     }
     ui_->lbThresholdMeaning->setText(QString::fromStdString(meaning));

@@ -376,7 +376,7 @@ TEST_F(ThresholdBox, TellsWhatTheFractionIsInPercent) {
     User().Types("cbThreshold", "0.007");
     EXPECT_EQ(meaning(), "0.007 stands for 0.7 %");
     User().Types("cbThreshold", "5");
-    EXPECT_EQ(meaning(), "No number above 0 and up to 1: 0.007 stays");
+    EXPECT_EQ(meaning(), "No number up to 1: 0.007 stays");
     EXPECT_EQ(Get<QComboBox>("cbThreshold").accessibleDescription().toStdString(), meaning());
 }
 

@@ -188,7 +188,7 @@ std::string ToText(const EEGFileInfoType& recording, const OwnMontages& own) {
         text += "Gap: " + FixedText(gap["begin_s"], 3) + " s to " + FixedText(gap["end_s"], 3) + " s\n";
     }
     for (const std::string& repair : opened.Repairs()) {
-        text += "Repaired: " + repair + "\n";
+        text += "Note: " + repair + "\n";
     }
     return text;
 }

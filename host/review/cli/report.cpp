@@ -177,7 +177,7 @@ std::string Heading(const EEGFileInfoType& recording, const SpectMacroResult& an
             std::to_string(macro.GetOverlapPerc()) + " % overlap, " + macro.GetDSPWindowStr() +
             "; montage: " + analysis.GetMontage().GetName() + "\n";
     for (const std::string& repair : opened.Repairs()) {
-        text += "Repaired: " + repair + "\n";
+        text += "Note: " + repair + "\n";
     }
     return text;
 }

@@ -31,8 +31,8 @@ owl::TColor Strong(const QColor& color, const QColor& ground) {
         QColor::fromHslF(std::max(0.0F, hue), saturation, static_cast<float>(dark ? kOnDark : kOnLight)));
 }
 
-std::string Legend(const char* key, const char* text, const SpectMacroResult& analysis) {
-    return HostQText(key, text).arg(QString::fromStdString(analysis.GetName())).toStdString();
+std::string Legend(const QString& text, const SpectMacroResult& analysis) {
+    return text.arg(QString::fromStdString(analysis.GetName())).toStdString();
 }
 
 void AddShades(const SpectMacroResult& analysis, EEGFileInfoType& recording, const Shade& look,
@@ -79,7 +79,7 @@ std::vector<Shade> EpochShades(const SpectraMgr& manager, EEGFileInfoType& recor
         AddShades(*main, recording,
                   {{},
                    Strong(owl::ToQColor(main->GetMacro().Color), base),
-                   Legend("shadeOfMain", "Main analysis: %1", *main),
+                   Legend(HostQText("shadeOfMain", "Main analysis: %1"), *main),
                    false},
                   shades);
     }
@@ -89,7 +89,7 @@ std::vector<Shade> EpochShades(const SpectraMgr& manager, EEGFileInfoType& recor
         AddShades(*secondary, recording,
                   {{},
                    Strong(same ? QColor(kAmber) : owl::ToQColor(color), base),
-                   Legend("shadeOfSecondary", "Secondary analysis: %1", *secondary),
+                   Legend(HostQText("shadeOfSecondary", "Secondary analysis: %1"), *secondary),
                    true},
                   shades);
     }

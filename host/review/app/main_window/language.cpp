@@ -19,7 +19,7 @@ std::vector<std::string> TextLanguages() {
 }
 
 QString LanguageName(const std::string& language) {
-    const QString code = QString::fromStdString(language);
+    QString code = QString::fromStdString(language);
     const QLocale locale(code);
     // Without a region it is not that of one.
     QString name = locale.language() == QLocale::English && !code.contains('-')
