@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace orvanta::review {
 
@@ -57,8 +58,16 @@ void TraceView::Impl::AddEvent(const EventRecord& event) {
     SelectEvent(added);
 }
 
+XTime TraceView::Impl::MomentAt(double time) {
+    // A pixel tells no more.
+    constexpr double kPerSecond = 1e3;
+    const bool finer = Layout().SecondsPerPixel() * kPerSecond < 1;
+    const double rounded = finer ? time : std::round(time * kPerSecond) / kPerSecond;
+    return XTime::FromSeconds(std::clamp(rounded, 0.0, model.Total()));
+}
+
 void TraceView::Impl::OfferSpot(double time, const owl::TPoint& at) {
-    const XTime moment = XTime::FromSeconds(std::clamp(time, 0.0, model.Total()));
+    const XTime moment = MomentAt(time);
     CursorInput cursor;
     cursor.kind = CursorInput::Kind::Stretch;
     cursor.from = cursor.at = at;
@@ -68,8 +77,8 @@ void TraceView::Impl::OfferSpot(double time, const owl::TPoint& at) {
 
 void TraceView::Impl::OfferState(double begin, double end, const owl::TPoint& at) {
     const auto [first, last] = std::minmax(begin, end);
-    const XTime from = XTime::FromSeconds(std::clamp(first, 0.0, model.Total()));
-    const XTime to = XTime::FromSeconds(std::clamp(last, 0.0, model.Total()));
+    const XTime from = MomentAt(first);
+    const XTime to = MomentAt(last);
     if (from < to) {
         Offer({{}, EventClass::State, {from, to}}, at);
     }

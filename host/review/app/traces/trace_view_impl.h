@@ -92,6 +92,8 @@ struct TraceView::Impl {
     CursorInput StretchTo(const TraceLayout& layout, const owl::TPoint& point);
     /// Beside the mouse and in the message bar.
     void ReadOut(const CursorInput& cursor);
+    /// The page moved under the mouse; what was measured has gone with it.
+    void ReadOutAgain();
     void Click(const TraceLayout& layout, const owl::TPoint& point);
     void Press(const owl::TPoint& point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void Move(const owl::TPoint& point);
@@ -104,6 +106,8 @@ struct TraceView::Impl {
     // Events.
     /// Lets the user choose the label of an event that is to be added.
     void Offer(const EventRecord& event, const owl::TPoint& at);
+    /// Of an event that the mouse marks: whole milliseconds, unless a pixel is less.
+    XTime MomentAt(double time);
     void OfferSpot(double time, const owl::TPoint& at);
     void OfferState(double begin, double end, const owl::TPoint& at);
     void AddEvent(const EventRecord& event);

@@ -15,6 +15,9 @@ void TraceView::Impl::Show(const TraceWindow& window) {
     const bool moved = wanted.start != current.start;
     current = wanted;
     Refresh();
+    if (moved) {
+        ReadOutAgain();
+    }
     TraceCursorType& cursor = *recording.GetTraceCursor();
     if (moved && cursor.GetMemDataSR() > 0) {
         moving = true;
@@ -32,6 +35,7 @@ void TraceView::Impl::FollowCursor() {
     window.start = recording.GetTraceCursor()->GetStartRecTime()->Seconds();
     model.State().window = KeptInside(window, model.Total());
     Refresh();
+    ReadOutAgain();
 }
 
 void TraceView::Impl::MoveTo(double start) {

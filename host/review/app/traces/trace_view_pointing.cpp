@@ -78,6 +78,12 @@ void TraceView::Impl::ReadOut(const CursorInput& cursor) {
     }
 }
 
+void TraceView::Impl::ReadOutAgain() {
+    const CursorInput cursor = overlay->Cursor();
+    const bool follows = cursor.kind == CursorInput::Kind::Cursor;
+    ReadOut(follows ? CursorAt(Layout(), cursor.at) : CursorInput());
+}
+
 void TraceView::Impl::Click(const TraceLayout& layout, const owl::TPoint& point) {
     if (const EventTag* tag = TagAt(tags, layout, point);
         tag != nullptr && !tag->box.IsEmpty() && tag->box.Contains(point)) {

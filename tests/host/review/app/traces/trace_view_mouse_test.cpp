@@ -101,6 +101,22 @@ TEST_F(TraceViewMouse, CursorReadsTheLineUnderIt) {
     EXPECT_EQ(Cursor().kind, CursorInput::Kind::None);
 }
 
+TEST_F(TraceViewMouse, CursorReadsWhatThePageBringsUnderIt) {
+    Hover({172, 80});
+    ASSERT_EQ(Cursor().texts.back(), "00:00:02.00");
+    Press(Qt::Key_PageDown); // 10 s on
+    EXPECT_EQ(Cursor().texts.back(), "00:00:12.00");
+}
+
+TEST_F(TraceViewMouse, MarksWholeMilliseconds) {
+    Press(Qt::Key_M, Qt::ShiftModifier);
+    Click({174, 80}); // its middle is at 122.5 / 60 s
+    QMenu* labels = view->findChild<QMenu*>("EventLabels");
+    ASSERT_NE(labels, nullptr);
+    labels->actions().front()->trigger();
+    EXPECT_EQ(events.Events().front().Interval.GetBeginPtr()->Seconds(), 2.042);
+}
+
 TEST_F(TraceViewMouse, DragMeasuresInTheMeasuringMode) {
     Press(Qt::Key_R);
     Drag({112, 80}, {142, 90}); // half a second
