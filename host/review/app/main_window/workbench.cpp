@@ -112,7 +112,7 @@ Workbench::Workbench(Setup setup)
 
 Workbench::~Workbench() {
     statePoll_.stop();
-    StoreSession();
+    TryToStoreSession(); // a failure was told when the window was closed
     views_->CloseAll();
     eventList_->Close();
     SPECT::GetGlobals().SaveInfo(&platform_);
@@ -258,16 +258,23 @@ std::string Workbench::SessionPath(const std::string& recording) const {
     return SessionFile(platform_.GetAppFolder("sessions"), recording);
 }
 
-void Workbench::StoreSession() {
+std::string Workbench::TryToStoreSession() {
     if (document_ == nullptr || !KeepsSessions()) {
-        return;
+        return {};
     }
     try {
         Session session = SessionOf(*document_);
         session.heads = maps_ == ViewKind::Heads;
         SaveSession(SessionPath(document_->Path()), session);
+        return {};
     } catch (const std::exception& error) {
-        gui_.ShowError(error.what());
+        return error.what();
+    }
+}
+
+void Workbench::StoreSession() {
+    if (const std::string problem = TryToStoreSession(); !problem.empty()) {
+        gui_.ShowError(problem);
     }
 }
 
@@ -369,15 +376,17 @@ bool Workbench::UsesRegression() const {
 void Workbench::UseRegression(bool use) {
     constexpr int kRegression = 2;
     platform_.GetUser()->PutInt(kHostSection, kStatMode, use ? kRegression : 0);
-    if (document_ == nullptr) {
-        return;
-    }
-    document_->Analyses().SetStatMode(use ? kRegression : 0);
-    // The view looks at it when it makes its side bar.
-    if (IsShown(ViewKind::Spectrum)) {
-        views_->Close(ViewKind::Spectrum);
-        OpenView(ViewKind::Spectrum);
-    }
+    gui_.WhenIdle([this, mode = use ? kRegression : 0] {
+        if (document_ == nullptr) {
+            return;
+        }
+        document_->Analyses().SetStatMode(mode);
+        // The view looks at it when it makes its side bar.
+        if (IsShown(ViewKind::Spectrum)) {
+            views_->Close(ViewKind::Spectrum);
+            OpenView(ViewKind::Spectrum);
+        }
+    });
 }
 
 void Workbench::ShowState() {
@@ -421,6 +430,7 @@ void Workbench::FollowAnalyses() {
         traces->SetShades(EpochShades(document_->Analyses(), document_->Recording(), palette));
     }
     views_->Refresh(kMapsViews);
+    TryToStoreSession(); // for a sudden end; an ordinary one tells of a failure
 }
 
 void Workbench::EventsChanged() {

@@ -125,6 +125,8 @@ private:
     /// \return false when the user wants to keep what is open
     bool MayUnload();
     void Unload();
+    /// \return why it could not be stored; empty when it is stored, or nothing is to be
+    std::string TryToStoreSession();
     void StoreSession();
     /// Offers the user's montages for what was opened. \return what is worth knowing about it
     std::vector<std::string> OfferMontages();

@@ -138,6 +138,17 @@ TEST_F(SessionOfTheWindow, MakesTheAnalysesAgainAndComputesThem) {
     EXPECT_TRUE(Analyses().GetSecondary()->IsComputed());
 }
 
+TEST_F(SessionOfTheWindow, KeepsAnalysesForASuddenEndAsSoonAsTheyAreComputed) {
+    Start(Demo());
+    AddAnalysis(SavedMacro("a.smx", 40));
+    bench->Recompute();
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        const std::optional<review::Session> kept =
+            review::LoadSession(review::SessionFile(folder.Path("data/sessions/"), bench->Current()->Path()));
+        return kept && kept->analyses.size() == 1 && kept->analyses[0].file == folder.Path("a.smx");
+    }));
+}
+
 TEST_F(SessionOfTheWindow, KeepsSettingsThatNoFileHas) {
     Start(Demo());
     SpectraMacro changed = SavedMacro("first.smx", 25);

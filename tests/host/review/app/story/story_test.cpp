@@ -74,7 +74,7 @@ public: // the steps
         Pictures("labels");
         hand.ClickItem(*labels, "artifact");
         ASSERT_THAT(Marked("artifact"), SizeIs(1));
-        const EventRecord& marked = Marked("artifact")[0];
+        const EventRecord marked = Marked("artifact")[0];
         EXPECT_EQ(marked.Class, EventClass::State);
         const double length =
             marked.Interval.GetEndPtr()->Seconds() - marked.Interval.GetBeginPtr()->Seconds();
