@@ -41,8 +41,11 @@ constexpr Entry kEntries[] = {
 } // namespace
 
 owl::TMenu* MakeMapContextMenu(QWidget& window, owl::TEventHandler& handler, const MapMenuState& state) {
+    // Not as soon as it is closed: an item that runs long lets events through while Qt is still in the menu.
+    constexpr const char* kName = "MapContextMenu";
+    delete window.findChild<owl::TMenu*>(kName, Qt::FindDirectChildrenOnly);
     auto* menu = new owl::TMenu({}, &handler, &window);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(kName);
     const PModule* const messages = PModule::Named("Orvanta");
     for (const Entry& entry : kEntries) {
         if (entry.heads && !state.threeD) {

@@ -19,7 +19,7 @@ struct MapMenuState {
     bool table = false;
 };
 
-/// Deletes itself after it closed. \param window owns it \param handler runs its commands
+/// Lives until the next one is made. \param window owns it \param handler runs its commands
 ORVANTA_API owl::TMenu* MakeMapContextMenu(QWidget& window, owl::TEventHandler& handler,
                                            const MapMenuState& state);
 

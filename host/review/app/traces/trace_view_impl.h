@@ -155,7 +155,7 @@ struct TraceView::Impl {
     bool dragged = false;
     bool moving = false; ///< the view itself moves the trace cursor
     std::atomic<bool> grownQueued = false;
-    QPointer<QMenu> labelMenu; ///< opened last
+    QPointer<QMenu> labelMenu, contextMenu; ///< opened last
     QTimer player;
     std::int64_t playedAt = 0; ///< milliseconds
     QScrollBar* scrollBar = nullptr;

@@ -30,6 +30,8 @@ void TraceView::Impl::PopUp(const TraceLayout& layout, const owl::TPoint& point)
     if (line && !onEvent && point.x < layout.plot.right) {
         Select(model.Channels()[model.LineOf(layout, *line)].name);
     }
+    // Not as soon as it is hidden: an item that runs long lets events through while Qt is still in the menu.
+    delete contextMenu;
     owl::TMenu* menu = nullptr;
     if (onEvent) {
         SelectEvent(tag->input->index);
@@ -42,7 +44,7 @@ void TraceView::Impl::PopUp(const TraceLayout& layout, const owl::TPoint& point)
                                                                               : std::nullopt;
     }
     menu->setObjectName("TraceContextMenu");
-    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    contextMenu = menu;
     // Queued: the item that was chosen runs after the menu has gone, and still needs the place.
     connect(
         menu, &QMenu::aboutToHide, &view, [this] { menuAt.reset(); }, Qt::QueuedConnection);
