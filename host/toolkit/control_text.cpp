@@ -24,16 +24,16 @@ QString WithoutMnemonics(const QString& caption) {
     return text;
 }
 
-QString AsCaption(QString text) {
-    return text.replace('&', "&&");
-}
-
 /// Only a label with a buddy has a mnemonic.
 bool HasMnemonic(const QLabel& label) {
     return label.buddy() != nullptr;
 }
 
 } // namespace
+
+QString AsCaption(QString text) {
+    return text.replace('&', "&&");
+}
 
 void SetControlCaption(QWidget& control, const QString& caption) {
     if (auto* button = qobject_cast<QAbstractButton*>(&control)) {

@@ -13,6 +13,9 @@ namespace owl {
 /// Sets the caption of a label, button or group, where "&" marks the mnemonic. Another control stays.
 ORVANTA_TOOLKIT_API void SetControlCaption(QWidget& control, const QString& caption);
 
+/// The text as a caption that shows it character by character: "&" is no mark of a mnemonic.
+ORVANTA_TOOLKIT_API QString AsCaption(QString text);
+
 /// Sets the text of an edit, memo or combo box, or the caption of a label, button or group, character by
 /// character: "&" and "<" stand for themselves. Another control stays.
 ORVANTA_TOOLKIT_API void SetControlText(QWidget& control, const QString& text);

@@ -5,6 +5,7 @@
 #include "host/review/app/main_window/commands.h"
 #include "host/review/app/main_window/host_text.h"
 #include "host/review/app/main_window/language.h"
+#include "host/toolkit/control_text.h"
 #include "host/toolkit/event_guard.h"
 
 #include <QActionGroup>
@@ -40,14 +41,9 @@ QMenu* AddMenu(QMenuBar& bar, const Caption& caption) {
     return menu;
 }
 
-/// A file's name may hold '&'.
-QString AsCaption(QString text) {
-    return text.replace('&', "&&");
-}
-
 /// "Undo Add Artifact"
 void ShowChange(QAction& action, const QString& verb, const std::string& change) {
-    action.setText(change.empty() ? verb : verb + ' ' + AsCaption(QString::fromStdString(change)));
+    action.setText(change.empty() ? verb : verb + ' ' + owl::AsCaption(QString::fromStdString(change)));
     action.setEnabled(!change.empty());
 }
 
@@ -120,7 +116,7 @@ void Menus::FillRecent() {
         const QFileInfo file(QString::fromStdString(path));
         ++number;
         const QString mnemonic = number < 10 ? QString("&%1 ").arg(number) : QString("%1 ").arg(number);
-        QAction* action = recent_->addAction(mnemonic + AsCaption(file.fileName()), recent_,
+        QAction* action = recent_->addAction(mnemonic + owl::AsCaption(file.fileName()), recent_,
                                              [this, path] { commands_.OpenFile(path); });
         action->setToolTip(file.filePath());
         action->setEnabled(file.exists());
@@ -231,7 +227,7 @@ void Menus::FillMontages() {
     montage_->clear();
     const std::vector<std::string> names = commands_.MontageNames();
     for (std::size_t i = 0; i < names.size(); ++i) {
-        QAction* action = montage_->addAction(AsCaption(QString::fromStdString(names[i])), montage_,
+        QAction* action = montage_->addAction(owl::AsCaption(QString::fromStdString(names[i])), montage_,
                                               [this, i] { commands_.ChooseMontage(i); });
         action->setCheckable(true);
         action->setChecked(i == commands_.CurrentMontage());

@@ -2,6 +2,7 @@
 #include "host/review/app/main_window/more_button.h"
 
 #include "host/review/app/main_window/host_text.h"
+#include "host/toolkit/control_text.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -16,23 +17,19 @@ namespace orvanta::review {
 
 namespace {
 
-QString AsCaption(QString text) {
-    return text.replace('&', "&&");
-}
-
 void AddButton(QMenu& menu, QToolButton& button) {
-    QAction* action =
-        menu.addAction(button.icon(), AsCaption(button.toolTip()), &button, [&button] { button.click(); });
+    QAction* action = menu.addAction(button.icon(), owl::AsCaption(button.toolTip()), &button,
+                                     [&button] { button.click(); });
     action->setEnabled(button.isEnabled());
     action->setCheckable(button.isCheckable());
     action->setChecked(button.isChecked());
 }
 
 void AddBox(QMenu& menu, QComboBox& box) {
-    QMenu* choices = menu.addMenu(AsCaption(box.toolTip()));
+    QMenu* choices = menu.addMenu(owl::AsCaption(box.toolTip()));
     choices->setEnabled(box.isEnabled());
     for (int i = 0; i < box.count(); ++i) {
-        QAction* choice = choices->addAction(AsCaption(box.itemText(i)), &box, [&box, i] {
+        QAction* choice = choices->addAction(owl::AsCaption(box.itemText(i)), &box, [&box, i] {
             box.setCurrentIndex(i);
             Q_EMIT box.activated(i);
         });
@@ -42,7 +39,7 @@ void AddBox(QMenu& menu, QComboBox& box) {
 }
 
 void AddSlider(QMenu& menu, QSlider& slider) {
-    QMenu* positions = menu.addMenu(AsCaption(slider.toolTip()));
+    QMenu* positions = menu.addMenu(owl::AsCaption(slider.toolTip()));
     constexpr int kSteps = 4;
     for (int i = 0; i <= kSteps; ++i) {
         const int value = slider.minimum() + (slider.maximum() - slider.minimum()) * i / kSteps;
@@ -112,7 +109,7 @@ void MoreButton::Fill() {
         } else if (auto* slider = qobject_cast<QSlider*>(gadget)) {
             AddSlider(*menu_, *slider);
         } else if (const auto* text = qobject_cast<QLabel*>(gadget)) {
-            menu_->addAction(AsCaption(text->text()))->setEnabled(false);
+            menu_->addAction(owl::AsCaption(text->text()))->setEnabled(false);
         } else {
             menu_->addSeparator();
         }

@@ -4,6 +4,7 @@
 #include "host/review/app/traces/event_labels.h"
 #include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
+#include "host/toolkit/control_text.h"
 #include "host/toolkit/event_guard.h"
 #include "host/toolkit/modal_gateway.h"
 
@@ -26,8 +27,7 @@ void TraceView::Impl::Offer(const EventRecord& event, const owl::TPoint& at) {
                 [action = std::forward<decltype(action)>(action)] { owl::RunGuarded(action); });
     };
     for (const std::string& label : OfferedLabels(recentLabels, events.Events(), event.Class)) {
-        QString text = QString::fromStdString(label);
-        add(text.replace('&', "&&"), [this, event, label] {
+        add(owl::AsCaption(QString::fromStdString(label)), [this, event, label] {
             EventRecord labelled = event;
             labelled.Label = label;
             AddEvent(labelled);
