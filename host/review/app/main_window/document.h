@@ -37,6 +37,10 @@ public:
     /// What was repaired or is worth knowing, a sentence each.
     const std::vector<std::string>& Repairs() const;
 
+    /// Whether the user looks at its maps on heads, not at flat ones.
+    bool HasMapsOnHeads() const { return mapsOnHeads_; }
+    void SetMapsOnHeads(bool onHeads) { mapsOnHeads_ = onHeads; }
+
 private:
     std::string path_;
     std::unique_ptr<EEGFileInfoType> recording_;
@@ -44,6 +48,7 @@ private:
     std::string usualEvents_; ///< the recording's table
     std::unique_ptr<SpectraMgr> analyses_;
     std::unique_ptr<KeptMarks> marks_;
+    bool mapsOnHeads_ = false;
 };
 
 } // namespace orvanta::review

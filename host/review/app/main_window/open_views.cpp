@@ -3,28 +3,49 @@
 
 #include "host/chart_view/the_child.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/main_window.h"
+#include "host/review/app/main_window/text_setting.h"
+#include "host/review/app/main_window/work_gui.h"
 #include "host/review/app/module_bridge.h"
 #include "host/review/app/traces/trace_view.h"
 #include "host/toolkit/event_guard.h"
+#include "spectra_contract/platform.h"
+#include "spectra_contract/spectra_mgr.h"
 
 #include <QPointer>
 
-#include <utility>
-
 namespace orvanta::review {
 
-OpenViews::OpenViews(MainWindow& window, ModuleBridge* bridge) : window_(window), bridge_(bridge) {}
+namespace {
+
+constexpr const char* kHidden = "HiddenViews";
+constexpr const char* kLayout = "ViewLayout";
+
+/// Both kinds of maps have one place.
+unsigned Bit(ViewKind kind) {
+    return 1U << static_cast<unsigned>(IsMaps(kind) ? ViewKind::Maps : kind);
+}
+
+unsigned HiddenKinds(const GenericPlatform& platform) {
+    return static_cast<unsigned>(platform.GetUser()->GetInt(kHostSection, kHidden, 0));
+}
+
+} // namespace
+
+OpenViews::OpenViews(MainWindow& window, const Documents& documents, WorkGui& gui, ModuleBridge* bridge)
+    : window_(window), documents_(documents), gui_(gui), bridge_(bridge) {}
 
 bool OpenViews::CanShow(ViewKind kind) const {
-    return kind == ViewKind::Traces || bridge_ != nullptr;
+    return documents_.Current() != nullptr && (kind == ViewKind::Traces || bridge_ != nullptr);
 }
 
 bool OpenViews::IsShown(ViewKind kind) const {
     return window_.Views().ViewOf(kind) != nullptr;
 }
 
-TheChild* OpenViews::Make(ViewKind kind, Document& document) {
+TheChild* OpenViews::Make(ViewKind kind) {
+    const Document& document = *documents_.Current();
     if (kind == ViewKind::Traces) {
         return new TraceView(window_, document.Recording(), document.Events());
     }
@@ -35,18 +56,53 @@ TheChild* OpenViews::Make(ViewKind kind, Document& document) {
     return bridge_->MakeSpectrumView(window_, document.Recording(), document.Analyses());
 }
 
-void OpenViews::Open(ViewKind kind, Document& document, std::function<void()> close) {
+void OpenViews::Open(ViewKind kind) {
     if (CanShow(kind) && !IsShown(kind)) {
         if (IsMaps(kind)) {
             Close(kind == ViewKind::Maps ? ViewKind::Heads : ViewKind::Maps);
         }
-        TheChild* view = Make(kind, document);
+        TheChild* view = Make(kind);
         view->Create();
         if (kind != ViewKind::Traces) {
-            bridge_->FollowMontage(*view, document.Recording());
+            bridge_->FollowMontage(*view, documents_.Current()->Recording());
         }
-        window_.Views().Place(kind, *view, std::move(close));
+        window_.Views().Place(kind, *view, [this, kind] { Hide(kind); });
+        ++generation_;
     }
+}
+
+bool OpenViews::IsWanted(ViewKind kind) const {
+    const ViewKind maps = documents_.Current()->HasMapsOnHeads() ? ViewKind::Heads : ViewKind::Maps;
+    return (HiddenKinds(*window_.GetPlatform()) & Bit(kind)) == 0 && (!IsMaps(kind) || kind == maps);
+}
+
+void OpenViews::OpenWanted() {
+    const bool analysed = documents_.Current()->Analyses().GetMain() != nullptr;
+    for (const ViewKind kind : kViewKinds) {
+        if (kind == ViewKind::Traces ? IsWanted(kind) || !analysed : IsWanted(kind) && analysed) {
+            Open(kind);
+        }
+    }
+}
+
+void OpenViews::Reopen(ViewKind kind) {
+    if (IsShown(kind)) {
+        Close(kind);
+        Open(kind);
+    }
+}
+
+void OpenViews::Want(ViewKind kind, bool wanted) {
+    const unsigned hidden = HiddenKinds(*window_.GetPlatform());
+    window_.GetPlatform()->GetUser()->PutInt(
+        kHostSection, kHidden, static_cast<int>(wanted ? hidden & ~Bit(kind) : hidden | Bit(kind)));
+}
+
+void OpenViews::Hide(ViewKind kind) {
+    gui_.WhenIdle([this, kind] {
+        Close(kind);
+        Want(kind, false);
+    });
 }
 
 void OpenViews::Close(ViewKind kind) {
@@ -63,10 +119,10 @@ void OpenViews::CloseAll() {
     }
 }
 
-void OpenViews::FollowMontage(const Document& document) {
+void OpenViews::FollowMontage() {
     for (const ViewKind kind : kAnalysisViews) {
         if (TheChild* view = window_.Views().ViewOf(kind)) {
-            bridge_->FollowMontage(*view, document.Recording());
+            bridge_->FollowMontage(*view, documents_.Current()->Recording());
         }
     }
 }
@@ -91,6 +147,21 @@ TraceView* OpenViews::Traces() const {
     return static_cast<TraceView*>(window_.Views().ViewOf(ViewKind::Traces));
 }
 
+bool OpenViews::IsActive(ViewKind kind) const {
+    return IsShown(kind) && window_.GetActiveChild() == window_.Views().ViewOf(kind);
+}
+
+void OpenViews::Activate(ViewKind kind) {
+    if (IsShown(kind) && !gui_.IsBusy()) {
+        ViewArea& views = window_.Views();
+        TheChild& view = *views.ViewOf(kind);
+        if (views.IsFilled() && !view.isVisible()) {
+            views.ShowAll();
+        }
+        view.SetFocus();
+    }
+}
+
 void OpenViews::FocusAnalysis() {
     for (const ViewKind kind : kAnalysisViews) {
         if (TheChild* view = window_.Views().ViewOf(kind)) {
@@ -106,6 +177,19 @@ void OpenViews::Focus() {
     } else {
         window_.SetFocus();
     }
+}
+
+void OpenViews::Arrange(Arrangement arrangement) {
+    window_.Views().Arrange(arrangement);
+    StoreLayout();
+}
+
+void OpenViews::RestoreLayout() {
+    window_.Views().RestoreLayout(ReadText(*window_.GetPlatform(), kLayout));
+}
+
+void OpenViews::StoreLayout() const {
+    WriteText(*window_.GetPlatform(), kLayout, window_.Views().Layout());
 }
 
 } // namespace orvanta::review

@@ -4,50 +4,77 @@
 
 #include "host/review/app/main_window/view_area.h"
 
-#include <functional>
+#include <cstdint>
 #include <span>
 
 class TheChild;
 
 namespace orvanta::review {
 
-class Document;
+class Documents;
 class MainWindow;
 class ModuleBridge;
 class TraceView;
+class WorkGui;
 
-/// Makes and ends them. Views must be gone before the document. GUI thread.
+/// Makes and ends them, and remembers which ones the user wants and where. Views must be gone before the
+/// document. GUI thread.
 class OpenViews {
 public:
-    /// \param window must outlive this
+    /// \param window, documents, gui must outlive this
     /// \param bridge null without the module
-    OpenViews(MainWindow& window, ModuleBridge* bridge);
+    OpenViews(MainWindow& window, const Documents& documents, WorkGui& gui, ModuleBridge* bridge);
 
+    /// False without a recording, and for views of a module that could not be loaded.
     bool CanShow(ViewKind kind) const;
     bool IsShown(ViewKind kind) const;
     /// Nothing for a view that is there or cannot be shown. Maps of the other kind are closed.
-    /// \param close what the view's button asks for
-    void Open(ViewKind kind, Document& document, std::function<void()> close);
-    /// Stores the view's settings. Nothing for a view that is not there.
-    void Close(ViewKind kind);
+    void Open(ViewKind kind);
+    /// Those that the user has not closed; before there is an analysis, the traces.
+    void OpenWanted();
+    /// Closes it and makes it anew; nothing for a view that is not there.
+    void Reopen(ViewKind kind);
+    /// What the user wants is remembered; maps of both kinds have one place.
+    void Want(ViewKind kind, bool wanted);
+    /// Closes a view that the user does not want any more; work is cancelled first.
+    void Hide(ViewKind kind);
     void CloseAll();
+    /// Grows with every view that is made.
+    std::uint64_t Generation() const { return generation_; }
+
     /// Lets the views of analyses show the montage that is in use now.
-    void FollowMontage(const Document& document);
+    void FollowMontage();
     /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
     void Refresh(std::span<const ViewKind> kinds);
     /// Null while they are not shown.
     TraceView* Traces() const;
+
+    /// Whether it is the one that commands act on.
+    bool IsActive(ViewKind kind) const;
+    /// Gives the focus to a view that is shown, unless something is computed.
+    void Activate(ViewKind kind);
     /// Gives the focus to the traces, which ask nothing when they get it, else to the window itself.
     void Focus();
     /// Gives the focus to the first view of analyses that is shown, else leaves it. There must be an
     /// analysis.
     void FocusAnalysis();
 
+    void Arrange(Arrangement arrangement);
+    // Arrangement and sizes among the user's settings.
+    void RestoreLayout();
+    void StoreLayout() const;
+
 private:
-    TheChild* Make(ViewKind kind, Document& document);
+    TheChild* Make(ViewKind kind);
+    /// Stores the view's settings. Nothing for a view that is not there.
+    void Close(ViewKind kind);
+    bool IsWanted(ViewKind kind) const;
 
     MainWindow& window_;
+    const Documents& documents_;
+    WorkGui& gui_;
     ModuleBridge* bridge_;
+    std::uint64_t generation_ = 0;
 };
 
 } // namespace orvanta::review

@@ -72,6 +72,7 @@ Session SessionOf(const Document& document) {
     }
     session.events = document.EventsElsewhere();
     session.montage = recording.GetTraceInfo()->GetMtg().GetName();
+    session.heads = document.HasMapsOnHeads();
     session.marks = document.Marks().Unsaved();
     const SpectraMgr& manager = document.Analyses();
     for (const SpectMacroResult* analysis : manager) {
@@ -86,6 +87,7 @@ Session SessionOf(const Document& document) {
 std::vector<std::string> Restore(const Session& session, Document& document, const GenericGUI& gui) {
     std::vector<std::string> remarks = RestoreEvents(session.events, document.Events());
     EEGFileInfoType& recording = document.Recording();
+    document.SetMapsOnHeads(session.heads);
     signal::MarkChannels(recording, session.marks);
     RestoreMontage(session.montage, recording);
     TraceCursorType& cursor = *recording.GetTraceCursor();

@@ -4,31 +4,31 @@
 
 #include "host/platform/host_platform.h"
 #include "host/review/app/main_window/commands.h"
-#include "host/review/app/main_window/epoch_shades.h"
-#include "host/review/app/main_window/open_views.h"
-#include "host/review/app/main_window/recent_files.h"
 #include "host/review/app/main_window/work_gui.h"
 
 #include "spectra_contract/spectra_macro.h"
 
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvanta::review {
 
 class ActionListener;
+class AnalysisRunner;
 class Document;
-class EventAutosave;
+class Documents;
 class EventDock;
+class Follower;
 class MainWindow;
 class Menus;
 class ModuleBridge;
+class OpenViews;
 class Shell;
-struct ViewToShow;
+class ViewPictures;
 
 /// Opens, switches and closes recordings and does what the menus ask for. GUI thread.
 class Workbench final : public Commands {
@@ -53,17 +53,19 @@ public:
 
     Shell& Window() const { return *shell_; }
     MainWindow& Middle() const { return *middle_; }
-    /// Null while no recording is open.
-    Document* Current() const { return document_.get(); }
+    Documents& GetDocuments() const { return *documents_; }
+    OpenViews& GetViews() const { return *views_; }
+    AnalysisRunner& GetAnalyses() const { return *analyses_; }
+    Document* Current() const;
 
     void AskForFile() override;
     void OpenFile(const std::string& path) override;
     void CloseFile() override;
     void Quit() override;
-    std::vector<std::string> RecentPaths() const override { return recent_.Paths(); }
+    std::vector<std::string> RecentPaths() const override;
     void ClearRecent() override;
 
-    bool HasDocument() const override { return document_ != nullptr; }
+    bool HasDocument() const override;
     bool HasModule() const override { return setup_.bridge != nullptr; }
     bool CanShow(ViewKind kind) const override;
     bool IsShown(ViewKind kind) const override;
@@ -118,59 +120,32 @@ public:
     void ShowAbout() override;
 
 private:
-    bool KeepsSessions() const { return !setup_.settingsFile.empty(); }
-    std::string SessionPath(const std::string& recording) const;
-    /// \return false after a message when the file is refused; what is open then stays
-    bool Load(const std::string& path);
-    /// \return false when the user wants to keep what is open
-    bool MayUnload();
-    void Unload();
-    /// \return why it could not be stored; empty when it is stored, or nothing is to be
-    std::string TryToStoreSession();
-    void StoreSession();
-    /// Offers the user's montages for what was opened. \return what is worth knowing about it
-    std::vector<std::string> OfferMontages();
-    void OpenView(ViewKind kind);
+    void ShowOpened(const std::vector<std::string>& remarks);
+    /// Lets everything go that looks at the recording.
+    void Leave();
+    void ShowClosed();
     void ShowState();
     /// Offers an analysis while there is none, unless the user does not want that.
     void ShowOffer();
     /// Shows what changed without being told.
     void Follow();
-    void FollowAnalyses();
-    /// Maps need an analysis: without one they would ask again and again. The user is asked here, once.
-    bool HasAnalysisFor(ViewKind kind);
-    /// Those that the user has not closed; before there is an analysis, the traces.
-    void OpenWantedViews();
-    bool IsWanted(ViewKind kind) const;
     void EventsChanged();
-    void MontageChanged();
-    /// Of bad channels, beside the recording; where that fails the session has them.
-    void SaveMarks();
     bool MayClose();
-    /// Nothing without an active view, or while something is computed.
-    void TakePicture(const std::function<void(const ViewToShow&)>& take);
-    void RefreshAnalyses();
-    /// Gives a recording that has no analysis its first one, not computed.
-    void MakeFirstAnalysis();
 
     Setup setup_;
     WorkGui gui_;
     platform::HostPlatform platform_;
-    RecentFiles recent_;
-    std::unique_ptr<Document> document_;
-    std::unique_ptr<ActionListener> eventsChanged_, montageChanged_; ///< of the document
-    ViewKind maps_ = ViewKind::Maps;                                 ///< the kind that is or would be shown
-    AnalysisState followed_;                                         ///< what traces and maps show
-    std::string montage_;                                            ///< that was told last
-    bool refreshQueued_ = false;
-    bool toldOfMarks_ = false;                ///< that those of the document cannot be written
-    std::unique_ptr<EventAutosave> autosave_; ///< of the document's events; null where it is not wanted
     std::unique_ptr<Shell> shell_;
     MainWindow* middle_;   ///< of the shell
     EventDock* eventList_; ///< of the shell
+    std::unique_ptr<Documents> documents_;
     std::unique_ptr<OpenViews> views_;
+    std::unique_ptr<AnalysisRunner> analyses_;
+    std::unique_ptr<Follower> follower_;
+    std::unique_ptr<ViewPictures> pictures_;
     std::unique_ptr<Menus> menus_;
-    QTimer statePoll_; ///< nobody tells when cursor, montage and analyses change
+    std::unique_ptr<ActionListener> eventsChanged_; ///< of the document
+    QTimer statePoll_;                              ///< nobody tells when cursor, montage and analyses change
 };
 
 } // namespace orvanta::review

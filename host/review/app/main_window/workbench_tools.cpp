@@ -22,97 +22,52 @@
 
 namespace orvanta::review {
 
-bool Workbench::CanAnalyse() const {
-    return document_ != nullptr && setup_.bridge != nullptr;
-}
-
-void Workbench::NewAnalysis() {
-    if (!CanAnalyse() || gui_.IsBusy()) {
-        return;
-    }
-    constexpr std::int32_t kAppended = 1;
-    SpectraMgr& manager = document_->Analyses();
-    const HWND window(shell_.get());
-    try {
-        if (setup_.bridge->CreateNewSpectrum(platform_, window, manager, document_->Recording()) !=
-            kAppended) {
-            return;
-        }
-        SpectMacroResult* added = *(manager.end() - 1);
-        setup_.bridge->PerformComputation(platform_, window, *added, document_->Recording());
-        manager.SetMain(added);
-    } catch (const std::exception& error) {
-        gui_.ShowError(error.what());
-    }
-    if (manager.GetMain() == nullptr) {
-        return;
-    }
-    OpenWantedViews();
-    if (std::ranges::none_of(kAnalysisViews, [this](ViewKind kind) { return IsShown(kind); })) {
-        Show(ViewKind::Spectrum, true);
-    }
-    views_->Refresh(kAnalysisViews);
-    views_->FocusAnalysis();
-    ShowState();
-}
-
-void Workbench::Recompute() {
-    if (CanAnalyse() && !gui_.IsBusy()) {
-        if (SpectMacroResult* main = document_->Analyses().GetMain()) {
-            main->ResetData();
-            OpenWantedViews();
-        }
-        views_->Refresh(kAnalysisViews);
-        ShowState();
-    }
-}
-
 std::string Workbench::UndoText() const {
-    return document_ != nullptr ? document_->Events().UndoText() : std::string();
+    return Current() != nullptr ? Current()->Events().UndoText() : std::string();
 }
 
 std::string Workbench::RedoText() const {
-    return document_ != nullptr ? document_->Events().RedoText() : std::string();
+    return Current() != nullptr ? Current()->Events().RedoText() : std::string();
 }
 
 void Workbench::Undo() {
-    if (document_ != nullptr && document_->Events().CanUndo()) {
-        document_->Events().Undo();
+    if (Current() != nullptr && Current()->Events().CanUndo()) {
+        Current()->Events().Undo();
     }
 }
 
 void Workbench::Redo() {
-    if (document_ != nullptr && document_->Events().CanRedo()) {
-        document_->Events().Redo();
+    if (Current() != nullptr && Current()->Events().CanRedo()) {
+        Current()->Events().Redo();
     }
 }
 
 bool Workbench::HasChangedEvents() const {
-    return document_ != nullptr && document_->Events().IsChanged();
+    return Current() != nullptr && Current()->Events().IsChanged();
 }
 
 void Workbench::SaveEvents() {
-    if (document_ != nullptr) {
-        review::SaveEvents(HWND(shell_.get()), document_->Events());
+    if (Current() != nullptr) {
+        review::SaveEvents(HWND(shell_.get()), Current()->Events());
     }
 }
 
 void Workbench::SaveEventsAs() {
-    if (document_ != nullptr) {
-        review::SaveEventsAs(HWND(shell_.get()), document_->Events());
+    if (Current() != nullptr) {
+        review::SaveEventsAs(HWND(shell_.get()), Current()->Events());
     }
 }
 
 void Workbench::OpenEvents() {
-    if (document_ != nullptr && !gui_.IsBusy()) {
-        review::OpenEvents(HWND(shell_.get()), document_->Events());
+    if (Current() != nullptr && !gui_.IsBusy()) {
+        review::OpenEvents(HWND(shell_.get()), Current()->Events());
     }
 }
 
 std::vector<std::string> Workbench::MontageNames() const {
     std::vector<std::string> names;
-    if (document_ != nullptr) {
-        for (const auto& montage : *document_->Recording().GetMontageList()) {
+    if (Current() != nullptr) {
+        for (const auto& montage : *Current()->Recording().GetMontageList()) {
             names.push_back(montage->GetName());
         }
     }
@@ -120,39 +75,25 @@ std::vector<std::string> Workbench::MontageNames() const {
 }
 
 std::size_t Workbench::CurrentMontage() const {
-    return document_ != nullptr ? document_->Recording().GetMontageList()->GetCurrentIndex() : 0;
+    return Current() != nullptr ? Current()->Recording().GetMontageList()->GetCurrentIndex() : 0;
 }
 
 void Workbench::ChooseMontage(std::size_t index) {
-    if (document_ != nullptr && !gui_.IsBusy()) {
-        document_->Recording().ChangeMntg(index, true); // which is told
+    if (Current() != nullptr && !gui_.IsBusy()) {
+        Current()->Recording().ChangeMntg(index, true); // which is told
     }
-}
-
-std::vector<std::string> Workbench::OfferMontages() {
-    EEGFileInfoType& recording = document_->Recording();
-    const MontageFiles montages = LoadMontageFiles(platform_.GetAppFolder(kMontageFolder));
-    RestoreAverageElectrodes(recording, platform_);
-    std::vector<std::string> remarks = document_->Repairs();
-    for (const auto& more : {montages.problems, review::OfferMontages(recording, montages.files)}) {
-        remarks.insert(remarks.end(), more.begin(), more.end());
-    }
-    if (std::string average = AverageRemark(recording); !average.empty()) {
-        remarks.push_back(std::move(average));
-    }
-    return remarks;
 }
 
 void Workbench::EditMontages() {
     if (!gui_.IsBusy()) {
         review::EditMontages(HWND(shell_.get()), platform_.GetAppFolder(kMontageFolder),
-                             document_ != nullptr ? &document_->Recording() : nullptr);
+                             Current() != nullptr ? &Current()->Recording() : nullptr);
     }
 }
 
 void Workbench::ChooseAverageElectrodes() {
     if (CanAnalyse() && !gui_.IsBusy()) {
-        review::ChooseAverageElectrodes(HWND(middle_), *setup_.bridge, document_->Recording(), platform_);
+        review::ChooseAverageElectrodes(HWND(middle_), *setup_.bridge, Current()->Recording(), platform_);
     }
 }
 
@@ -164,9 +105,9 @@ void Workbench::EditMacros() {
     EventsManager ownEvents;
     EventsManager* events = &ownEvents;
     SensorList sensors;
-    if (document_ != nullptr) {
-        events = document_->Recording().GetEventsManager();
-        document_->Recording().GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily,
+    if (Current() != nullptr) {
+        events = Current()->Recording().GetEventsManager();
+        Current()->Recording().GetTraceInfo()->GetSensorsListOfType(sensors, Sensor::EegFamily,
                                                                     Sensor::Class::Eeg);
     } else {
         AddLabelsOf(MacrosIn(platform_.GetAppFolder("MACRO")), ownEvents);
