@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/gallery/window_pages.h"
 
+#include "host/review/app/main_window/analysis_runner.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/main_window.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/workbench.h"
@@ -47,11 +49,11 @@ void ShowAnalyses(const GallerySample& sample, ModuleBridge* bridge, const TakeP
                      .moduleProblem = {}});
     bench.Start(sample.recording.GetRecording()->Data().path);
     bench.Window().resize(kWide);
-    SpectMacroResult& main = AddAnalysis(*bench.Current(), macros + "Eyes closed.smx");
-    SpectMacroResult& secondary = AddAnalysis(*bench.Current(), macros + "Eyes open.smx");
-    bench.Current()->Analyses().SetMain(&main);
-    bench.Current()->Analyses().SetSecondary(&secondary);
-    bench.Recompute();
+    SpectMacroResult& main = AddAnalysis(*bench.GetDocuments().Current(), macros + "Eyes closed.smx");
+    SpectMacroResult& secondary = AddAnalysis(*bench.GetDocuments().Current(), macros + "Eyes open.smx");
+    bench.GetDocuments().Current()->Analyses().SetMain(&main);
+    bench.GetDocuments().Current()->Analyses().SetSecondary(&secondary);
+    bench.GetAnalyses().Recompute();
     LetItFollow();
     constexpr double kFirstClosed = 30; // seconds
     bench.Middle().PointAtTime(XTime::FromSeconds(kFirstClosed));

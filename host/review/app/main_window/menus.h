@@ -2,62 +2,64 @@
 // The application's menus.
 #pragma once
 
-#include "host/review/app/main_window/view_area.h"
+#include "host/review/app/main_window/menu_items.h"
 
 #include <QPointer>
 
-#include <utility>
-#include <vector>
-
-class QAction;
-class QMenu;
-class QMenuBar;
+class GenericPlatform;
 class TheChild;
 
 namespace orvanta::review {
 
-class Commands;
+class AnalysisRunner;
+class Documents;
+class EventDock;
+class MainWindow;
+class ModuleBridge;
+class OpenViews;
+class Shell;
+class ViewPictures;
+class WorkGui;
 
-/// Fills a menu bar; what may be chosen is found out when a menu opens. The active view's own menu stands
-/// between the others. GUI thread.
+/// What the menus ask for what is chosen. Must outlive them.
+struct MenuParts {
+    Shell& shell;
+    MainWindow& middle;
+    EventDock& eventList;
+    Documents& documents;
+    OpenViews& views;
+    AnalysisRunner& analyses;
+    ViewPictures& pictures;
+    const WorkGui& gui;
+    GenericPlatform& platform;
+    ModuleBridge* bridge = nullptr; ///< null without the module
+};
+
+// Each adds one menu.
+void AddFileMenu(MenuItems& items, const MenuParts& parts);
+void AddEditMenu(MenuItems& items, const MenuParts& parts);
+void AddViewMenu(MenuItems& items, const MenuParts& parts);
+void AddAnalysisMenu(MenuItems& items, const MenuParts& parts);
+QMenu& AddMontageMenu(MenuItems& items, const MenuParts& parts);
+void AddToolsMenu(MenuItems& items, const MenuParts& parts);
+void AddWindowMenu(MenuItems& items, const MenuParts& parts);
+void AddHelpMenu(MenuItems& items, const MenuParts& parts);
+
+/// Fills a menu bar; the active view's own menu stands between the others. GUI thread.
 class Menus {
 public:
-    /// \param commands must outlive the bar
-    Menus(QMenuBar& bar, Commands& commands);
+    Menus(QMenuBar& bar, const MenuParts& parts);
 
     /// Shows the menu of this view in place of the one before; null for none.
     void ShowMenuOf(TheChild* child);
     /// Enables what may be chosen now; shortcuts work by it.
-    void Update();
+    void Update() const { items_.Update(); }
 
 private:
-    void AddFile();
-    void AddEdit();
-    void AddView();
-    void AddAnalysis();
-    void AddMontage();
-    void AddTools();
-    void AddLanguages(QMenu& tools);
-    void AddWindow();
-    void AddHelp();
-    void FillRecent();
-    void FillMontages();
-
     QMenuBar& bar_;
-    Commands& commands_;
-    QMenu* recent_ = nullptr;
-    QMenu* montage_ = nullptr;
-    QAction* beforeChild_ = nullptr; ///< the view's menu stands before it
+    MenuItems items_;
+    QAction* beforeChild_; ///< the view's menu stands before it
     QPointer<QAction> child_;
-    QAction *fill_ = nullptr, *showAll_ = nullptr, *sideBar_ = nullptr, *nextPane_ = nullptr,
-            *previousPane_ = nullptr;
-    QAction* events_ = nullptr;
-    std::vector<std::pair<ViewKind, QAction*>> views_; ///< which one is active
-    QAction *undo_ = nullptr, *redo_ = nullptr, *save_ = nullptr, *saveEventsAs_ = nullptr,
-            *openEvents_ = nullptr;
-    QAction *savePicture_ = nullptr, *print_ = nullptr, *copyPicture_ = nullptr;
-    QAction *close_ = nullptr, *newAnalysis_ = nullptr, *recompute_ = nullptr, *regression_ = nullptr,
-            *macros_ = nullptr;
 };
 
 } // namespace orvanta::review

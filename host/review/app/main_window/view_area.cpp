@@ -2,6 +2,7 @@
 #include "host/review/app/main_window/view_area.h"
 
 #include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/panel_beside.h"
 
 #include <algorithm>
 
@@ -78,6 +79,15 @@ std::vector<FramedView*> ViewArea::Shown() const {
         }
     }
     return shown;
+}
+
+PanelBeside* ViewArea::SideBar() const {
+    for (const FramedView* frame : Shown()) {
+        if (frame->Panel().Panel() != nullptr) {
+            return &frame->Panel();
+        }
+    }
+    return nullptr;
 }
 
 void ViewArea::Arrange(Arrangement arrangement) {

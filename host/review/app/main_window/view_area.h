@@ -47,6 +47,8 @@ public:
     TheChild* ViewOf(ViewKind kind) const;
     /// In the order of kViewKinds, those that can be seen.
     std::vector<FramedView*> Shown() const;
+    /// Of the view that is seen with one; null without.
+    PanelBeside* SideBar() const;
 
     Arrangement GetArrangement() const { return layout_.arrangement; }
     void Arrange(Arrangement arrangement);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/welcome_page.h"
 
-#include "host/review/app/main_window/commands.h"
+#include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/host_text.h"
+#include "host/toolkit/control_text.h"
 #include "host/toolkit/icon.h"
 
 #include <QCommandLinkButton>
@@ -31,15 +32,15 @@ QLabel* Title(const QString& text, QWidget* parent) {
 
 } // namespace
 
-WelcomePage::WelcomePage(Commands& commands, QWidget* parent)
-    : QWidget(parent), commands_(commands), recent_(new QWidget(this)) {
+WelcomePage::WelcomePage(Documents& documents, QWidget* parent)
+    : QWidget(parent), documents_(documents), recent_(new QWidget(this)) {
     auto* icon = new QLabel(this);
     icon->setPixmap(owl::IconOf(QStringLiteral("orvanta")).pixmap(kIcon, kIcon));
     auto* open = new QPushButton(HostQText("welcomeOpen", "&Open a Recording..."), this);
     open->setObjectName("welcomeOpen");
     open->setDefault(true);
     open->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    connect(open, &QPushButton::clicked, this, [this] { commands_.AskForFile(); });
+    connect(open, &QPushButton::clicked, this, [this] { documents_.AskForFile(); });
     auto* hint = new QLabel(
         HostQText("welcomeHint", "Or drop a file here. EDF, EDF+, BDF, BDF+ and BrainVision are read."),
         this);
@@ -79,7 +80,7 @@ void WelcomePage::FillRecent() {
         delete item;
     }
     std::size_t shown = 0;
-    for (const std::string& path : commands_.RecentPaths()) {
+    for (const std::string& path : documents_.Recent().Paths()) {
         const QFileInfo file(QString::fromStdString(path));
         if (!file.exists() || shown == kShown) {
             continue;
@@ -88,12 +89,11 @@ void WelcomePage::FillRecent() {
             recent_->layout()->addWidget(
                 new QLabel(HostQText("welcomeRecent", "Recent recordings"), recent_));
         }
-        auto* link = new QCommandLinkButton(file.fileName().replace('&', "&&"), file.path(), recent_);
+        auto* link = new QCommandLinkButton(owl::AsCaption(file.fileName()), file.path(), recent_);
         link->setIcon(owl::IconOf(QStringLiteral("spectrum")));
         // The page fills itself anew meanwhile.
         connect(
-            link, &QPushButton::clicked, this, [this, path] { commands_.OpenFile(path); },
-            Qt::QueuedConnection);
+            link, &QPushButton::clicked, this, [this, path] { documents_.Open(path); }, Qt::QueuedConnection);
         recent_->layout()->addWidget(link);
     }
 }

@@ -6,13 +6,13 @@
 
 namespace orvanta::review {
 
-class Commands;
+class Documents;
 
 /// Opens a recording: by a button, from the list of the recent ones, or by dropping a file.
 class WelcomePage final : public QWidget {
 public:
-    /// \param commands must outlive the page
-    explicit WelcomePage(Commands& commands, QWidget* parent = nullptr);
+    /// \param documents must outlive the page
+    explicit WelcomePage(Documents& documents, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -20,7 +20,7 @@ protected:
 private:
     void FillRecent();
 
-    Commands& commands_;
+    Documents& documents_;
     QWidget* recent_;
 };
 

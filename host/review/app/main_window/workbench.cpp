@@ -82,9 +82,11 @@ Workbench::Workbench(Setup setup)
         [this] { ShowState(); });
     follower_ = std::make_unique<Follower>(*documents_, *views_, gui_, *middle_);
     pictures_ = std::make_unique<ViewPictures>(*shell_, *middle_, *documents_, gui_);
-    middle_->SetWelcome(*new WelcomePage(*this, middle_));
-    menus_ = std::make_unique<Menus>(*shell_->menuBar(), *this);
+    middle_->SetWelcome(*new WelcomePage(*documents_, middle_));
     eventList_ = new EventDock(shell_.get(), platform_);
+    menus_ = std::make_unique<Menus>(*shell_->menuBar(),
+                                     MenuParts{*shell_, *middle_, *eventList_, *documents_, *views_,
+                                               *analyses_, *pictures_, gui_, platform_, setup_.bridge});
     shell_->addDockWidget(Qt::RightDockWidgetArea, eventList_);
     views_->RestoreLayout();
     shell_->Restore(platform_);

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "host/platform/host_platform.h"
-#include "host/review/app/main_window/commands.h"
 #include "host/review/app/main_window/work_gui.h"
 
 #include "spectra_contract/spectra_macro.h"
@@ -19,7 +18,6 @@ namespace orvanta::review {
 
 class ActionListener;
 class AnalysisRunner;
-class Document;
 class Documents;
 class EventDock;
 class Follower;
@@ -30,8 +28,8 @@ class OpenViews;
 class Shell;
 class ViewPictures;
 
-/// Opens, switches and closes recordings and does what the menus ask for. GUI thread.
-class Workbench final : public Commands {
+/// Makes the parts of the application, and lets the window show what becomes of them. GUI thread.
+class Workbench {
 public:
     struct Setup {
         std::string settingsFile; ///< empty: settings live in memory, and no session is read or kept
@@ -44,7 +42,7 @@ public:
 
     explicit Workbench(Setup setup);
     /// Ends the views; the window must not be in the middle of work.
-    ~Workbench() override;
+    ~Workbench();
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
@@ -56,68 +54,6 @@ public:
     Documents& GetDocuments() const { return *documents_; }
     OpenViews& GetViews() const { return *views_; }
     AnalysisRunner& GetAnalyses() const { return *analyses_; }
-    Document* Current() const;
-
-    void AskForFile() override;
-    void OpenFile(const std::string& path) override;
-    void CloseFile() override;
-    void Quit() override;
-    std::vector<std::string> RecentPaths() const override;
-    void ClearRecent() override;
-
-    bool HasDocument() const override;
-    bool HasModule() const override { return setup_.bridge != nullptr; }
-    bool CanShow(ViewKind kind) const override;
-    bool IsShown(ViewKind kind) const override;
-    void Show(ViewKind kind, bool show) override;
-    void FillOrShowAll() override;
-    bool IsFilled() const override;
-    bool HasSideBar() const override;
-    bool IsSideBarShown() const override;
-    void ShowSideBar(bool show) override;
-    void GoToPane(bool next) override;
-    bool IsActive(ViewKind kind) const override;
-    void Activate(ViewKind kind) override;
-    bool ShowsEvents() const override;
-    void ShowEvents(bool show) override;
-    Arrangement GetArrangement() const override;
-    void Arrange(Arrangement arrangement) override;
-
-    bool CanAnalyse() const override;
-    void NewAnalysis() override;
-    void Recompute() override;
-
-    std::string UndoText() const override;
-    std::string RedoText() const override;
-    void Undo() override;
-    void Redo() override;
-    bool HasChangedEvents() const override;
-    void SaveEvents() override;
-    void SaveEventsAs() override;
-    void OpenEvents() override;
-
-    bool HasActiveView() const override;
-    void SavePicture() override;
-    void PrintPicture() override;
-    void CopyPicture() override;
-
-    std::vector<std::string> MontageNames() const override;
-    std::size_t CurrentMontage() const override;
-    void ChooseMontage(std::size_t index) override;
-    void EditMontages() override;
-    void ChooseAverageElectrodes() override;
-
-    void EditMacros() override;
-    bool UsesRegression() const override;
-    void UseRegression(bool use) override;
-
-    std::vector<std::string> Languages() const override;
-    std::string Language() const override;
-    void ChooseLanguage(const std::string& language) override;
-
-    void ShowManual() override;
-    void ShowLog() override;
-    void ShowAbout() override;
 
 private:
     void ShowOpened(const std::vector<std::string>& remarks);

@@ -41,11 +41,14 @@ protected:
     /// Another 10 s of open eyes.
     void AddEvent() const {
         constexpr std::int64_t kSecond = 1'000'000'000;
-        bench->Current()->Events().Add(
-            {"Artifact",
-             EventClass::State,
-             {XTime::FromNanoseconds(kSecond), XTime::FromNanoseconds(2 * kSecond)}});
+        Events().Add({"Artifact",
+                      EventClass::State,
+                      {XTime::FromNanoseconds(kSecond), XTime::FromNanoseconds(2 * kSecond)}});
         test::WaitUntilIdle();
+    }
+    void Save() {
+        Opens("menuFile");
+        Item("fileSaveEvents").trigger();
     }
     /// The box that asks what becomes of the changes.
     void Answer(const char* caption) {
@@ -92,29 +95,29 @@ TEST_F(Analysing, NothingChangesWhenTheUserCancels) {
 
 TEST_F(Analysing, ShowsTheViewThatTheUserHasClosed) {
     Start(Demo());
-    bench->Show(ViewKind::Spectrum, false);
-    bench->Show(ViewKind::Maps, false);
+    bench->GetViews().Hide(ViewKind::Spectrum);
+    bench->GetViews().Hide(ViewKind::Maps);
     ChooseMacro("Resting eyes closed");
     Item("analysisNew").trigger();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
 }
 
 TEST_F(Analysing, MapsWithoutAnAnalysisAskForOneOnce) {
     Start(Demo());
-    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
     user.MeetsDialog([](QDialog& form) { form.reject(); });
     Item("viewMaps").trigger();
-    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
     ChooseMacro("Resting eyes closed");
     Item("viewMaps").trigger();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Maps));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
 }
 
 TEST_F(Analysing, NeedsARecording) {
     Start();
     EXPECT_FALSE(Item("analysisNew").isEnabled());
     EXPECT_FALSE(Item("analysisRecompute").isEnabled());
-    bench->OpenFile(Demo());
+    bench->GetDocuments().Open(Demo());
     EXPECT_TRUE(Item("analysisNew").isEnabled());
 }
 
@@ -128,19 +131,19 @@ TEST_F(Analysing, AMontageIsChosenInTheMenu) {
     EXPECT_EQ(items[1]->text(), "Longitudinal bipolar");
     items[1]->trigger();
     EXPECT_EQ(Recording().GetTraceInfo()->GetMtg().GetName(), "Longitudinal bipolar");
-    EXPECT_EQ(bench->CurrentMontage(), 1U);
+    EXPECT_EQ(Recording().GetMontageList()->GetCurrentIndex(), 1U);
 }
 
 TEST_F(Analysing, ViewsAreClosedByTheirButtonAndOpenedInTheMenu) {
     Start(Demo());
-    bench->Show(ViewKind::Spectrum, true);
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
     Spectrum().parentWidget()->parentWidget()->findChild<QToolButton*>("view_close")->click();
     test::WaitUntilIdle();
-    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Spectrum));
     Opens("menuView");
     EXPECT_FALSE(Item("viewSpectrum").isChecked());
     Item("viewSpectrum").trigger();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
     Opens("menuView");
     EXPECT_TRUE(Item("viewSpectrum").isChecked());
 }
@@ -149,14 +152,14 @@ TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
     Start();
     EXPECT_EQ(MenuTitles(),
               QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Window", "Help"}));
-    bench->OpenFile(Demo());
-    bench->Show(ViewKind::Spectrum, true);
+    bench->GetDocuments().Open(Demo());
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
     user.MeetsDialog([](QDialog& form) { form.reject(); }); // asks, since there is no analysis
     Spectrum().SetFocus();
     test::WaitUntilIdle();
     EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Spectrum", "Montage", "Tools",
                                          "Window", "Help"}));
-    bench->CloseFile();
+    bench->GetDocuments().Close();
     EXPECT_EQ(MenuTitles(),
               QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Window", "Help"}));
 }
@@ -164,7 +167,7 @@ TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
 TEST_F(Analysing, TheRegressionPanelComesAndGoes) {
     Start(Demo());
     AddAnalysis();
-    bench->Show(ViewKind::Spectrum, true);
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
     const auto panels = [this] {
         Spectrum().SetFocus();
         test::WaitUntilIdle();
@@ -186,7 +189,7 @@ TEST_F(Analysing, ChangedEventsAreSavedUnasked) {
     setup.savesEvents = true;
     Start(setup, Demo());
     AddEvent();
-    const review::EventEditor& events = bench->Current()->Events();
+    const review::EventEditor& events = Events();
     constexpr int kPatienceMS = 10000;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !events.IsChanged(); }, kPatienceMS));
     EXPECT_TRUE(std::filesystem::exists(events.GetFile()));
@@ -195,34 +198,33 @@ TEST_F(Analysing, ChangedEventsAreSavedUnasked) {
 TEST_F(Analysing, EventsAreUndoneAndDoneAgain) {
     Start(Demo());
     EXPECT_FALSE(Item("editUndo").isEnabled());
-    const std::size_t before = bench->Current()->Events().Events().size();
+    const std::size_t before = Events().Events().size();
     AddEvent();
     Opens("menuEdit");
     EXPECT_EQ(Item("editUndo").text(), "&Undo Add Artifact");
     EXPECT_TRUE(bench->Window().isWindowModified());
     Item("editUndo").trigger();
-    EXPECT_EQ(bench->Current()->Events().Events().size(), before);
+    EXPECT_EQ(Events().Events().size(), before);
     Opens("menuEdit");
     Item("editRedo").trigger();
-    EXPECT_EQ(bench->Current()->Events().Events().size(), before + 1);
+    EXPECT_EQ(Events().Events().size(), before + 1);
     Answer("&Discard");
 }
 
 TEST_F(Analysing, EventsAreSaved) {
     Start(Demo());
     AddEvent();
-    Opens("menuFile");
-    Item("fileSaveEvents").trigger();
+    Save();
     EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
-    EXPECT_FALSE(bench->HasChangedEvents());
+    EXPECT_FALSE(Events().IsChanged());
 }
 
 TEST_F(Analysing, ChangedEventsAreSavedBeforeTheRecordingGoes) {
     Start(Demo());
     AddEvent();
     Answer("&Save");
-    bench->CloseFile();
-    EXPECT_FALSE(bench->HasDocument());
+    bench->GetDocuments().Close();
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
     EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
 }
 
@@ -230,7 +232,7 @@ TEST_F(Analysing, TheUserCanStayWithChangedEvents) {
     Start(Demo());
     AddEvent();
     Answer("&Cancel");
-    bench->OpenFile(Demo("other.edf"));
+    bench->GetDocuments().Open(Demo("other.edf"));
     EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
     Answer("&Cancel");
     EXPECT_FALSE(bench->Window().close());
@@ -243,11 +245,11 @@ TEST_F(Analysing, EventsThatAnotherProgramChangedAreReplacedOnRequest) {
     AddEvent();
     folder.Write("demo_events.tsv", "onset\tduration\ttrial_type\n3\t0\tother\n");
     Answer("&Cancel");
-    bench->SaveEvents();
-    EXPECT_TRUE(bench->HasChangedEvents());
+    Save();
+    EXPECT_TRUE(Events().IsChanged());
     Answer("&Overwrite");
-    bench->SaveEvents();
-    EXPECT_FALSE(bench->HasChangedEvents());
+    Save();
+    EXPECT_FALSE(Events().IsChanged());
     EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("Artifact"));
 }
 
@@ -257,11 +259,11 @@ TEST_F(Analysing, EventsThatAnotherProgramChangedAreLoadedOnRequest) {
     folder.Write("demo_events.tsv", "onset\tduration\ttrial_type\n3\t0\tother\nsoon\t0\tz\n");
     Answer("&Load theirs");
     user.AnswersMessage(owl::kIdOk);
-    bench->SaveEvents();
-    EXPECT_FALSE(bench->HasChangedEvents());
+    Save();
+    EXPECT_FALSE(Events().IsChanged());
     const auto labels = [this] {
         std::vector<std::string> found;
-        for (const EventRecord& event : bench->Current()->Events().Events()) {
+        for (const EventRecord& event : Events().Events()) {
             found.push_back(event.Label);
         }
         return found;
@@ -278,8 +280,8 @@ TEST_F(Analysing, EventsStayWhenWhatAnotherProgramWroteCannotBeLoaded) {
     folder.Write("demo_events.tsv", "notes\n");
     Answer("&Load theirs");
     user.AnswersMessage(owl::kIdOk);
-    bench->SaveEvents();
-    EXPECT_TRUE(bench->HasChangedEvents());
+    Save();
+    EXPECT_TRUE(Events().IsChanged());
     EXPECT_EQ(folder.Read("demo_events.tsv"), "notes\n");
     Answer("&Discard");
 }
@@ -290,8 +292,8 @@ TEST_F(Analysing, EventsThatCannotBeSavedAreSavedElsewhere) {
     std::filesystem::create_directory(folder.Path("demo_events.tsv")); // no file can take its place
     Answer("Save &Elsewhere...");
     user.ChoosesFile(folder.Path("mine.tsv"));
-    bench->SaveEvents();
-    EXPECT_FALSE(bench->HasChangedEvents());
+    Save();
+    EXPECT_FALSE(Events().IsChanged());
     EXPECT_THAT(folder.Read("mine.tsv"), HasSubstr("Artifact"));
 }
 

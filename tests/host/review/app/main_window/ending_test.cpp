@@ -30,7 +30,7 @@ protected:
             what();
             happened = true;
         });
-        bench->Recompute();
+        bench->GetAnalyses().Recompute();
         EXPECT_TRUE(happened);
     }
 
@@ -51,7 +51,7 @@ TEST_F(Ending, TheWindowClosesWhenTheComputationIsCancelled) {
 TEST_F(Ending, TheRecordingIsSwitchedWhenTheComputationIsCancelled) {
     const std::string other = Demo("other.edf", 2);
     ComputeAnd([&] {
-        bench->OpenFile(other);
+        bench->GetDocuments().Open(other);
         EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
     });
     test::WaitUntilIdle();
@@ -60,19 +60,19 @@ TEST_F(Ending, TheRecordingIsSwitchedWhenTheComputationIsCancelled) {
 }
 
 TEST_F(Ending, TheRecordingIsClosedWhenTheComputationIsCancelled) {
-    ComputeAnd([this] { bench->CloseFile(); });
+    ComputeAnd([this] { bench->GetDocuments().Close(); });
     test::WaitUntilIdle();
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
 }
 
 TEST_F(Ending, AViewIsClosedWhenTheComputationIsCancelled) {
-    ComputeAnd([this] { bench->Show(ViewKind::Spectrum, false); });
+    ComputeAnd([this] { bench->GetViews().Hide(ViewKind::Spectrum); });
     test::WaitUntilIdle();
-    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Spectrum));
 }
 
 TEST_F(Ending, NoOtherAnalysisIsAskedForMeanwhile) {
-    ComputeAnd([this] { bench->NewAnalysis(); });
+    ComputeAnd([this] { bench->GetAnalyses().New(); });
     EXPECT_EQ(Analyses().Size(), 2U);
 }
 

@@ -67,7 +67,8 @@ TEST_F(EventDock, GoesWhenTheUserAsksAgainOrClosesIt) {
     EXPECT_FALSE(Dock().isVisible());
     Item("viewEvents").trigger();
     Dock().close();
-    EXPECT_FALSE(bench->ShowsEvents());
+    Opens("menuView");
+    EXPECT_FALSE(Item("viewEvents").isChecked());
     LeaveAndComeBack();
     EXPECT_FALSE(Dock().isVisible());
 }
@@ -75,10 +76,10 @@ TEST_F(EventDock, GoesWhenTheUserAsksAgainOrClosesIt) {
 TEST_F(EventDock, IsThereOnlyWhileARecordingIsOpen) {
     Start(Demo());
     Item("viewEvents").trigger();
-    bench->CloseFile();
+    bench->GetDocuments().Close();
     EXPECT_FALSE(Dock().isVisible());
     EXPECT_FALSE(Item("viewEvents").isEnabled());
-    bench->OpenFile(Demo("b.edf"));
+    bench->GetDocuments().Open(Demo("b.edf"));
     EXPECT_TRUE(Dock().isVisible());
 }
 
@@ -104,10 +105,9 @@ TEST_F(EventDock, FollowsTheEvents) {
     Start(Demo());
     Item("viewEvents").trigger();
     const int before = List().model()->rowCount();
-    bench->Current()->Events().Add(
-        {"spike", EventClass::Spot, {XTime::FromSeconds(3), XTime::FromSeconds(3)}});
+    Events().Add({"spike", EventClass::Spot, {XTime::FromSeconds(3), XTime::FromSeconds(3)}});
     EXPECT_EQ(List().model()->rowCount(), before + 1);
-    bench->Undo();
+    Events().Undo();
     EXPECT_EQ(List().model()->rowCount(), before);
 }
 

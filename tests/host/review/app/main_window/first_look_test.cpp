@@ -26,7 +26,7 @@ protected:
     std::vector<ViewKind> Shown() const {
         std::vector<ViewKind> shown;
         for (const ViewKind kind : review::kViewKinds) {
-            if (bench->IsShown(kind)) {
+            if (bench->GetViews().IsShown(kind)) {
                 shown.push_back(kind);
             }
         }
@@ -61,7 +61,7 @@ TEST_F(FirstLook, TheTracesFillTheWindowBeforeThereIsAnAnalysis) {
 
 TEST_F(FirstLook, TheTracesAreShownWhenNothingElseWouldBe) {
     Start(Demo());
-    bench->Show(ViewKind::Traces, false);
+    bench->GetViews().Hide(ViewKind::Traces);
     Leave();
     Start();
     EXPECT_THAT(Shown(), ElementsAre(ViewKind::Traces));
@@ -70,7 +70,7 @@ TEST_F(FirstLook, TheTracesAreShownWhenNothingElseWouldBe) {
 TEST_F(FirstLook, AnAnalysisIsOfferedUntilThereIsOne) {
     Start();
     EXPECT_FALSE(Offer().isVisible());
-    bench->OpenFile(Demo());
+    bench->GetDocuments().Open(Demo());
     ASSERT_TRUE(Offer().isVisible());
     auto* button = Offer().findChild<QPushButton*>("offerNew");
     ASSERT_NE(button, nullptr);
@@ -80,7 +80,7 @@ TEST_F(FirstLook, AnAnalysisIsOfferedUntilThereIsOne) {
     EXPECT_TRUE(Offer().isVisible());
     Analyse();
     EXPECT_FALSE(Offer().isVisible());
-    bench->OpenFile(Demo("other.edf"));
+    bench->GetDocuments().Open(Demo("other.edf"));
     EXPECT_TRUE(Offer().isVisible());
 }
 
@@ -116,8 +116,8 @@ TEST_F(FirstLook, SpectrumMapsAndSideBarAppearWithTheFirstAnalysis) {
 TEST_F(FirstLook, AViewThatTheUserClosedStaysClosedWithTheNextAnalysis) {
     Start(Demo());
     Analyse();
-    bench->Show(ViewKind::Maps, false);
-    bench->OpenFile(Demo("other.edf"));
+    bench->GetViews().Hide(ViewKind::Maps);
+    bench->GetDocuments().Open(Demo("other.edf"));
     EXPECT_THAT(Shown(), ElementsAre(ViewKind::Traces));
     Analyse();
     EXPECT_THAT(Shown(), ElementsAre(ViewKind::Traces, ViewKind::Spectrum));

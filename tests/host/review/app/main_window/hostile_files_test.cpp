@@ -56,7 +56,7 @@ protected:
         const std::vector<std::string> drawn = DrawnTraces();
         const std::size_t told = user.Messages().size();
         user.AnswersMessage(owl::kIdOk);
-        bench->OpenFile(path);
+        bench->GetDocuments().Open(path);
         test::WaitUntilIdle();
         ASSERT_EQ(user.Messages().size(), told + 1);
         EXPECT_THAT(user.Messages().back().text, HasSubstr(path.substr(path.rfind('/') + 1) + ": "));
@@ -64,8 +64,8 @@ protected:
         ASSERT_EQ(&Recording(), recording);
         EXPECT_EQ(Title().toStdString(), "good.edf[*] - Orvanta");
         EXPECT_TRUE(DrawnTraces() == drawn);
-        EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
-        EXPECT_THAT(bench->RecentPaths(), ElementsAre(good_));
+        EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Traces));
+        EXPECT_THAT(bench->GetDocuments().Recent().Paths(), ElementsAre(good_));
     }
 
     std::string good_, bytes_;
@@ -109,8 +109,8 @@ TEST_F(HostileFile, WithAWrongCountIsRepairedAndSaysSo) {
     };
     for (const auto& [what, content] : cases) {
         SCOPED_TRACE(what);
-        bench->OpenFile(good_);
-        bench->OpenFile(folder.Write("repaired.edf", content));
+        bench->GetDocuments().Open(good_);
+        bench->GetDocuments().Open(folder.Write("repaired.edf", content));
         ASSERT_EQ(Title().toStdString(), "repaired.edf[*] - Orvanta");
         EXPECT_TRUE(bench->Middle().Repairs().isVisible());
     }
@@ -166,7 +166,7 @@ TEST_F(HostileFile, ThatGoesWhileItIsOpenStaysOnTheScreen) {
     AddAnalysis();
     std::filesystem::remove(good_);
     const std::vector<std::string> drawn = DrawnTraces();
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     EXPECT_TRUE(Analyses().GetMain()->IsComputed());
     EXPECT_TRUE(DrawnTraces() == drawn);
     EXPECT_TRUE(user.Messages().empty());
@@ -174,12 +174,12 @@ TEST_F(HostileFile, ThatGoesWhileItIsOpenStaysOnTheScreen) {
 
 TEST_F(HostileFile, ThatShrinksWhileItIsReadIsTold) {
     const std::string path = Demo("shrinks.edf", 1, 30);
-    bench->OpenFile(path);
+    bench->GetDocuments().Open(path);
     user.MeetsDialog([](QDialog& form) {
         test::FormUser(form).SelectsRows("ListBoxMacro", {"Resting eyes closed"});
         test::FormUser(form).Clicks("BtnAutoAverage");
     });
-    bench->NewAnalysis();
+    bench->GetAnalyses().New();
     ASSERT_TRUE(Analyses().GetMain()->IsComputed());
     std::filesystem::resize_file(path, std::filesystem::file_size(path) / 3);
     user.AnswersMessage(owl::kIdOk);
@@ -192,7 +192,7 @@ TEST_F(HostileFile, ThatShrinksWhileItIsReadIsTold) {
     user.AnswersMessage(owl::kIdOk).AnswersMessage(owl::kIdOk).AnswersMessage(owl::kIdOk);
     traces.GoTo(XTime::FromSeconds(1700));
     test::WaitUntilIdle();
-    EXPECT_TRUE(bench->HasDocument());
+    EXPECT_NE(bench->GetDocuments().Current(), nullptr);
     EXPECT_TRUE(traces.isVisible());
 }
 

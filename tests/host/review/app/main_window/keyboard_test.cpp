@@ -47,7 +47,7 @@ protected:
     void StartWithEverything() {
         Start(Demo());
         AddAnalysis();
-        bench->Recompute();
+        bench->GetAnalyses().Recompute();
         test::WaitUntilIdle();
     }
     std::vector<QWidget*> Visible() const {

@@ -66,7 +66,7 @@ TEST_F(LinkedViews, NothingIsShadedBeforeTheAnalysisIsComputed) {
 TEST_F(LinkedViews, TheEpochsOfBothAnalysesAreShaded) {
     AddStates("eyes open", 0x000000FF);                             // red
     Analyses().SetSecondary(&AddStates("eyes closed", 0x00FF0000)); // blue
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     // Hue and saturation of the colour, 42 % light on white, so that it is seen through its thin layer.
     EXPECT_THAT(Shades(),
                 ElementsAre(Shade{Seconds(0, 30), 0x000000D6,
@@ -78,7 +78,7 @@ TEST_F(LinkedViews, TheEpochsOfBothAnalysesAreShaded) {
 TEST_F(LinkedViews, TheSecondaryAnalysisIsToldApartWhenBothHaveOneColour) {
     AddStates("eyes open");
     Analyses().SetSecondary(&AddStates("eyes closed"));
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     ASSERT_THAT(Shades(), SizeIs(2));
     EXPECT_NE(Shades()[0].color, Shades()[1].color);
 }
@@ -88,7 +88,7 @@ TEST_F(LinkedViews, ShadesFollowTheAnalyses) {
     const review::AnalysisState none = review::AnalysisStateOf(Analyses(), palette);
     AddStates("eyes open");
     EXPECT_EQ(review::AnalysisStateOf(Analyses(), palette), none);
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     const review::AnalysisState computed = review::AnalysisStateOf(Analyses(), palette);
     EXPECT_NE(computed, none);
     EXPECT_NE(review::AnalysisStateOf(Analyses(), owl::AppearancePalette(true)), computed);
@@ -116,7 +116,7 @@ TEST_F(LinkedViews, NextSelectionMovesTheTracesToTheNextStretch) {
     macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByDuration);
     macro.SetFixedDurationSec(20);
     Analyses().SetMain(&AddAnalysis(macro));
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     ASSERT_EQ(*Traces().GetPage().GetBeginPtr(), XTime());
     TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
     constexpr unsigned kNextSelection = 14476; // of the spectrum view
@@ -130,7 +130,7 @@ TEST_F(LinkedViews, NextSelectionMovesTheTracesToTheNextStretch) {
 
 TEST_F(LinkedViews, ABadElectrodeLeavesTheAnalysisAtOnce) {
     AddAnalysis();
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     const SensorType* cz = Recording().GetTraceInfo()->FindSensor("Cz");
     ASSERT_GT(Analyses().GetMain()->GetSpectrum(cz)->GetValue(5), 0);
     bench->Middle().PointAtChannel("Cz");
@@ -140,22 +140,22 @@ TEST_F(LinkedViews, ABadElectrodeLeavesTheAnalysisAtOnce) {
 }
 
 TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {
-    bench->Show(ViewKind::Traces, false);
+    bench->GetViews().Hide(ViewKind::Traces);
     bench->Middle().PointAtTime(XTime::FromNanoseconds(45 * kSecond));
     bench->Middle().PointAtChannel("Cz");
-    EXPECT_FALSE(bench->IsShown(ViewKind::Traces));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Traces));
 }
 
 TEST_F(LinkedViews, AViewThatOpensNamesTheMontageInUse) {
-    bench->Show(ViewKind::Spectrum, true);
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
     const TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
     EXPECT_EQ(spectrum.GetToolBar().findChild<QComboBox*>()->currentText(), "As recorded");
 }
 
 TEST_F(LinkedViews, AMontageChosenAnywhereIsTheOneOfAllViews) {
     AddAnalysis();
-    bench->Recompute();
-    bench->ChooseMontage(1);
+    bench->GetAnalyses().Recompute();
+    ChangeMontage(1);
     test::WaitUntilIdle();
     EXPECT_EQ(Analyses().GetMain()->GetMontage().GetName(), "Longitudinal bipolar");
     TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
@@ -164,24 +164,24 @@ TEST_F(LinkedViews, AMontageChosenAnywhereIsTheOneOfAllViews) {
 
 TEST_F(LinkedViews, SaysThatChangedEventsAreNotInTheAnalysis) {
     AddStates("eyes open");
-    bench->Recompute();
-    bench->Current()->Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
+    bench->GetAnalyses().Recompute();
+    Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
     EXPECT_EQ(bench->Window().ShownText(), "The events have changed since the analysis was computed. Choose "
                                            "Recompute to take them in.")
         << SpectMacroResult(Analyses().GetMain()->GetMacro(), &Recording(), nullptr).GetFFTCount()
         << " epochs, then " << Analyses().GetMain()->GetFFTCount() << ", events "
         << Recording().GetEventsManager()->GetEvents().size();
-    bench->Current()->Events().Undo();
+    Events().Undo();
 }
 
 TEST_F(LinkedViews, TellsOfTheAnalysisAnewWhenItIsComputedAnew) {
     AddStates("eyes open");
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     EXPECT_EQ(bench->Window().ShownText(), "Analyzed: 29 epochs, 30.0 s");
-    bench->Current()->Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
-    bench->Recompute();
+    Events().Add({"eyes open", EventClass::State, Seconds(40, 50)});
+    bench->GetAnalyses().Recompute();
     EXPECT_EQ(bench->Window().ShownText(), "Analyzed: 38 epochs, 40.0 s");
-    bench->Current()->Events().Undo();
+    Events().Undo();
 }
 
 } // namespace

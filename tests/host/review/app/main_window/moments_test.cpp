@@ -40,13 +40,13 @@ protected:
             bench->Window().close();
             break;
         case End::File:
-            bench->CloseFile();
+            bench->GetDocuments().Close();
             break;
         case End::Switch:
-            bench->OpenFile(other_);
+            bench->GetDocuments().Open(other_);
             break;
         case End::View:
-            bench->Show(kind, false);
+            bench->GetViews().Hide(kind);
             break;
         }
     }
@@ -58,15 +58,15 @@ protected:
             EXPECT_FALSE(bench->Window().isVisible());
             break;
         case End::File:
-            EXPECT_FALSE(bench->HasDocument());
+            EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
             break;
         case End::Switch:
-            ASSERT_TRUE(bench->HasDocument());
+            ASSERT_NE(bench->GetDocuments().Current(), nullptr);
             EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
             break;
         case End::View:
-            EXPECT_FALSE(bench->IsShown(kind));
-            EXPECT_TRUE(bench->HasDocument());
+            EXPECT_FALSE(bench->GetViews().IsShown(kind));
+            EXPECT_NE(bench->GetDocuments().Current(), nullptr);
             break;
         }
     }
@@ -87,7 +87,7 @@ protected:
 };
 
 TEST_P(InTheMiddle, OfReadingAheadForTheTraces) {
-    bench->OpenFile(Demo("long.edf", 3, 30)); // many blocks for the worker
+    bench->GetDocuments().Open(Demo("long.edf", 3, 30)); // many blocks for the worker
     ASSERT_EQ(Recording().GetFileNameText(), "long.edf");
     Ends();
     HasEnded();
@@ -118,7 +118,7 @@ TEST_P(InTheMiddle, OfADialogNothingGoesButTheWindow) {
             HasEnded();
         } else {
             test::WaitUntilIdle();
-            EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
+            EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Traces));
             EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
         }
         form.accept();
@@ -129,19 +129,18 @@ TEST_P(InTheMiddle, OfADialogNothingGoesButTheWindow) {
         View(ViewKind::Traces).setFocus();
         QTest::keyClick(bench->Window().windowHandle(), key);
     }
-    bench->NewAnalysis();
+    bench->GetAnalyses().New();
     test::WaitUntilIdle();
 }
 
 TEST_P(InTheMiddle, OfAMessage) {
     user.AnswersMessage(owl::kIdOk, [this] { Ends(); });
-    bench->OpenFile(folder.Write("broken.edf", "?"));
+    bench->GetDocuments().Open(folder.Write("broken.edf", "?"));
     HasEnded();
 }
 
 TEST_P(InTheMiddle, OfWaitingToSaveEvents) {
-    bench->Current()->Events().Add(
-        {"Artifact", EventClass::State, {XTime::FromSeconds(1), XTime::FromSeconds(2)}});
+    Events().Add({"Artifact", EventClass::State, {XTime::FromSeconds(1), XTime::FromSeconds(2)}});
     if (GetParam() != End::View) {
         user.Meets<QMessageBox>([](QMessageBox& box) {
             for (QAbstractButton* button : box.buttons()) {
@@ -162,9 +161,9 @@ TEST_P(InTheMiddle, OfWaitingToSaveEvents) {
 
 TEST_P(InTheMiddle, OfACartoon) {
     AddAnalysis();
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     test::WaitUntilIdle();
-    bench->Show(ViewKind::Maps, true);
+    bench->GetAnalyses().Show(ViewKind::Maps);
     auto& maps = dynamic_cast<CartoonStat&>(View(ViewKind::Maps));
     maps.SetFocus();
     test::WaitUntilIdle();

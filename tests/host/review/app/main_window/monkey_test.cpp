@@ -112,7 +112,7 @@ TEST_F(Monkey, BreaksNothing) {
     const Impatient user_;
     Start(files[0]);
     AddAnalysis();
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     // Menus of buttons wait for an answer.
     QTimer closer;
     QObject::connect(&closer, &QTimer::timeout, &closer, [this] { CloseWhatIsOpen(); });
@@ -127,7 +127,7 @@ TEST_F(Monkey, BreaksNothing) {
         } else if (what < 98) {
             Choose();
         } else {
-            bench->OpenFile(files[Number(std::size(files))]);
+            bench->GetDocuments().Open(files[Number(std::size(files))]);
         }
         test::WaitUntilIdle(); // an event loop, which deletes what is to be deleted later, too
         CloseWhatIsOpen();

@@ -21,14 +21,14 @@ using Opening = test::WorkbenchFixture;
 
 TEST_F(Opening, StartsWithoutARecording) {
     Start();
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
     EXPECT_EQ(Title(), "Orvanta");
     EXPECT_TRUE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
 }
 
 TEST_F(Opening, ShowsTheRecordingThatIsNamedAtTheStart) {
     Start(Demo());
-    ASSERT_TRUE(bench->HasDocument());
+    ASSERT_NE(bench->GetDocuments().Current(), nullptr);
     EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
     EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Traces)->isVisible());
     EXPECT_FALSE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
@@ -52,38 +52,38 @@ TEST_F(Opening, DoesNothingWhenTheUserCancels) {
 
 TEST_F(Opening, SwitchesToAnotherRecording) {
     Start(Demo());
-    bench->OpenFile(Demo("other.edf", 2));
+    bench->GetDocuments().Open(Demo("other.edf", 2));
     EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
-    EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Traces));
 }
 
 TEST_F(Opening, LeavesTheRecordingWhenABrokenFileIsRefused) {
     Start(Demo());
     const EEGFileInfoType* before = &Recording();
     user.AnswersMessage(owl::kIdOk);
-    bench->OpenFile(folder.Write("broken.edf", "no header at all"));
+    bench->GetDocuments().Open(folder.Write("broken.edf", "no header at all"));
     EXPECT_EQ(&Recording(), before);
-    EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Traces));
     ASSERT_EQ(user.Messages().size(), 1U);
     EXPECT_THAT(user.Messages().front().text, HasSubstr("broken.edf: "));
     EXPECT_EQ(user.Messages().front().caption, "Error");
-    EXPECT_THAT(bench->RecentPaths(), ElementsAre(folder.Path("demo.edf")));
+    EXPECT_THAT(bench->GetDocuments().Recent().Paths(), ElementsAre(folder.Path("demo.edf")));
 }
 
 TEST_F(Opening, SaysThatAFileIsMissing) {
     Start();
     user.AnswersMessage(owl::kIdOk);
-    bench->OpenFile(folder.Path("none.edf"));
-    EXPECT_FALSE(bench->HasDocument());
+    bench->GetDocuments().Open(folder.Path("none.edf"));
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
     EXPECT_THAT(user.Messages().front().text, HasSubstr("none.edf: "));
 }
 
 TEST_F(Opening, ClosesTheRecording) {
     Start(Demo());
     Item("fileClose").trigger();
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
     EXPECT_EQ(Title(), "Orvanta");
-    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Spectrum));
     EXPECT_FALSE(Item("fileClose").isEnabled());
     EXPECT_TRUE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
 }
@@ -101,7 +101,7 @@ TEST_F(Opening, SaysWhatWasRepaired) {
     Start(file);
     EXPECT_TRUE(bench->Middle().Repairs().isVisible());
     EXPECT_THAT(bench->Middle().Repairs().Text().toStdString(), HasSubstr("About this recording: "));
-    bench->OpenFile(Demo("sound.edf"));
+    bench->GetDocuments().Open(Demo("sound.edf"));
     EXPECT_FALSE(bench->Middle().Repairs().isVisible());
 }
 
@@ -129,14 +129,15 @@ TEST_F(Opening, TakesNeitherAddressesNorSeveralFiles) {
     const QUrl file = QUrl::fromLocalFile(QString::fromStdString(Demo()));
     Drop(bench->Window(), {QUrl("https://example.org/a.edf")});
     Drop(bench->Window(), {file, file});
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
 }
 
 TEST_F(Opening, ListsRecentFilesLatestFirst) {
     Start(Demo("a.edf"));
-    bench->OpenFile(Demo("b & c.edf"));
-    bench->OpenFile(folder.Path("a.edf"));
-    EXPECT_THAT(bench->RecentPaths(), ElementsAre(folder.Path("a.edf"), folder.Path("b & c.edf")));
+    bench->GetDocuments().Open(Demo("b & c.edf"));
+    bench->GetDocuments().Open(folder.Path("a.edf"));
+    EXPECT_THAT(bench->GetDocuments().Recent().Paths(),
+                ElementsAre(folder.Path("a.edf"), folder.Path("b & c.edf")));
     std::filesystem::remove(folder.Path("a.edf"));
     Opens("fileRecent");
     const QList<QAction*> items = Menu("fileRecent").actions();
@@ -152,10 +153,10 @@ TEST_F(Opening, ForgetsRecentFilesOnRequest) {
     Start(Demo());
     Opens("fileRecent");
     Item("fileClearRecent").trigger();
-    EXPECT_THAT(bench->RecentPaths(), IsEmpty());
-    bench->CloseFile();
+    EXPECT_THAT(bench->GetDocuments().Recent().Paths(), IsEmpty());
+    bench->GetDocuments().Close();
     Leave();
-    EXPECT_THAT(Start().RecentPaths(), IsEmpty());
+    EXPECT_THAT(Start().GetDocuments().Recent().Paths(), IsEmpty());
 }
 
 TEST_F(Opening, WithoutTheModuleSaysWhyAndStillOpens) {
@@ -163,8 +164,8 @@ TEST_F(Opening, WithoutTheModuleSaysWhyAndStillOpens) {
     setup.bridge = nullptr;
     setup.moduleProblem = "Orvanta64.so: no such file (install it)";
     Start(setup, Demo());
-    EXPECT_TRUE(bench->HasDocument());
-    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_NE(bench->GetDocuments().Current(), nullptr);
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Spectrum));
     EXPECT_TRUE(bench->Middle().Problem().isVisible());
     EXPECT_EQ(bench->Middle().Problem().Text(),
               "Only traces can be shown: Orvanta64.so: no such file (install it)");

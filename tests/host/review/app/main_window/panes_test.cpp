@@ -19,7 +19,7 @@ protected:
         Start(Demo());
         AddAnalysis();
         Size();
-        bench->Recompute();
+        bench->GetAnalyses().Recompute();
         test::WaitUntilIdle();
     }
 
@@ -89,14 +89,14 @@ TEST_F(Panes, KeepTheUsersSizesWhileViewsComeAndGo) {
     const double spectrum = SpectrumShare();
     EXPECT_NEAR(traces, 0.38, 0.03);
     EXPECT_NEAR(spectrum, 0.44, 0.03);
-    bench->Show(ViewKind::Maps, false);
+    bench->GetViews().Hide(ViewKind::Maps);
     EXPECT_NEAR(TracesShare(), traces, 0.005);
-    bench->Show(ViewKind::Maps, true);
+    bench->GetAnalyses().Show(ViewKind::Maps);
     test::WaitUntilIdle();
     EXPECT_NEAR(TracesShare(), traces, 0.005);
     EXPECT_NEAR(SpectrumShare(), spectrum, 0.005);
-    bench->Show(ViewKind::Traces, false);
-    bench->Show(ViewKind::Traces, true);
+    bench->GetViews().Hide(ViewKind::Traces);
+    bench->GetAnalyses().Show(ViewKind::Traces);
     test::WaitUntilIdle();
     EXPECT_NEAR(TracesShare(), traces, 0.005);
 }
@@ -106,9 +106,9 @@ TEST_F(Panes, KeepTheUsersSizesForAnotherRecordingAndTheNextDay) {
     DragsSpectrumTo(600);
     const double traces = TracesShare();
     const double spectrum = SpectrumShare();
-    bench->OpenFile(Demo("other.edf"));
+    bench->GetDocuments().Open(Demo("other.edf"));
     AddAnalysis();
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     test::WaitUntilIdle();
     EXPECT_NEAR(TracesShare(), traces, 0.005);
     EXPECT_NEAR(SpectrumShare(), spectrum, 0.005);
@@ -120,10 +120,10 @@ TEST_F(Panes, KeepTheUsersSizesForAnotherRecordingAndTheNextDay) {
 TEST_F(Panes, KeepSizesForEachArrangement) {
     DragsTracesTo(250);
     const double traces = TracesShare();
-    bench->Arrange(review::Arrangement::TracesBeside);
+    bench->GetViews().Arrange(review::Arrangement::TracesBeside);
     test::WaitUntilIdle();
     EXPECT_NEAR(Frame(ViewKind::Traces).width(), 683, 10);
-    bench->Arrange(review::Arrangement::TracesAbove);
+    bench->GetViews().Arrange(review::Arrangement::TracesAbove);
     test::WaitUntilIdle();
     EXPECT_NEAR(TracesShare(), traces, 0.005);
 }
@@ -142,13 +142,13 @@ TEST_F(Panes, LetTheActiveViewFillTheWindowUntilEscapeIsPressed) {
     View(ViewKind::Spectrum).SetFocus();
     test::WaitUntilIdle();
     Press(Qt::Key_F11);
-    EXPECT_TRUE(bench->IsFilled());
+    EXPECT_TRUE(bench->Middle().Views().IsFilled());
     EXPECT_TRUE(View(ViewKind::Spectrum).isVisible());
     EXPECT_FALSE(View(ViewKind::Traces).isVisible());
     EXPECT_FALSE(View(ViewKind::Maps).isVisible());
     EXPECT_TRUE(Frame(ViewKind::Spectrum).findChild<QToolButton*>("view_fill")->isChecked());
     Press(Qt::Key_Escape);
-    EXPECT_FALSE(bench->IsFilled());
+    EXPECT_FALSE(bench->Middle().Views().IsFilled());
     EXPECT_TRUE(View(ViewKind::Traces).isVisible());
     EXPECT_TRUE(View(ViewKind::Maps).isVisible());
     EXPECT_NEAR(TracesShare(), 0.5, 0.01);
@@ -159,12 +159,12 @@ TEST_F(Panes, LetTheTracesFillTheWindowUntilEscapeHasNothingElseToEnd) {
     View(ViewKind::Traces).SetFocus();
     test::WaitUntilIdle();
     Press(Qt::Key_F11);
-    ASSERT_TRUE(bench->IsFilled());
+    ASSERT_TRUE(bench->Middle().Views().IsFilled());
     Press(Qt::Key_Space); // plays
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(bench->IsFilled());
+    EXPECT_TRUE(bench->Middle().Views().IsFilled());
     Press(Qt::Key_Escape);
-    EXPECT_FALSE(bench->IsFilled());
+    EXPECT_FALSE(bench->Middle().Views().IsFilled());
 }
 
 TEST_F(Panes, AreReachedOneAfterTheOtherWithF6) {
@@ -188,58 +188,58 @@ TEST_F(Panes, AreReachedOneAfterTheOtherWithF6) {
 }
 
 TEST_F(Panes, HideTheSideBarWithF9AndRememberIt) {
-    ASSERT_TRUE(bench->HasSideBar());
-    EXPECT_TRUE(bench->IsSideBarShown());
+    ASSERT_NE(bench->Middle().Views().SideBar(), nullptr);
+    EXPECT_TRUE(bench->Middle().Views().SideBar()->IsShown());
     EXPECT_LE(Frame(ViewKind::Spectrum).Panel().Panel()->width(), 0.46 * Frame(ViewKind::Spectrum).width());
     bench->Window().activateWindow();
     View(ViewKind::Traces).SetFocus();
     test::WaitUntilIdle();
     Opens("menuView"); // the window looks at itself from time to time only
     Press(Qt::Key_F9);
-    EXPECT_FALSE(bench->IsSideBarShown());
+    EXPECT_FALSE(bench->Middle().Views().SideBar()->IsShown());
     EXPECT_FALSE(Frame(ViewKind::Spectrum).findChild<QToolButton*>("view_panel")->isChecked());
     ComeBack();
-    ASSERT_TRUE(bench->HasSideBar());
-    EXPECT_FALSE(bench->IsSideBarShown());
+    ASSERT_NE(bench->Middle().Views().SideBar(), nullptr);
+    EXPECT_FALSE(bench->Middle().Views().SideBar()->IsShown());
     Frame(ViewKind::Spectrum).findChild<QToolButton*>("view_panel")->click();
-    EXPECT_TRUE(bench->IsSideBarShown());
+    EXPECT_TRUE(bench->Middle().Views().SideBar()->IsShown());
 }
 
 TEST_F(Panes, LeaveTheSideBarOutWhereItWouldTakeTheSpectrumItsRoom) {
     bench->Window().resize(700, 600);
     test::WaitUntilIdle();
-    EXPECT_FALSE(bench->IsSideBarShown());
+    EXPECT_FALSE(bench->Middle().Views().SideBar()->IsShown());
     EXPECT_TRUE(Frame(ViewKind::Spectrum).findChild<QToolButton*>("view_panel")->isVisible());
     bench->Window().resize(1366, 700);
     test::WaitUntilIdle();
-    EXPECT_TRUE(bench->IsSideBarShown());
+    EXPECT_TRUE(bench->Middle().Views().SideBar()->IsShown());
 }
 
 TEST_F(Panes, ShowMapsOnHeadsInThePlaceOfTheFlatOnes) {
     const double spectrum = SpectrumShare();
     Item("viewHeads").trigger();
     test::WaitUntilIdle();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Heads));
-    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Heads));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
     EXPECT_NEAR(SpectrumShare(ViewKind::Heads), spectrum, 0.005);
     EXPECT_TRUE(Captions(View(ViewKind::Heads).GetMenu()).contains("&Lock Maps"));
     Item("viewMaps").trigger();
-    EXPECT_FALSE(bench->IsShown(ViewKind::Heads));
-    ASSERT_TRUE(bench->IsShown(ViewKind::Maps));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Heads));
+    ASSERT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
     EXPECT_FALSE(Captions(View(ViewKind::Maps).GetMenu()).contains("&Lock Maps"));
 }
 
 TEST_F(Panes, ShowTheKindOfMapsAgainThatTheRecordingHad) {
-    bench->Show(ViewKind::Heads, true);
-    bench->OpenFile(Demo("other.edf"));
+    bench->GetAnalyses().Show(ViewKind::Heads);
+    bench->GetDocuments().Open(Demo("other.edf"));
     AddAnalysis();
-    bench->Recompute();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Maps));
-    bench->OpenFile(folder.Path("demo.edf"));
-    EXPECT_TRUE(bench->IsShown(ViewKind::Heads));
+    bench->GetAnalyses().Recompute();
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
+    bench->GetDocuments().Open(folder.Path("demo.edf"));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Heads));
     ComeBack();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Heads));
-    EXPECT_FALSE(bench->IsShown(ViewKind::Maps));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Heads));
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
 }
 
 } // namespace

@@ -47,7 +47,10 @@ void Choose(TheChild& view, const QString& caption) {
 
 const Change kChanges[] = {
     {"Position", ViewKind::Traces, [](auto&, TheChild& view) { Press(view, Qt::Key_PageDown); }},
-    {"Montage", ViewKind::Traces, [](review::Workbench& bench, TheChild&) { bench.ChooseMontage(1); }},
+    {"Montage", ViewKind::Traces,
+     [](review::Workbench& bench, TheChild&) {
+         bench.GetDocuments().Current()->Recording().ChangeMntg(1, true);
+     }},
     {"TimeScale", ViewKind::Traces,
      [](auto&, TheChild& view) { Press(view, Qt::Key_Plus, Qt::ControlModifier); }},
     {"Gain", ViewKind::Traces, [](auto&, TheChild& view) { Press(view, Qt::Key_Plus); }},
@@ -95,7 +98,7 @@ TEST_P(Remembered, IsFoundAgain) {
     ASSERT_EQ(macro.SaveAs(folder.Path("macro.smx")), 0); // gives the analysis a name that stays
     AddAnalysis(macro);
     bench->Window().resize(1200, 800);
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     const Pictures before = Looks();
     GetParam().make(*bench, View());
     const Pictures changed = Looks();

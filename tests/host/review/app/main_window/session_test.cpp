@@ -25,7 +25,7 @@ protected:
     }
     /// Labels of the user's events.
     std::vector<std::string> OwnLabels() const {
-        const review::EventEditor& editor = bench->Current()->Events();
+        const review::EventEditor& editor = Events();
         std::vector<std::string> labels;
         for (std::size_t i = 0; i < editor.Events().size(); ++i) {
             if (editor.IsOwn(i)) {
@@ -43,15 +43,15 @@ protected:
 TEST_F(SessionOfTheWindow, OpensTheLastRecordingAgain) {
     Start(Demo());
     LeaveAndComeBack();
-    ASSERT_TRUE(bench->HasDocument());
+    ASSERT_NE(bench->GetDocuments().Current(), nullptr);
     EXPECT_EQ(Recording().GetFileNameText(), "demo.edf");
 }
 
 TEST_F(SessionOfTheWindow, OpensNothingAfterTheRecordingWasClosed) {
     Start(Demo());
-    bench->CloseFile();
+    bench->GetDocuments().Close();
     LeaveAndComeBack();
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
 }
 
 TEST_F(SessionOfTheWindow, SaysThatTheLastRecordingIsGone) {
@@ -60,7 +60,7 @@ TEST_F(SessionOfTheWindow, SaysThatTheLastRecordingIsGone) {
     std::filesystem::remove(folder.Path("demo.edf"));
     user.AnswersMessage(owl::kIdOk);
     Start();
-    EXPECT_FALSE(bench->HasDocument());
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
 }
 
 TEST_F(SessionOfTheWindow, GoesBackToPlaceAndMontage) {
@@ -141,10 +141,10 @@ TEST_F(SessionOfTheWindow, MakesTheAnalysesAgainAndComputesThem) {
 TEST_F(SessionOfTheWindow, KeepsAnalysesForASuddenEndAsSoonAsTheyAreComputed) {
     Start(Demo());
     AddAnalysis(SavedMacro("a.smx", 40));
-    bench->Recompute();
+    bench->GetAnalyses().Recompute();
     EXPECT_TRUE(QTest::qWaitFor([this] {
-        const std::optional<review::Session> kept =
-            review::LoadSession(review::SessionFile(folder.Path("data/sessions/"), bench->Current()->Path()));
+        const std::optional<review::Session> kept = review::LoadSession(
+            review::SessionFile(folder.Path("data/sessions/"), bench->GetDocuments().Current()->Path()));
         return kept && kept->analyses.size() == 1 && kept->analyses[0].file == folder.Path("a.smx");
     }));
 }
@@ -163,8 +163,8 @@ TEST_F(SessionOfTheWindow, KeepsSettingsThatNoFileHas) {
 TEST_F(SessionOfTheWindow, ComputesNothingWhileNoViewOfAnalysesIsShown) {
     Start(Demo());
     AddAnalysis();
-    bench->Show(ViewKind::Spectrum, false);
-    bench->Show(ViewKind::Maps, false);
+    bench->GetViews().Hide(ViewKind::Spectrum);
+    bench->GetViews().Hide(ViewKind::Maps);
     LeaveAndComeBack();
     ASSERT_EQ(Analyses().Size(), 1U);
     EXPECT_FALSE(Analyses().GetMain()->IsComputed());
@@ -172,13 +172,12 @@ TEST_F(SessionOfTheWindow, ComputesNothingWhileNoViewOfAnalysesIsShown) {
 
 TEST_F(SessionOfTheWindow, KeepsEventsWhereTheUserSavedThem) {
     Start(Demo());
-    bench->Current()->Events().Add(
-        {"spike", EventClass::Spot, {XTime::FromSeconds(3), XTime::FromSeconds(3)}});
+    Events().Add({"spike", EventClass::Spot, {XTime::FromSeconds(3), XTime::FromSeconds(3)}});
     user.ChoosesFile(folder.Path("elsewhere/mine.tsv"));
     folder.Write("elsewhere/readme", "");
     Item("fileSaveEventsAs").trigger();
     LeaveAndComeBack();
-    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("elsewhere/mine.tsv"));
+    EXPECT_EQ(Events().GetFile(), folder.Path("elsewhere/mine.tsv"));
     EXPECT_EQ(OwnLabels(), std::vector<std::string>{"spike"});
     EXPECT_FALSE(std::filesystem::exists(folder.Path("demo_events.tsv")));
 }
@@ -189,7 +188,7 @@ TEST_F(SessionOfTheWindow, TakesTheEventsOfAnotherTableAndKeepsItThen) {
     Item("fileOpenEvents").trigger();
     EXPECT_EQ(OwnLabels(), std::vector<std::string>{"seizure"});
     LeaveAndComeBack();
-    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("theirs.tsv"));
+    EXPECT_EQ(Events().GetFile(), folder.Path("theirs.tsv"));
     EXPECT_EQ(OwnLabels(), std::vector<std::string>{"seizure"});
 }
 
@@ -200,7 +199,7 @@ TEST_F(SessionOfTheWindow, SaysThatTheTableElsewhereIsGoneAndTakesTheRecordings)
     Leave();
     std::filesystem::remove(folder.Path("theirs.tsv"));
     Start();
-    EXPECT_EQ(bench->Current()->Events().GetFile(), folder.Path("demo_events.tsv"));
+    EXPECT_EQ(Events().GetFile(), folder.Path("demo_events.tsv"));
     EXPECT_EQ(OwnLabels(), std::vector<std::string>{});
     const auto texts = bench->Middle().Repairs().findChildren<QLabel*>();
     EXPECT_TRUE(
@@ -210,30 +209,30 @@ TEST_F(SessionOfTheWindow, SaysThatTheTableElsewhereIsGoneAndTakesTheRecordings)
 TEST_F(SessionOfTheWindow, RemembersEachRecordingByItself) {
     Start(Demo("a.edf"));
     AddAnalysis();
-    bench->OpenFile(Demo("b.edf"));
+    bench->GetDocuments().Open(Demo("b.edf"));
     EXPECT_EQ(Analyses().Size(), 0U);
-    bench->OpenFile(folder.Path("a.edf"));
+    bench->GetDocuments().Open(folder.Path("a.edf"));
     EXPECT_EQ(Analyses().Size(), 1U);
 }
 
 TEST_F(SessionOfTheWindow, RemembersWhichViewsAreShown) {
     Start(Demo());
     AddAnalysis();
-    bench->Show(ViewKind::Spectrum, false);
+    bench->GetViews().Hide(ViewKind::Spectrum);
     LeaveAndComeBack();
-    EXPECT_FALSE(bench->IsShown(ViewKind::Spectrum));
-    bench->Show(ViewKind::Spectrum, true);
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Spectrum));
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
     LeaveAndComeBack();
-    EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
 }
 
 TEST_F(SessionOfTheWindow, RemembersArrangementAndSize) {
     Start(Demo());
     bench->Window().resize(900, 500);
-    bench->Arrange(review::Arrangement::TracesBeside);
+    bench->GetViews().Arrange(review::Arrangement::TracesBeside);
     LeaveAndComeBack();
     EXPECT_EQ(bench->Window().size(), QSize(900, 500));
-    EXPECT_EQ(bench->GetArrangement(), review::Arrangement::TracesBeside);
+    EXPECT_EQ(bench->Middle().Views().GetArrangement(), review::Arrangement::TracesBeside);
 }
 
 TEST_F(SessionOfTheWindow, KeepsTheBands) {
@@ -253,8 +252,8 @@ TEST_F(SessionOfTheWindow, IsNeitherReadNorKeptInSafeMode) {
     review::Workbench::Setup setup = Setup();
     setup.settingsFile.clear();
     Start(setup, "");
-    EXPECT_FALSE(bench->HasDocument());
-    bench->OpenFile(folder.Path("demo.edf"));
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
+    bench->GetDocuments().Open(folder.Path("demo.edf"));
     EXPECT_EQ(Analyses().Size(), 0U);
     Leave();
     EXPECT_EQ(folder.Read("settings.ini"), settings);

@@ -51,7 +51,7 @@ class MapsOfANewUser : public test::WorkbenchFixture {};
 
 TEST_F(MapsOfANewUser, ShowFourBandsAndTheirShares) {
     Start(Demo());
-    bench->Show(review::ViewKind::Spectrum, true); // which chooses the entity
+    bench->GetAnalyses().Show(review::ViewKind::Spectrum); // which chooses the entity
     AddAnalysis();
     Item("viewMaps").trigger();
     test::WaitUntilIdle();

@@ -56,7 +56,7 @@ TEST_F(StoredMacro, IsTheFirstAnalysisOfARecordingAndComputed) {
     ASSERT_EQ(Analyses().Size(), 1U);
     EXPECT_EQ(Analyses().GetMain()->GetName(), "Rest");
     EXPECT_TRUE(Analyses().GetMain()->IsComputed());
-    EXPECT_TRUE(bench->IsShown(review::ViewKind::Maps));
+    EXPECT_TRUE(bench->GetViews().IsShown(review::ViewKind::Maps));
 }
 
 TEST_F(StoredMacro, LeavesARecordingAloneThatHasAnAnalysisAlready) {

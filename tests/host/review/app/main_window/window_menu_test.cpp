@@ -19,7 +19,7 @@ protected:
     }
     void Analyse() {
         AddAnalysis();
-        bench->Recompute();
+        bench->GetAnalyses().Recompute();
         QTest::qWait(500); // the window looks now and then at what has changed
         test::WaitUntilIdle();
     }
@@ -55,7 +55,7 @@ TEST_F(WindowMenu, ActivatesTheViewThatIsChosen) {
 }
 
 TEST_F(WindowMenu, OffersNothingWithoutARecording) {
-    bench->CloseFile();
+    bench->GetDocuments().Close();
     EXPECT_THAT(States(), ElementsAre(State{false, false}, State{false, false}, State{false, false}));
 }
 

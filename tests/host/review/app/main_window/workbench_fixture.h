@@ -2,8 +2,12 @@
 // The application with its window, on recordings of a test.
 #pragma once
 
+#include "host/review/app/events/event_editor.h"
+#include "host/review/app/main_window/analysis_runner.h"
 #include "host/review/app/main_window/document.h"
+#include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/main_window.h"
+#include "host/review/app/main_window/open_views.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/review/app/module_library.h"
@@ -69,8 +73,11 @@ protected:
         return folder.Path(name);
     }
 
-    EEGFileInfoType& Recording() const { return bench->Current()->Recording(); }
-    SpectraMgr& Analyses() const { return bench->Current()->Analyses(); }
+    EEGFileInfoType& Recording() const { return bench->GetDocuments().Current()->Recording(); }
+    review::EventEditor& Events() const { return bench->GetDocuments().Current()->Events(); }
+    SpectraMgr& Analyses() const { return bench->GetDocuments().Current()->Analyses(); }
+    /// To this one of the recording's list.
+    void ChangeMontage(std::size_t index) const { Recording().ChangeMntg(index, true); }
     /// Appends an analysis of everything, not computed.
     SpectMacroResult& AddAnalysis(const SpectraMacro& macro = {}) const {
         auto* analysis = new SpectMacroResult(macro, &Recording(), nullptr);

@@ -29,10 +29,17 @@ protected:
         });
         Choose("montageAverage");
     }
+    std::vector<std::string> MontageNames() const {
+        std::vector<std::string> names;
+        for (const auto& montage : *Recording().GetMontageList()) {
+            names.push_back(montage->GetName());
+        }
+        return names;
+    }
     void UseAverage() {
-        const std::vector<std::string> names = bench->MontageNames();
+        const std::vector<std::string> names = MontageNames();
         const auto at = std::find(names.begin(), names.end(), "Average reference") - names.begin();
-        bench->ChooseMontage(static_cast<std::size_t>(at));
+        ChangeMontage(static_cast<std::size_t>(at));
         test::WaitUntilIdle();
     }
     std::vector<std::string> Averaged() const {
@@ -140,16 +147,16 @@ TEST_F(MontageMenu, AnOwnMontageIsOfferedForEveryRecordingThatFits) {
         form.Clicks("btOk");
     });
     Choose("montageEdit");
-    EXPECT_EQ(bench->MontageNames().back(), "Vertex");
-    bench->ChooseMontage(bench->MontageNames().size() - 1);
+    EXPECT_EQ(MontageNames().back(), "Vertex");
+    ChangeMontage(MontageNames().size() - 1);
     EXPECT_EQ(Used().GetName(), "Vertex");
     test::WaitUntilIdle();
     Leave();
 
     Start(); // the same recording
     EXPECT_EQ(Used().GetName(), "Vertex");
-    bench->OpenFile(Demo("other.edf", 2));
-    EXPECT_EQ(bench->MontageNames().back(), "Vertex");
+    bench->GetDocuments().Open(Demo("other.edf", 2));
+    EXPECT_EQ(MontageNames().back(), "Vertex");
 }
 
 } // namespace

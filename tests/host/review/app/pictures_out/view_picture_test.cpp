@@ -40,8 +40,8 @@ protected:
         Item("analysisNew").trigger();
         test::WaitUntilIdle();
         for (const ViewKind kind : {ViewKind::Traces, ViewKind::Spectrum, ViewKind::Maps}) {
-            if (!bench->IsShown(kind)) {
-                bench->Show(kind, true);
+            if (!bench->GetViews().IsShown(kind)) {
+                bench->GetAnalyses().Show(kind);
             }
         }
         test::WaitUntilIdle();
@@ -84,7 +84,7 @@ TEST_F(Pictures, AreOfTheActiveView) {
     for (const char* item : {"fileSavePicture", "fileCopyPicture", "filePrint"}) {
         EXPECT_FALSE(Item(item).isEnabled()) << item;
     }
-    bench->OpenFile(Demo());
+    bench->GetDocuments().Open(Demo());
     Activate(ViewKind::Traces);
     Opens("menuFile");
     for (const char* item : {"fileSavePicture", "fileCopyPicture", "filePrint"}) {

@@ -29,9 +29,9 @@ public: // the steps
         Pictures("first-start");
         user.ChoosesFile(Demo("demo.edf", 1, 3));
         Chooses("File", "Open");
-        ASSERT_TRUE(bench->HasDocument());
+        ASSERT_NE(bench->GetDocuments().Current(), nullptr);
         EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
-        EXPECT_TRUE(bench->IsShown(ViewKind::Traces));
+        EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Traces));
         EXPECT_TRUE(Soon([] { return QApplication::activeModalWidget() == nullptr; }));
         Pictures("opened");
     }
@@ -113,7 +113,7 @@ public: // the steps
         Chooses("Edit", "Redo");
         EXPECT_THAT(Marked("artifact"), SizeIs(1));
         EXPECT_THAT(Marked("spike"), SizeIs(1));
-        EXPECT_TRUE(Soon([this] { return !bench->HasChangedEvents(); })) << "not saved unasked";
+        EXPECT_TRUE(Soon([this] { return !Events().IsChanged(); })) << "not saved unasked";
         EXPECT_THAT(folder.Read("demo_events.tsv"), HasSubstr("spike"));
     }
 
@@ -123,8 +123,8 @@ public: // the steps
         ASSERT_EQ(Analyses().Size(), 1U);
         EXPECT_TRUE(Analyses().GetMain()->IsComputed());
         EXPECT_GT(Analyses().GetMain()->GetFFTCount(), 20U);
-        EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
-        EXPECT_TRUE(Soon([this] { return bench->IsShown(ViewKind::Maps); }));
+        EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
+        EXPECT_TRUE(Soon([this] { return bench->GetViews().IsShown(ViewKind::Maps); }));
         Pictures("analysed");
     }
 
@@ -232,7 +232,7 @@ public: // the steps
         const double place = PageStart();
         Leave();
         StartsTheProgram();
-        ASSERT_TRUE(bench->HasDocument()) << "the last recording is not open";
+        ASSERT_NE(bench->GetDocuments().Current(), nullptr) << "the last recording is not open";
         EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
         EXPECT_NEAR(PageStart(), place, 0.1);
         EXPECT_THAT(Marked("artifact"), SizeIs(1));
@@ -241,8 +241,8 @@ public: // the steps
         EXPECT_EQ(Analyses().GetMain()->GetName(), "Eyes open vs closed - closed");
         EXPECT_EQ(Analyses().GetSecondary()->GetName(), "Eyes open vs closed - open");
         EXPECT_TRUE(Soon([this] { return Analyses().GetMain()->IsComputed(); }));
-        EXPECT_TRUE(bench->IsShown(ViewKind::Spectrum));
-        EXPECT_TRUE(bench->IsShown(ViewKind::Maps));
+        EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
+        EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
         constexpr int kLook = 500; // ms, until every view has followed the others
         QTest::qWait(kLook);
         Pictures("next-day");

@@ -128,7 +128,7 @@ std::string StoryUser::MarkedChannel() const {
 }
 
 std::vector<EventRecord> StoryUser::Marked(const std::string& label) const {
-    const review::EventEditor& editor = bench->Current()->Events();
+    const review::EventEditor& editor = Events();
     std::vector<EventRecord> found;
     for (std::size_t i = 0; i < editor.Events().size(); ++i) {
         if (editor.IsOwn(i) && editor.Events()[i].Label == label) {
