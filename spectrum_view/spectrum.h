@@ -40,10 +40,14 @@ public:
 
     bool GetFlag() const { return flag_; }
     const orvanta::spectrum_view::ViewState& GetState() const { return state_; }
+    /// What all spectrum views share.
+    static const orvanta::spectrum_view::DisplaySettings& GetDisplay();
     /// None while the analyses are not the ones that the traces were listed for.
     std::span<const orvanta::spectrum_view::TraceEntry> GetTraces() const;
 
     void SetShowTitle(bool show) { state_.showTitle = show; }
+    /// Of the searched vertical range, above 0; of all spectrum views.
+    void SetGain(double gain);
     /// A panel that the application's side bar has too while the view has the focus. Not owned; null for
     /// none.
     void SetExtraPanel(QWidget* panel) { extraPanel_ = panel; }

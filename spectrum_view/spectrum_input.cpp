@@ -40,12 +40,15 @@ void Spectrum::EvKeyDown(unsigned key, unsigned repeat, unsigned flags) {
         return;
     }
     if (key == kVkDown) {
-        Display().gain *= kGainStep;
-        Invalidate();
+        SetGain(Display().gain * kGainStep);
     } else if (key == kVkUp) {
-        Display().gain /= kGainStep;
-        Invalidate();
+        SetGain(Display().gain / kGainStep);
     }
+}
+
+void Spectrum::SetGain(double gain) {
+    Display().gain = gain;
+    Invalidate();
 }
 
 void Spectrum::EvMouseWheel(unsigned modKeys, int delta, const owl::TPoint& point) {

@@ -10,6 +10,10 @@
 
 using namespace orvanta::spectrum_view;
 
+const DisplaySettings& Spectrum::GetDisplay() {
+    return Display();
+}
+
 void Spectrum::GetEventList(XTimeList& list) const {
     list.clear();
     if (const SpectMacroResult* main = manager_->GetMain()) {

@@ -29,6 +29,7 @@ class TDC;
 namespace orvanta::review {
 
 struct MapsPage;
+struct SpectrumLook;
 struct SpectrumPage;
 
 /// Shows a window, takes its picture and hides it.
@@ -112,6 +113,10 @@ public:
     /// Lets a view show analyses of the montage that is in use now, and its tool bar name it. Computes
     /// nothing.
     virtual void FollowMontage(TheChild& view, const EEGFileInfoType& recording) = 0;
+    /// What was chosen in a spectrum view that its next view would not know. \param view none of another kind
+    virtual SpectrumLook LookOf(const TheChild& view) = 0;
+    /// Chooses it in this one. Computes nothing.
+    virtual void Choose(TheChild& view, const SpectrumLook& look) = 0;
     /// Computes what a view of analyses shows and is not up to date, draws it anew, and lets its panels fill
     /// themselves. The view may be gone afterwards.
     virtual void RefreshView(TheChild& view) = 0;

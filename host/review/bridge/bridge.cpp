@@ -5,6 +5,7 @@
 #include "host/review/bridge/map_electrodes.h"
 #include "host/review/bridge/maps_drawing.h"
 #include "host/review/bridge/refresh_view.h"
+#include "host/review/bridge/spectrum_choices.h"
 #include "host/review/bridge/spectrum_drawing.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/window.h"
@@ -68,6 +69,14 @@ public:
 
     void FollowMontage(TheChild& view, const EEGFileInfoType& recording) override {
         FollowRecordingMontage(view, recording);
+    }
+
+    SpectrumLook LookOf(const TheChild& view) override {
+        return ::orvanta::review::LookOf(dynamic_cast<const Spectrum&>(view));
+    }
+
+    void Choose(TheChild& view, const SpectrumLook& look) override {
+        ::orvanta::review::Choose(dynamic_cast<Spectrum&>(view), look);
     }
 
     void RefreshView(TheChild& view) override { RefreshAnalysisView(view); }

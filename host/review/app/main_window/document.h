@@ -2,7 +2,10 @@
 // An open recording with its events and analyses.
 #pragma once
 
+#include "host/review/app/spectrum_look.h"
+
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +43,9 @@ public:
     /// Whether the user looks at its maps on heads, not at flat ones.
     bool HasMapsOnHeads() const { return mapsOnHeads_; }
     void SetMapsOnHeads(bool onHeads) { mapsOnHeads_ = onHeads; }
+    /// What the user chose in the spectrum view; nothing without one.
+    const std::optional<SpectrumLook>& Look() const { return look_; }
+    void SetLook(const std::optional<SpectrumLook>& look) { look_ = look; }
 
 private:
     std::string path_;
@@ -49,6 +55,7 @@ private:
     std::unique_ptr<SpectraMgr> analyses_;
     std::unique_ptr<KeptMarks> marks_;
     bool mapsOnHeads_ = false;
+    std::optional<SpectrumLook> look_;
 };
 
 } // namespace orvanta::review

@@ -18,6 +18,7 @@
 #include "spectra_contract/file_path.h"
 #include "spectra_contract/recording.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace orvanta::review {
@@ -53,9 +54,14 @@ Documents::Documents(QWidget& window, WorkGui& gui, GenericPlatform& platform, K
 Documents::~Documents() = default;
 
 void Documents::OpenFirst(const std::string& file) {
-    const std::string first = file.empty() && keeping_.sessions ? ReadText(platform_, kLastFile) : file;
-    if (!first.empty()) {
-        Open(first);
+    const std::string last = keeping_.sessions ? ReadText(platform_, kLastFile) : std::string();
+    std::error_code unknown;
+    if (!file.empty()) {
+        Open(file);
+    } else if (!last.empty() && std::filesystem::exists(last, unknown)) {
+        Open(last);
+    } else if (!last.empty()) {
+        moments_.missing(last); // it stays the last one: its drive may be there the next time
     }
 }
 
@@ -158,6 +164,7 @@ std::string Documents::TryToStoreSession() const {
         return {};
     }
     try {
+        moments_.storing();
         SaveSession(SessionPath(), SessionOf(*document_));
         return {};
     } catch (const std::exception& error) {

@@ -31,6 +31,8 @@ public:
         std::function<void(const std::vector<std::string>& remarks)> opened;
         std::function<void()> closing; ///< what looks at the recording must go
         std::function<void()> closed;
+        std::function<void()> storing; ///< the document is to know what the session keeps of its views
+        std::function<void(const std::string& path)> missing; ///< the recording of the last session
     };
 
     /// \param window, gui, platform must outlive this

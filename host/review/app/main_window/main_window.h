@@ -31,7 +31,7 @@ public:
     ~MainWindow() override;
 
     ViewArea& Views() const { return *views_; }
-    /// What was repaired in the recording.
+    /// What was repaired in the recording, or why none is open.
     NoticeStrip& Repairs() const { return *repairs_; }
     /// Why something is missing.
     NoticeStrip& Problem() const { return *problem_; }

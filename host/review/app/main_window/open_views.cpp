@@ -87,8 +87,12 @@ void OpenViews::OpenWanted() {
 
 void OpenViews::Reopen(ViewKind kind) {
     if (IsShown(kind)) {
+        const std::optional<SpectrumLook> look = Look();
         Close(kind);
         Open(kind);
+        if (look) {
+            Choose(*look);
+        }
     }
 }
 
@@ -140,6 +144,17 @@ void OpenViews::Refresh(std::span<const ViewKind> kinds) {
     });
     if (focused) {
         focused->setFocus();
+    }
+}
+
+std::optional<SpectrumLook> OpenViews::Look() const {
+    const TheChild* view = window_.Views().ViewOf(ViewKind::Spectrum);
+    return view != nullptr ? std::optional(bridge_->LookOf(*view)) : std::nullopt;
+}
+
+void OpenViews::Choose(const SpectrumLook& look) {
+    if (TheChild* view = window_.Views().ViewOf(ViewKind::Spectrum)) {
+        bridge_->Choose(*view, look);
     }
 }
 

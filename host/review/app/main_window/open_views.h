@@ -3,8 +3,10 @@
 #pragma once
 
 #include "host/review/app/main_window/view_area.h"
+#include "host/review/app/spectrum_look.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 class TheChild;
@@ -32,7 +34,7 @@ public:
     void Open(ViewKind kind);
     /// Those that the user has not closed; before there is an analysis, the traces.
     void OpenWanted();
-    /// Closes it and makes it anew; nothing for a view that is not there.
+    /// Closes it and makes it anew, with what was chosen in it; nothing for a view that is not there.
     void Reopen(ViewKind kind);
     /// What the user wants is remembered; maps of both kinds have one place.
     void Want(ViewKind kind, bool wanted);
@@ -46,6 +48,10 @@ public:
     void FollowMontage();
     /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
     void Refresh(std::span<const ViewKind> kinds);
+    /// What was chosen in the spectrum view; nothing while it is not shown.
+    std::optional<SpectrumLook> Look() const;
+    /// Chooses it again. Nothing for a view that is not there.
+    void Choose(const SpectrumLook& look);
     /// Null while they are not shown.
     TraceView* Traces() const;
 

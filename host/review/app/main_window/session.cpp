@@ -73,6 +73,7 @@ Session SessionOf(const Document& document) {
     session.events = document.EventsElsewhere();
     session.montage = recording.GetTraceInfo()->GetMtg().GetName();
     session.heads = document.HasMapsOnHeads();
+    session.spectrum = document.Look();
     session.marks = document.Marks().Unsaved();
     const SpectraMgr& manager = document.Analyses();
     for (const SpectMacroResult* analysis : manager) {
@@ -88,6 +89,7 @@ std::vector<std::string> Restore(const Session& session, Document& document, con
     std::vector<std::string> remarks = RestoreEvents(session.events, document.Events());
     EEGFileInfoType& recording = document.Recording();
     document.SetMapsOnHeads(session.heads);
+    document.SetLook(session.spectrum);
     signal::MarkChannels(recording, session.marks);
     RestoreMontage(session.montage, recording);
     TraceCursorType& cursor = *recording.GetTraceCursor();

@@ -2,6 +2,7 @@
 // What is remembered of a recording from one day to the next.
 #pragma once
 
+#include "host/review/app/spectrum_look.h"
 #include "host/signal_base/channels_tsv/channels_table.h"
 #include <cstddef>
 
@@ -33,6 +34,7 @@ struct Session {
     bool heads = false;                         ///< maps on heads, not flat ones
     /// Of channels, those that could not be written beside the recording.
     std::vector<signal::ChannelMark> marks = {};
+    std::optional<SpectrumLook> spectrum = {}; ///< of the view; none while it is not shown
 
     bool operator==(const Session&) const = default;
 };

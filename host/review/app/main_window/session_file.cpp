@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cmath>
+
 namespace orvanta::review {
 
 namespace {
@@ -32,6 +34,45 @@ std::string Text(const QJsonValue& value) {
 
 QString Text(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+QJsonValue LookAsJson(const std::optional<SpectrumLook>& look) {
+    if (!look) {
+        return QJsonValue::Null;
+    }
+    return QJsonObject{{"mode", static_cast<int>(look->mode)},
+                       {"normalisation", static_cast<int>(look->normalisation)},
+                       {"labels", look->labels},
+                       {"axesText", look->axesText},
+                       {"measuresBox", look->measuresBox},
+                       {"gain", look->gain},
+                       {"firstTrace", static_cast<qint64>(look->firstTrace)}};
+}
+
+/// \param member stays as it is for a value that is none of its type
+template <typename Enum>
+void Take(Enum& member, const QJsonValue& value, Enum first, Enum last) {
+    const int number = value.toInt(-1);
+    if (number >= static_cast<int>(first) && number <= static_cast<int>(last)) {
+        member = static_cast<Enum>(number);
+    }
+}
+
+std::optional<SpectrumLook> LookOf(const QJsonValue& value) {
+    if (!value.isObject()) {
+        return std::nullopt;
+    }
+    SpectrumLook look;
+    Take(look.mode, value["mode"], SPECT::Data::Mode::Mean, SPECT::Data::Mode::CSA);
+    Take(look.normalisation, value["normalisation"], SPECT::Normalisation::None, SPECT::Normalisation::Db);
+    look.labels = value["labels"].toBool(look.labels);
+    look.axesText = value["axesText"].toBool(look.axesText);
+    look.measuresBox = value["measuresBox"].toBool(look.measuresBox);
+    if (const double gain = value["gain"].toDouble(); gain > 0 && std::isfinite(gain)) {
+        look.gain = gain;
+    }
+    look.firstTrace = Place(value["firstTrace"]).value_or(look.firstTrace);
+    return look;
 }
 
 } // namespace
@@ -73,6 +114,7 @@ std::optional<Session> LoadSession(const std::string& file) {
     session.main = Place(root["main"]);
     session.secondary = Place(root["secondary"]);
     session.heads = root["heads"].toBool();
+    session.spectrum = LookOf(root["spectrum"]);
     return session;
 }
 
@@ -93,7 +135,8 @@ void SaveSession(const std::string& file, const Session& session) {
                            {"main", Number(session.main)},
                            {"secondary", Number(session.secondary)},
                            {"heads", session.heads},
-                           {"marks", marks}};
+                           {"marks", marks},
+                           {"spectrum", LookAsJson(session.spectrum)}};
     platform::WriteFileAtomically(file, QJsonDocument(root).toJson().toStdString());
 }
 

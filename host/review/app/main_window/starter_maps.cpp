@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kView = "SpectMap";
 constexpr int kBands = 4;
-constexpr int kMeasures[] = {0, 2}; // absolute power, and relative
+constexpr int kMeasures[] = {0, 2}; // Abs and Rel
 
 bool HasMaps(const UserType& user) {
     constexpr int kNone = -1;

@@ -43,11 +43,17 @@ QStringList Lines(const std::vector<std::string>& texts) {
     return lines;
 }
 
+/// What a spectrum view would measure for this user; maps alone measure the same.
+SPECT::Entity::Type StoredEntity(const UserType& user) {
+    return static_cast<SPECT::Entity::Type>(user.GetInt("Spectrum", "MeasEntity", 0));
+}
+
 } // namespace
 
 Workbench::Workbench(Setup setup)
     : setup_(std::move(setup)), platform_(gui_, setup_.settingsFile, setup_.dataFolder) {
     SPECT::GetGlobals().LoadInfo(&platform_);
+    SPECT::GetGlobals().SetMeasEntity(StoredEntity(*platform_.GetUser()));
     InstallStarterMaps(platform_);
     shell_ = std::make_unique<Shell>(Shell::Answers{
         [this] { return MayClose(); },
@@ -74,8 +80,13 @@ Workbench::Workbench(Setup setup)
     documents_ = std::make_unique<Documents>(
         *shell_, gui_, platform_,
         Documents::Keeping{.sessions = !setup_.settingsFile.empty(), .events = setup_.savesEvents},
-        Documents::Moments{[this](const std::vector<std::string>& remarks) { ShowOpened(remarks); },
-                           [this] { Leave(); }, [this] { ShowClosed(); }});
+        Documents::Moments{
+            .opened = [this](const std::vector<std::string>& remarks) { ShowOpened(remarks); },
+            .closing = [this] { Leave(); },
+            .closed = [this] { ShowClosed(); },
+            .storing = [this] { documents_->Current()->SetLook(views_->Look()); },
+            .missing = [this](const std::string& file) { ShowMissing(file); },
+        });
     views_ = std::make_unique<OpenViews>(*middle_, *documents_, gui_, setup_.bridge);
     analyses_ = std::make_unique<AnalysisRunner>(
         AnalysisRunner::Around{*shell_, *documents_, *views_, gui_, platform_, setup_.bridge},
@@ -138,6 +149,9 @@ void Workbench::ShowOpened(const std::vector<std::string>& remarks) {
         middle_->PointAtTime(*interval.GetBeginPtr());
     });
     views_->OpenWanted();
+    if (const std::optional<SpectrumLook>& look = document.Look()) {
+        views_->Choose(*look);
+    }
     views_->Focus();
     Follow();
     follower_->QueueRefresh();
@@ -158,6 +172,13 @@ void Workbench::ShowClosed() {
     middle_->ShowWelcome(true);
     shell_->ShowText({});
     ShowState();
+}
+
+void Workbench::ShowMissing(const std::string& file) {
+    middle_->Repairs().Tell(
+        {}, {HostQText("lastGone", "%1 is not there any more. Connect its drive and start again, or open the "
+                                   "recording from where it is now.")
+                 .arg(QString::fromStdString(file))});
 }
 
 void Workbench::ShowState() {

@@ -60,6 +60,7 @@ private:
     /// Lets everything go that looks at the recording.
     void Leave();
     void ShowClosed();
+    void ShowMissing(const std::string& file);
     void ShowState();
     /// Offers an analysis while there is none, unless the user does not want that.
     void ShowOffer();

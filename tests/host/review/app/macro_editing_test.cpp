@@ -4,6 +4,7 @@
 
 #include "host/platform/host_platform.h"
 #include "host/review/app/module_bridge.h"
+#include "host/review/app/spectrum_look.h"
 #include "host/review/cli/demo_recording.h"
 #include "host/review/cli/exit_status.h"
 #include "host/toolkit/services.h"
@@ -79,6 +80,8 @@ public:
         return nullptr;
     }
     void FollowMontage(TheChild& /*view*/, const EEGFileInfoType& /*recording*/) override {}
+    orvanta::review::SpectrumLook LookOf(const TheChild& /*view*/) override { return {}; }
+    void Choose(TheChild& /*view*/, const orvanta::review::SpectrumLook& /*look*/) override {}
     void RefreshView(TheChild& /*view*/) override {}
     std::int32_t CreateNewSpectrum(const GenericPlatform& /*platform*/, HWND /*parent*/,
                                    SpectraMgr& /*manager*/, EEGFileInfoType& /*recording*/) override {

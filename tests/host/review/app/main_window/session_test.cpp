@@ -4,6 +4,8 @@
 #include "host/chart_view/the_child.h"
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/main_window/notice_strip.h"
+#include "host/review/app/module_bridge.h"
+#include "host/review/app/spectrum_look.h"
 #include "host/spectral_data/settings/macro_file.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
@@ -54,13 +56,35 @@ TEST_F(SessionOfTheWindow, OpensNothingAfterTheRecordingWasClosed) {
     EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
 }
 
-TEST_F(SessionOfTheWindow, SaysThatTheLastRecordingIsGone) {
+TEST_F(SessionOfTheWindow, SaysWithoutAskingThatTheLastRecordingIsGoneAndFindsItWhenItIsBack) {
+    Start(Demo());
+    Leave();
+    std::filesystem::rename(folder.Path("demo.edf"), folder.Path("elsewhere.edf"));
+    Start();
+    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
+    const review::NoticeStrip& notice = bench->Middle().Repairs();
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(notice.Text().toStdString(),
+              folder.Path("demo.edf") + " is not there any more. Connect its drive and start again, or open "
+                                        "the recording from where it is now.");
+    EXPECT_EQ(bench->GetDocuments().Recent().Paths(), std::vector<std::string>{folder.Path("demo.edf")});
+    Leave();
+    std::filesystem::rename(folder.Path("elsewhere.edf"), folder.Path("demo.edf"));
+    Start();
+    EXPECT_NE(bench->GetDocuments().Current(), nullptr);
+    EXPECT_FALSE(bench->Middle().Repairs().isVisible());
+}
+
+TEST_F(SessionOfTheWindow, SpeaksNoMoreOfTheRecordingThatIsGoneOnceAnotherIsOpen) {
     Start(Demo());
     Leave();
     std::filesystem::remove(folder.Path("demo.edf"));
-    user.AnswersMessage(owl::kIdOk);
     Start();
-    EXPECT_EQ(bench->GetDocuments().Current(), nullptr);
+    bench->GetDocuments().Open(Demo("other.edf"));
+    EXPECT_FALSE(bench->Middle().Repairs().isVisible());
+    Leave();
+    Start();
+    EXPECT_EQ(Recording().GetFileNameText(), "other.edf");
 }
 
 TEST_F(SessionOfTheWindow, GoesBackToPlaceAndMontage) {
@@ -215,6 +239,30 @@ TEST_F(SessionOfTheWindow, RemembersEachRecordingByItself) {
     EXPECT_EQ(Analyses().Size(), 1U);
 }
 
+TEST_F(SessionOfTheWindow, KeepsForEachRecordingWhatWasChosenInItsSpectrum) {
+    const auto spectrum = [this]() -> TheChild& {
+        return *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
+    };
+    const std::string file = Demo("a.edf");
+    for (const std::string& each : {file, Demo("b.edf")}) {
+        Start(each);
+        AddAnalysis();
+        bench->GetAnalyses().Recompute();
+    }
+    constexpr unsigned kCsa = 14348;
+    spectrum().RunCommand(kCsa); // of the second
+    bench->GetDocuments().Open(file);
+    test::WaitUntilIdle();
+    EXPECT_EQ(test::LoadedModule().LookOf(spectrum()).mode, SPECT::Data::Mode::Mean);
+    LeaveAndComeBack(folder.Path("b.edf"));
+    EXPECT_EQ(test::LoadedModule().LookOf(spectrum()).mode, SPECT::Data::Mode::CSA);
+    bench->GetAnalyses().UseRegression(true); // the view is made anew
+    EXPECT_EQ(test::LoadedModule().LookOf(spectrum()).mode, SPECT::Data::Mode::CSA);
+    bench->GetViews().Hide(ViewKind::Spectrum);
+    bench->GetAnalyses().Show(ViewKind::Spectrum); // a new view by the user's wish
+    EXPECT_EQ(test::LoadedModule().LookOf(spectrum()).mode, SPECT::Data::Mode::Mean);
+}
+
 TEST_F(SessionOfTheWindow, RemembersWhichViewsAreShown) {
     Start(Demo());
     AddAnalysis();
@@ -275,6 +323,29 @@ TEST_F(SessionFile, HoldsEverything) {
         true, {{"EEG Fp1", true}}};
     review::SaveSession(folder.Path("s.json"), session);
     EXPECT_EQ(review::LoadSession(folder.Path("s.json")), session);
+}
+
+TEST_F(SessionFile, HoldsWhatWasChosenInTheSpectrum) {
+    review::Session session;
+    session.spectrum = {.mode = SPECT::Data::Mode::CSA,
+                        .normalisation = SPECT::Normalisation::Db,
+                        .labels = false,
+                        .axesText = false,
+                        .measuresBox = false,
+                        .gain = 2.25,
+                        .firstTrace = 16};
+    review::SaveSession(folder.Path("s.json"), session);
+    EXPECT_EQ(review::LoadSession(folder.Path("s.json")), session);
+}
+
+TEST_F(SessionFile, TakesWrongChoicesForThoseOfANewView) {
+    for (const char* wrong :
+         {R"({"mode": 4, "normalisation": 6, "gain": 0, "firstTrace": -1, "labels": 3})",
+          R"({"mode": "x", "normalisation": -1, "gain": 1e999, "firstTrace": null})", "{}"}) {
+        const auto session = Loaded(R"({"version": 1, "spectrum": )" + std::string(wrong) + "}");
+        EXPECT_EQ(session->spectrum, review::SpectrumLook()) << wrong;
+    }
+    EXPECT_EQ(Loaded(R"({"version": 1, "spectrum": [1]})")->spectrum, std::nullopt);
 }
 
 TEST_F(SessionFile, CountsAsAbsentWhenItMakesNoSense) {
