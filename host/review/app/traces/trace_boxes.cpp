@@ -7,6 +7,7 @@
 #include "host/toolkit/gadget_bar.h"
 
 #include <QComboBox>
+#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -25,8 +26,11 @@ bool Same(double a, double b) {
     return std::abs(a - b) <= 1e-6 * std::max(std::abs(a), std::abs(b));
 }
 
+/// With the user's decimal sign.
 QString NumberText(double value) {
-    return QString::number(value, 'g', 6);
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(value, 'g', 6);
 }
 
 /// Lists the values with \p current among them, in order, and shows it.

@@ -4,6 +4,8 @@
 #include "host/review/app/traces/trace_texts.h"
 #include "host/toolkit/menu_templates.h"
 
+#include <QKeySequence>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -107,16 +109,22 @@ const std::array kKeys{
     KeyCommand{Qt::Key_Space, Qt::NoModifier, kCmPlay},
 };
 
-/// With the key beside it.
+/// The text with the row's key beside it, which is named in the language in use.
+std::string WithKey(const TraceRow& row, const std::string& text) {
+    const QString key = QKeySequence::fromString(row.shortcut).toString(QKeySequence::NativeText);
+    return key.isEmpty() ? text : text + '\t' + key.toStdString();
+}
+
 std::string TextOf(const TraceRow& row) {
-    if (row.id == 0) {
-        return {};
-    }
-    return TraceText(row.key, row.text) +
-           (*row.shortcut == '\0' ? std::string() : std::string("\t") + row.shortcut);
+    return row.id == 0 ? std::string() : WithKey(row, TraceText(row.key, row.text));
 }
 
 } // namespace
+
+std::string WithKey(unsigned command, const std::string& text) {
+    const auto* const row = std::ranges::find(kRows, command, &TraceRow::id);
+    return row == kRows.end() ? text : WithKey(*row, text);
+}
 
 owl::TMenu* MakeTraceMenu(std::span<const unsigned> commands, owl::TEventHandler& handler, QWidget& parent) {
     auto* menu = new owl::TMenu({}, &handler, &parent);

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 
 namespace orvanta::review {
 
@@ -68,6 +69,9 @@ inline constexpr unsigned kMsgGrown = 14766;
 
 /// A menu of some of the view's commands, with the texts and keys of its own menu; 0 is a separator.
 owl::TMenu* MakeTraceMenu(std::span<const unsigned> commands, owl::TEventHandler& handler, QWidget& parent);
+
+/// The text of an item with the key of the command beside it.
+std::string WithKey(unsigned command, const std::string& text);
 
 /// From now on the menu of the view has its items, in the language in use.
 void RegisterTraceMenu();

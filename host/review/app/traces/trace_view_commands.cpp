@@ -5,6 +5,7 @@
 #include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
 #include "host/toolkit/command_enabler.h"
+#include "host/toolkit/control_text.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/services.h"
 
@@ -16,6 +17,11 @@ namespace {
 constexpr double kSmallStep = 0.1;
 /// Milliseconds from picture to picture while the traces play.
 constexpr int kPlayStep = 40;
+
+/// What was changed, with labels as the user wrote them.
+std::string Caption(const std::string& change) {
+    return owl::AsCaption(QString::fromStdString(change)).toStdString();
+}
 
 } // namespace
 
@@ -202,11 +208,15 @@ void TraceView::CeTraces(owl::TCommandEnabler& item) {
         break;
     case kCmUndo:
         item.Enable(impl_->events.CanUndo());
-        item.SetText(TraceText("undo", "&Undo %1", impl_->events.UndoText()) + "\tCtrl+Z");
+        item.SetText(WithKey(kCmUndo, impl_->events.CanUndo()
+                                          ? TraceText("undo", "&Undo %1", Caption(impl_->events.UndoText()))
+                                          : TraceText("undoPlain", "&Undo")));
         break;
     case kCmRedo:
         item.Enable(impl_->events.CanRedo());
-        item.SetText(TraceText("redo", "&Redo %1", impl_->events.RedoText()) + "\tCtrl+Y");
+        item.SetText(WithKey(kCmRedo, impl_->events.CanRedo()
+                                          ? TraceText("redo", "&Redo %1", Caption(impl_->events.RedoText()))
+                                          : TraceText("redoPlain", "&Redo")));
         break;
     case kCmCenter:
         item.SetCheck(impl_->model.State().centered);

@@ -4,7 +4,10 @@
 #include "tests/support/qt/form_user.h"
 #include "tests/support/qt/scripted_user.h"
 
+#include <QApplication>
+#include <QLibraryInfo>
 #include <QMenu>
+#include <QTranslator>
 #include <gmock/gmock.h>
 
 namespace orvanta::review {
@@ -107,6 +110,29 @@ TEST_F(TraceViewEvents, AreUndoneAndRedone) {
     Press(Qt::Key_Z, Qt::ControlModifier);
     Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(events.Events().size(), 3);
+}
+
+TEST_F(TraceViewEvents, TheMenuTellsWhatIsUndoneOrThatNothingIs) {
+    const auto undo = [this] {
+        QMetaObject::invokeMethod(&view->GetMenu(), "aboutToShow");
+        return view->GetMenu().Item(kCmUndo)->text().toStdString();
+    };
+    EXPECT_EQ(undo(), "&Undo\tCtrl+Z");
+    events.Add({"P&G", EventClass::Spot, XTimeInterval(XTime::FromSeconds(1), XTime::FromSeconds(1))});
+    EXPECT_EQ(undo(), "&Undo Add P&&G\tCtrl+Z");
+}
+
+TEST(TraceCommands, ShowTheirKeysInTheLanguageInUse) {
+    EXPECT_EQ(WithKey(kCmPageForward, "On"), "On\tPgDown");
+    EXPECT_EQ(WithKey(kCmLessTime, "Less"), "Less\tCtrl++");
+    EXPECT_EQ(WithKey(kCmTraceFont, "Font"), "Font") << "has none";
+    QTranslator german;
+    ASSERT_TRUE(
+        german.load(QLocale("de_DE"), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+    QApplication::installTranslator(&german);
+    EXPECT_EQ(WithKey(kCmLessTime, "Less"), "Less\tStrg++");
+    EXPECT_EQ(WithKey(kCmDeleteEvent, "Delete"), "Delete\tEntf");
+    QApplication::removeTranslator(&german);
 }
 
 TEST_F(TraceViewEvents, OwnOnesAreDeleted) {
