@@ -7,6 +7,7 @@
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/services.h"
 #include "side_bar/description.h"
+#include "side_bar/macro_refusal.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "side_bar/texts.h"
 #include "spectra_contract/platform.h"
@@ -187,10 +188,11 @@ void TFormMacroSpectra::ListBoxMacroClick() {
         Describe();
     } else {
         // Nothing was loaded: what is wrong with the file, and not the settings from before.
-        ui_->Memo1->setPlainText(QString::fromStdString(FillIn(
-            MacroText("NOT_LOADED",
-                      "The file of this macro cannot be read. The settings are as before.\n\n%s"),
-            {path.empty() ? MacroText("NAME_TOO_LONG", "File name too long") : macro_->GetLastError()})));
+        ui_->Memo1->setPlainText(QString::fromStdString(
+            FillIn(MacroText("NOT_LOADED",
+                             "The file of this macro cannot be read. The settings are as before.\n\n%s"),
+                   {path.empty() ? MacroText("NAME_TOO_LONG", "File name too long")
+                                 : orvanta::side_bar::MacroRefusal(macro_->GetLastError(), path)})));
     }
     ui_->BitBtnEdit->setEnabled(SelectedRow() >= 0);
 }

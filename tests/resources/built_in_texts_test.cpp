@@ -38,7 +38,7 @@ constexpr Call kCalls[] = {
     {R"(Word\{)", "DESCRIPTION"},
     {R"(Title\()", "HOST"},
     {R"(HostQ?Text\()", "HOST"},
-    {R"(Caption\{)", "HOST"},
+    {R"(Caption(?: \w+)?\{)", "HOST"},
     {R"(EventText\()", "EVENTS"},
     {R"(TraceText\()", "TRACES"},
     {R"(MontageWords\()", "MONTAGES"},

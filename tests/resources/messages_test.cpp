@@ -130,8 +130,8 @@ TEST(GermanMnemonics, AreUniqueAmongWhatIsSeenTogether) {
 
 TEST(GermanTexts, AreTranslated) {
     // The same word in both languages.
-    const QStringList same = {"Amplitude", "Hz", "Band", "s", "OK",   "BCI",
-                              "Sensor",    "R",  "K",    "M", "Name", "Montage"};
+    const QStringList same = {"Amplitude", "Hz", "Band", "s",       "OK",  "BCI",   "Sensor", "R",
+                              "K",         "M",  "Name", "Montage", "Abs", "Phase", "Rel",    "SEF95"};
     const QMap<QString, QString> english = ShippedTexts("en");
     const QMap<QString, QString> german = ShippedTexts("de");
     for (auto text = german.begin(); text != german.end(); ++text) {

@@ -2,7 +2,9 @@
 #include "host/review/app/montage/montage_folder.h"
 
 #include "host/platform/atomic_file.h"
+#include "host/review/app/refusal_text.h"
 #include "host/signal_base/montage/montage_file.h"
+#include "host/toolkit/message_module.h"
 #include "host/toolkit/services.h"
 #include "spectra_contract/recording.h"
 
@@ -67,7 +69,7 @@ MontageFiles LoadMontageFiles(const std::string& folder) {
             found.files.push_back(
                 {name.substr(0, name.size() - kEnding.size()), signal::ReadMontageText(folder + name)});
         } catch (const signal::RecordingError& error) {
-            found.problems.emplace_back(error.what());
+            found.problems.push_back(RefusalText(error, PModule::Named("Orvanta")));
         }
     }
     return found;
@@ -110,7 +112,7 @@ std::vector<std::string> OfferMontages(EEGFileInfoType& recording, const std::ve
         try {
             AddFitting(file, *recording.GetTraceInfo(), montages);
         } catch (const signal::RecordingError& error) {
-            problems.emplace_back(error.what());
+            problems.push_back(RefusalText(error, PModule::Named("Orvanta")));
         }
     }
     MontageList& list = *recording.GetMontageList();

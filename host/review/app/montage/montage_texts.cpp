@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/montage/montage_texts.h"
 
+#include "host/review/app/refusal_text.h"
 #include "host/signal_base/recording_error.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/message_module.h"
@@ -12,7 +13,7 @@ QString MontageWords(const char* key, const char* builtIn) {
 }
 
 QString ReasonText(const signal::RecordingError& error) {
-    const QString text = QString::fromStdString(error.Reason() + " (" + error.Remedy() + ")");
+    const QString text = QString::fromStdString(ReasonText(error, PModule::Named("Orvanta")));
     return text.left(1).toUpper() + text.mid(1);
 }
 

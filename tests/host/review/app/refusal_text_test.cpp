@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/refusal_text.h"
 
+#include "host/signal_base/montage/montage_file.h"
 #include "host/signal_base/recording.h"
 #include "host/signal_base/recording_error.h"
 #include "host/toolkit/message_module.h"
@@ -61,6 +62,26 @@ TEST_F(GermanRefusal, OfACutFile) {
     EXPECT_EQ(Of("cut.edf"),
               "Byte 100: die Datei ist kürzer als ein Kopf von 256 Byte (wählen Sie eine Aufzeichnung "
               "in EDF oder BDF, oder kopieren Sie die Datei noch einmal)");
+}
+
+TEST_F(GermanRefusal, OfMontagesWithTheLine) {
+    const auto of = [this](const char* text) -> std::string {
+        try {
+            signal::ParseMontages(text, "own.mtg");
+        } catch (const signal::RecordingError& error) {
+            return review::RefusalText(error, &texts);
+        }
+        return "read";
+    };
+    EXPECT_EQ(of("a = +Fp1\na = +Fp2\n"),
+              "own.mtg: Zeile 2: der Kanal \"a\" steht zweimal da (geben Sie jedem "
+              "Kanal eine eigene Bezeichnung)");
+    EXPECT_EQ(of("a = +x*Fp1\n"),
+              "own.mtg: Zeile 1: \"x\" ist kein Gewicht (schreiben Sie vor * eine Zahl außer 0)");
+    EXPECT_EQ(of("a = \"Fp1\n"),
+              "own.mtg: Zeile 1: ein Anführungszeichen wird nicht geschlossen (schließen Sie "
+              "den Namen mit \")");
+    EXPECT_EQ(of(""), "own.mtg: hat keinen Kanal (schreiben Sie Kanäle wie \"Fp1-F3 = +Fp1 -F3\")");
 }
 
 TEST_F(GermanRefusal, KeepsWhatItHasNoWordsFor) {
