@@ -4,6 +4,7 @@
 #include "host/toolkit/cut_text.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/message_module.h"
+#include "side_bar/measure_names.h"
 #include "side_bar/texts.h"
 #include "spectra_contract/spectra_mgr.h"
 
@@ -23,7 +24,7 @@ std::string BandName(const SpectraMgr& manager, const SPECT::PlotSet& plotSet) {
 }
 
 std::string MeasureName(const SpectraMgr& manager, const SPECT::PlotSet& plotSet) {
-    return manager.GetBandMeasName(static_cast<unsigned>(plotSet.SpectralMeas));
+    return side_bar::MeasureName(manager, static_cast<unsigned>(plotSet.SpectralMeas));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "spectrum_view/spectrum.h"
 
 #include "host/toolkit/form_texts.h"
+#include "side_bar/measure_names.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -127,7 +128,8 @@ void Spectrum::SetupWindow() {
         menu.EnableMenuItem(kCmHeadView, false);
     }
     for (unsigned i = 0; i < manager_->GetMeasEntityCount(); ++i) {
-        menu.AppendItem(kCmSetEntity + i, manager_->GetMeasEntityStr(static_cast<SPECT::Entity::Type>(i)));
+        menu.AppendItem(kCmSetEntity + i,
+                        orvanta::side_bar::EntityName(*manager_, static_cast<SPECT::Entity::Type>(i)));
     }
     CheckEntityItems();
     if (state_.commonScale) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Commands that page, zoom and weight the spectra, move to the next selection and ask for settings.
 #include "host/toolkit/modal_gateway.h"
+#include "side_bar/measure_names.h"
 #include "side_bar/spectrum_macro_form.h"
 #include "spectra_contract/module_entry.h"
 #include "spectra_contract/recording.h"
@@ -60,8 +61,8 @@ void Spectrum::CmSetMaxAxis() {
         return;
     }
     SPECT::Scale& scale = CurrentScale();
-    SpectrumScaleDlg dialog(this, manager_->GetCurrMeasEntityStr(), manager_->GetCurrEntityMeasUnit(),
-                            main->GetFFTSR() * 0.5);
+    SpectrumScaleDlg dialog(this, orvanta::side_bar::EntityName(*manager_, manager_->GetMeasEntity()),
+                            manager_->GetCurrEntityMeasUnit(), main->GetFFTSR() * 0.5);
     dialog.SetScale(scale);
     if (dialog.Execute() == owl::kIdOk) {
         scale = dialog.GetScale();

@@ -4,6 +4,7 @@
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/window.h"
+#include "side_bar/measure_names.h"
 #include "side_bar/texts.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -108,7 +109,8 @@ void Spect3DDlg::SetupWindow() {
     ShowBands();
     // One more than there are buttons: the eighth name has no place.
     for (int i = 0; i < kMeasures; ++i) {
-        SetDlgItemText(kFirstMeasure + i, spectraMgr->GetBandMeasName(static_cast<unsigned>(i)));
+        SetDlgItemText(kFirstMeasure + i,
+                       orvanta::side_bar::MeasureName(*spectraMgr, static_cast<unsigned>(i)));
     }
     CheckDlgButton(kAutoScale, plotSet.bAutoScale);
     CheckDlgButton(kZeroMin, plotSet.bZeroMin);

@@ -4,6 +4,7 @@
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/modal_gateway.h"
 #include "host/toolkit/window.h"
+#include "side_bar/measure_names.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/spect_globals.h"
 #include "spectra_contract/spectra_mgr.h"
@@ -54,7 +55,7 @@ void SpectMeasDlg::SetupWindow() {
     }
     for (unsigned i = 0; i < SPECT::Meas::Count; ++i) {
         const int control = kFirstMeasure + static_cast<int>(i);
-        SetDlgItemText(control, manager_->GetBandMeasName(i));
+        SetDlgItemText(control, orvanta::side_bar::MeasureName(*manager_, i));
         CheckDlgButton(control, SPECT::GetGlobals().MeasSelected[i]);
     }
 }

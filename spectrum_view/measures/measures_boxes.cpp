@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum_view/measures/measures_boxes.h"
 
+#include "side_bar/measure_names.h"
 #include "spectra_contract/spectra_mgr.h"
 
 namespace orvanta::spectrum_view {
@@ -37,7 +38,7 @@ std::optional<MeasuresBoxInput> MeasuresBoxOf(const PlotSources& sources, std::s
     MeasuresBoxInput box{grid.columns, grid.rows, entry.rectangle, entries[0].rectangle, sources.font,
                          {},           {}};
     for (unsigned measure = 0; measure < box.measures.size(); ++measure) {
-        box.measures[measure] = sources.manager.GetBandMeasName(measure);
+        box.measures[measure] = side_bar::MeasureName(sources.manager, measure);
     }
     for (unsigned band = 0; band < box.bands.size(); ++band) {
         box.bands[band] = RowOf(sources.manager, *entry.main, band, format);
