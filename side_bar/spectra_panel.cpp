@@ -67,6 +67,8 @@ void TFormListenerSpectra1::SetUpControls() {
     }
     OfferThresholds();
     ui_->cbThreshold->installEventFilter(this);
+    ui_->scroller->viewport()->installEventFilter(this);
+    roomForAll_ = ui_->groups->minimumSizeHint().height();
     // As wide as the controls need, also where they do not fit into the height.
     ui_->scroller->setMinimumWidth(ui_->groups->minimumSizeHint().width() +
                                    ui_->scroller->verticalScrollBar()->sizeHint().width());
@@ -192,6 +194,10 @@ bool TFormListenerSpectra1::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && watched == ui_->cbThreshold && !ui_->cbThreshold->hasFocus()) {
         event->ignore(); // the panel scrolls under the mouse; the threshold stays
         return true;
+    }
+    if (event->type() == QEvent::Resize && watched == ui_->scroller->viewport()) {
+        // Both lists come first: what is told of one of them is left out where all have no room.
+        ui_->ebSpectrumMemo->setVisible(ui_->scroller->viewport()->height() >= roomForAll_);
     }
     if (event->type() == QEvent::MouseButtonRelease) {
         if (watched == ui_->lvMainList->viewport()) {

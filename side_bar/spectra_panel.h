@@ -79,5 +79,6 @@ private:
     QPointer<QWidget> view_;
     std::unique_ptr<Ui::TFormListenerSpectra1> ui_;
     std::unique_ptr<orvanta::side_bar::AnalysisList> main_, secondary_; ///< the rows of the two lists
+    int roomForAll_ = 0;                                                ///< height that all controls need
     bool filling_ = false;
 };

@@ -122,6 +122,24 @@ TEST_F(KeysInThePanel, EnterAndEscapeEndNothing) {
     EXPECT_EQ(manager.GetPThreshold(), 0.05);
 }
 
+TEST_F(KeysInThePanel, BothListsAreSeenWhereThereIsNoRoomForAll) {
+    Open();
+    const auto& settings = Get<QWidget>("ebSpectrumMemo");
+    EXPECT_TRUE(settings.isVisible());
+    const int roomy = List("lvSecondaryList").height();
+    window.resize(900, 290);
+    RunQueue();
+    EXPECT_FALSE(settings.isVisible());
+    for (const char* name : {"lvMainList", "lvSecondaryList"}) {
+        const QTreeWidget& list = List(name);
+        EXPECT_LT(list.height(), roomy) << name;
+        EXPECT_GE(list.visibleRegion().boundingRect().height(), 40) << name << ", a row at the least";
+    }
+    window.resize(900, 800);
+    RunQueue();
+    EXPECT_TRUE(settings.isVisible());
+}
+
 TEST_F(KeysInThePanel, TabGoesFromTheTopToTheBottom) {
     Open();
     List("lvMainList").setFocus(Qt::TabFocusReason);
