@@ -7,6 +7,7 @@
 #include "host/toolkit/services.h"
 #include "spectra_contract/platform.h"
 
+#include <QContextMenuEvent>
 #include <QSplitter>
 
 #include <utility>
@@ -129,4 +130,9 @@ void TheChild::MyAlphaBlend(owl::TDC& dc, const owl::TRect& rect, owl::TColor co
 void TheChild::EvSetFocus(HWND lost) {
     TWindow::EvSetFocus(lost);
     window_.SetActiveChild(this);
+}
+
+void TheChild::contextMenuEvent(QContextMenuEvent* event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu_.popup(byKey ? mapToGlobal(rect().center()) : event->globalPos());
 }

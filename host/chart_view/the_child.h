@@ -96,6 +96,8 @@ protected:
     static void MyAlphaBlend(owl::TDC& dc, const owl::TRect& rect, owl::TColor color, std::uint8_t alpha);
 
     void EvSetFocus(HWND lost);
+    /// Opens the view's menu at the mouse.
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     GlobalWindow& window_;

@@ -11,6 +11,8 @@
 #include "tests/support/qt/scripted_user.h"
 
 #include <QCheckBox>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QToolButton>
 
 namespace {
@@ -42,6 +44,23 @@ protected:
             }
             dialog.done(answer);
         });
+    }
+    /// Captions of what the menu offers to choose, and those of the menu below it.
+    static QStringList Captions(const QMenu& menu) {
+        QStringList captions;
+        for (const QAction* item : menu.actions()) {
+            captions << item->text();
+        }
+        return captions;
+    }
+    /// The menu that a right click on the map opens, or the menu key on the view.
+    QMenu& MenuAt(std::optional<std::size_t> map = std::nullopt) const {
+        QWidget& at = map ? static_cast<QWidget&>(Map(*map)) : *view;
+        const QPoint point = at.rect().center();
+        QContextMenuEvent asked(map ? QContextMenuEvent::Mouse : QContextMenuEvent::Keyboard, point,
+                                at.mapToGlobal(point));
+        QApplication::sendEvent(&at, &asked);
+        return dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
     }
     /// As a double click on the map does.
     LPARAM DoubleClick(WPARAM map) { return view->SendMessage(16333, map); }
@@ -104,6 +123,49 @@ TEST_F(SpectMapCommands, AChoiceForAllLeavesTheOthersTheirBands) {
         EXPECT_EQ(Setting(section + "/LoScale"), 1);
     }
     EXPECT_EQ(view->GetCommonPlotSet(), SPECT::PlotSet()) << "of cartoons";
+}
+
+TEST_F(SpectMapCommands, ARightClickOffersToChooseForTheMapUnderTheMouse) {
+    Add();
+    Show();
+    QMenu& menu = MenuAt(2);
+    EXPECT_EQ(menu.actions().first()->text(), "Ban&d and Measure...");
+    EXPECT_EQ(menu.actions().first()->menu(), nullptr);
+    Choose(chosen, false);
+    menu.actions().first()->trigger();
+    menu.close();
+    EXPECT_EQ(PlotSetOf(2), chosen);
+    EXPECT_EQ(PlotSetOf(1), Choice(1));
+}
+
+TEST_F(SpectMapCommands, TheMenuKeyOffersToChooseForEachMap) {
+    Add();
+    Show();
+    QMenu& menu = MenuAt();
+    QMenu* each = menu.actions().first()->menu();
+    ASSERT_NE(each, nullptr);
+    EXPECT_EQ(menu.actions().first()->text(), "Ban&d and Measure...");
+    EXPECT_EQ(Captions(*each),
+              QStringList({"&1 Band: Delta - Measure: Abs", "&2 Band: Theta - Measure: Abs",
+                           "&3 Band: Alpha - Measure: Abs", "&4 Band: Beta - Measure: Abs"}));
+    Choose(chosen, false);
+    each->actions()[1]->trigger();
+    menu.close();
+    EXPECT_EQ(PlotSetOf(1), chosen);
+    EXPECT_EQ(PlotSetOf(0), Choice(0));
+}
+
+TEST_F(SpectMapCommands, TheMenuKeyOffersToChooseOnceForACartoon) {
+    Add();
+    Show();
+    view->SetCartoonMode(true);
+    RunQueue();
+    QMenu& menu = MenuAt();
+    EXPECT_EQ(menu.actions().first()->menu(), nullptr);
+    Choose(chosen, true);
+    menu.actions().first()->trigger();
+    menu.close();
+    EXPECT_EQ(view->GetCommonPlotSet(), chosen);
 }
 
 TEST_F(SpectMapCommands, TheChoiceBeginsWithTheMapsOwn) {

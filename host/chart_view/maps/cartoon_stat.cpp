@@ -120,6 +120,10 @@ void CartoonStat::EnableCartoon(bool on) {
     ShowState();
 }
 
+bool CartoonStat::HaveMapsOwnOptions() const {
+    return !impl_->enabled; // the epochs show one and the same
+}
+
 std::uint64_t CartoonStat::GetStepCount() const {
     return impl_->enabled ? impl_->steps.Count() : 0;
 }

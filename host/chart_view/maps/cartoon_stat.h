@@ -54,6 +54,7 @@ protected:
     void LoadUserSettings() override;
     void customEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool HaveMapsOwnOptions() const override;
     void EvSetFocus(HWND lost);
     void EvKeyDown(unsigned key, unsigned repeat, unsigned flags);
 

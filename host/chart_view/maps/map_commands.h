@@ -21,6 +21,10 @@ inline constexpr unsigned kSinglePalette = 14163;
 inline constexpr unsigned kValuesTable = 14164;
 inline constexpr unsigned kCopyMeasures = 14180;
 
-inline constexpr unsigned kTransparency = 16329; ///< message: the slider moved
+// Messages to the view.
+inline constexpr unsigned kTransparency = 16329; ///< the slider moved
+/// What a map shows is to be chosen; first argument its number. Views whose maps have nothing to choose do
+/// not answer.
+inline constexpr unsigned kMapOptions = 16333;
 
 } // namespace orvanta::chart

@@ -2,6 +2,8 @@
 #include "host/chart_view/maps/map_context_menu.h"
 
 #include "host/chart_view/maps/map_commands.h"
+#include "host/toolkit/control_text.h"
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/form_texts.h"
 #include "host/toolkit/message_module.h"
 
@@ -38,6 +40,35 @@ constexpr Entry kEntries[] = {
     {kCopyMeasures, "copy", "&Copy Measures to Clipboard"},
 };
 
+void AddMapOptions(owl::TMenu& menu, owl::TEventHandler& handler, const std::vector<MapToSet>& maps) {
+    if (maps.empty()) {
+        return;
+    }
+    const QString caption = QString::fromStdString(
+        owl::TextOr(PModule::Named("Orvanta"), "MAP_MENU", "options", "Ban&d and Measure..."));
+    const auto add = [&handler](QMenu& to, const QString& text, std::size_t map) {
+        to.addAction(text, &to, [&handler, map] {
+            owl::RunGuarded([&] {
+                handler.Dispatch({{owl::EventKind::Message, kMapOptions}, owl::MessageArgs{map, 0}});
+            });
+        });
+    };
+    if (maps.size() == 1) {
+        add(menu, caption, maps.front().index);
+    } else {
+        constexpr std::size_t kDigits = 9;
+        QMenu& each = *menu.addMenu(caption);
+        for (const auto& [index, title] : maps) {
+            add(each,
+                QString(index < kDigits ? "&%1 %2" : "%1 %2")
+                    .arg(index + 1)
+                    .arg(owl::AsCaption(QString::fromStdString(title))),
+                index);
+        }
+    }
+    menu.addSeparator();
+}
+
 } // namespace
 
 owl::TMenu* MakeMapContextMenu(QWidget& window, owl::TEventHandler& handler, const MapMenuState& state) {
@@ -46,6 +77,7 @@ owl::TMenu* MakeMapContextMenu(QWidget& window, owl::TEventHandler& handler, con
     delete window.findChild<owl::TMenu*>(kName, Qt::FindDirectChildrenOnly);
     auto* menu = new owl::TMenu({}, &handler, &window);
     menu->setObjectName(kName);
+    AddMapOptions(*menu, handler, state.maps);
     const PModule* const messages = PModule::Named("Orvanta");
     for (const Entry& entry : kEntries) {
         if (entry.heads && !state.threeD) {

@@ -6,11 +6,22 @@
 #include "host/toolkit/menu.h"
 #include "spectra_contract/api.h"
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 namespace orvanta::chart {
 
-/// What its check marks show.
+/// A map for which the menu offers to choose what it shows.
+struct MapToSet {
+    std::size_t index;
+    std::string title;
+};
+
+/// What the menu offers, and what its check marks show.
 struct MapMenuState {
-    bool threeD = false; ///< else without what is for heads
+    std::vector<MapToSet> maps; ///< of several each has an item of a menu below
+    bool threeD = false;        ///< else without what is for heads
     bool locked = false;
     bool electrodes = false;
     bool names = false;

@@ -212,16 +212,38 @@ LPARAM MultiMapWin::EvTable(WPARAM picked, LPARAM /*unused*/) {
     return 0;
 }
 
+std::vector<MapToSet> MultiMapWin::MapsToSet(const std::optional<QPoint>& mouse) const {
+    std::vector<MapToSet> maps;
+    if (Find({owl::EventKind::Message, kMapOptions}) == nullptr) {
+        return maps;
+    }
+    const std::size_t count =
+        HaveMapsOwnOptions() ? impl_->InUse() : std::min<std::size_t>(1, impl_->InUse());
+    for (std::size_t i = 0; i < count; ++i) {
+        const TMapWindow* map = GetMap(i);
+        if (map == nullptr) {
+            continue;
+        }
+        if (mouse && map->isVisible() && map->rect().contains(map->mapFromGlobal(*mouse))) {
+            return {{i, map->GetTitle()}};
+        }
+        maps.push_back({i, map->GetTitle()});
+    }
+    return maps;
+}
+
 void MultiMapWin::contextMenuEvent(QContextMenuEvent* event) {
     const MapDisplay& display = impl_->settings.display;
-    auto* menu = MakeMapContextMenu(*this, *this,
-                                    {.threeD = impl_->threeD,
-                                     .locked = impl_->settings.locked,
-                                     .electrodes = display.electrodes,
-                                     .names = display.names,
-                                     .values = display.values,
-                                     .singlePalette = impl_->single,
-                                     .table = IsTableShown()});
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    auto* menu =
+        MakeMapContextMenu(*this, *this,
+                           {.maps = MapsToSet(byKey ? std::nullopt : std::optional(event->globalPos())),
+                            .threeD = impl_->threeD,
+                            .locked = impl_->settings.locked,
+                            .electrodes = display.electrodes,
+                            .names = display.names,
+                            .values = display.values,
+                            .singlePalette = impl_->single,
+                            .table = IsTableShown()});
     menu->popup(byKey ? mapToGlobal(rect().center()) : event->globalPos());
 }

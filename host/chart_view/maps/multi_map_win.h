@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/chart_view/maps/map_array_layout.h"
+#include "host/chart_view/maps/map_context_menu.h"
 #include "host/chart_view/maps/map_window.h"
 #include "host/chart_view/the_child.h"
 #include "spectra_contract/time.h"
@@ -102,6 +103,8 @@ protected:
     virtual void GetEventList(XTimeList& list) = 0;
     virtual bool SetRange() = 0;
     virtual void DrawStatusBar() = 0;
+    /// False while all maps show what the first one is set to.
+    virtual bool HaveMapsOwnOptions() const { return true; }
     /// The first row of the copied table, line end included.
     virtual void GetClipboardFirstRaw(std::string& row) = 0;
 
@@ -143,6 +146,8 @@ private:
     void ShareScale();
     void ShowTable(bool show);
     void FillTable();
+    /// For which the menu offers to choose what they show. \param mouse on the screen: only the map there
+    std::vector<orvanta::chart::MapToSet> MapsToSet(const std::optional<QPoint>& mouse) const;
 
     std::unique_ptr<Impl> impl_;
 };

@@ -7,6 +7,7 @@
 #include "tests/support/qt/scripted_user.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QSplitter>
 #include <QTest>
 #include <gmock/gmock.h>
@@ -124,6 +125,17 @@ TEST_F(ChildWindow, LeavesNoActiveOneBehind) {
     other->Create();
     other.reset();
     EXPECT_EQ(window.GetActiveChild(), nullptr);
+}
+
+TEST_F(ChildWindow, OpensItsMenuAtTheMouseAndByTheMenuKey) {
+    View view(window);
+    ShowInside(window, view);
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QContextMenuEvent asked(reason, {40, 30}, view.mapToGlobal(QPoint(40, 30)));
+        QApplication::sendEvent(&view, &asked);
+        EXPECT_EQ(QApplication::activePopupWidget(), &view.GetMenu());
+        view.GetMenu().close();
+    }
 }
 
 TEST_F(ChildWindow, HasAMenuThatRunsItsCommands) {

@@ -422,6 +422,7 @@ TEST_F(MapArray, OffersFlatMapsNothingThatIsForHeads) {
     EXPECT_NE(menu.Item(kGrid), nullptr);
     EXPECT_EQ(menu.Item(kLock), nullptr);
     EXPECT_EQ(menu.Item(14100), nullptr);
+    EXPECT_EQ(menu.actions().first(), menu.Item(kGrid)) << "these maps have nothing else to choose";
     menu.close();
 }
 
