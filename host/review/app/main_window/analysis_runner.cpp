@@ -9,6 +9,7 @@
 #include "host/review/app/module_bridge.h"
 #include "host/toolkit/window_handle.h"
 #include "spectra_contract/platform.h"
+#include "spectra_contract/recording.h"
 #include "spectra_contract/spectra_mgr.h"
 
 #include <algorithm>
@@ -84,17 +85,35 @@ void AnalysisRunner::MakeFirst(const SpectraMacro& macro) {
     }
 }
 
+bool AnalysisRunner::HasSelections() const {
+    const SpectMacroResult* main = CanAnalyse() ? around_.documents.Current()->Analyses().GetMain() : nullptr;
+    return main != nullptr &&
+           main->GetMacro().GetTimeIntervalSelectMode() == SpectraMacro::TimeIntervalSelectMode::ByDuration;
+}
+
+bool AnalysisRunner::GoToNextSelection() {
+    const Document& document = *around_.documents.Current();
+    TraceCursorType& cursor = *document.Recording().GetTraceCursor();
+    const XTime* start = document.Analyses().GetMain()->GetNextSelectionStart(cursor.GetStartRecTime());
+    if (start == nullptr) {
+        return false;
+    }
+    cursor.SetPosition(cursor.GetSample(start, Sample::Mode::Memory, 0));
+    Recompute();
+    return true;
+}
+
 void AnalysisRunner::Show(ViewKind kind) {
     around_.gui.WhenIdle([this, kind] {
         if (around_.views.CanShow(kind)) {
             Document& document = *around_.documents.Current();
             if (IsMaps(kind)) {
                 document.SetMapsOnHeads(kind == ViewKind::Heads);
-                if (document.Analyses().GetMain() == nullptr) {
-                    New();
-                }
             }
-            if (!IsMaps(kind) || document.Analyses().GetMain() != nullptr) {
+            if (kind != ViewKind::Traces && document.Analyses().GetMain() == nullptr) {
+                New();
+            }
+            if (kind == ViewKind::Traces || document.Analyses().GetMain() != nullptr) {
                 around_.views.Open(kind);
             }
         }

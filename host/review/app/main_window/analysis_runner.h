@@ -40,8 +40,12 @@ public:
     void Recompute();
     /// Gives a recording that has no analysis this one, not computed.
     void MakeFirst(const SpectraMacro& macro);
-    /// Shows a view, also from now on. Maps need an analysis, without one they would ask again and again: the
-    /// user is asked here, once. Work is cancelled first.
+    /// Whether the main analysis takes a stretch from where the traces stand.
+    bool HasSelections() const;
+    /// Moves the traces to the next such stretch and computes it. \return false at the last one
+    bool GoToNextSelection();
+    /// Shows a view, also from now on. Spectra and maps need an analysis, without one they would ask whenever
+    /// they get the focus: the user is asked here, once. Work is cancelled first.
     void Show(ViewKind kind);
 
     /// Of contrast values on the spectra, in the views' side bars. The user's choice.

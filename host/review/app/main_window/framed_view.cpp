@@ -7,8 +7,10 @@
 #include "host/review/app/main_window/panel_beside.h"
 #include "host/toolkit/icon.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeySequence>
+#include <QPainter>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -18,6 +20,8 @@
 namespace orvanta::review {
 
 namespace {
+
+constexpr int kFrame = 2; // logical pixels
 
 QToolButton* Button(const char* name, const QString& tip, const QKeySequence& key, QWidget* parent) {
     auto* button = new QToolButton(parent);
@@ -36,7 +40,8 @@ FramedView::FramedView(TheChild& view, Buttons buttons, SidePanel& panel, QWidge
     : QFrame(parent), view_(view),
       fill_(Button("view_fill", HostQText("viewFill", "Let this view fill the window, or show all again"),
                    kFillKey, this)) {
-    setFrameShape(QFrame::StyledPanel);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this] { update(QRegion(rect()) - rect().adjusted(kFrame, kFrame, -kFrame, -kFrame)); });
     QToolButton* beside =
         Button("view_panel", HostQText("viewPanel", "Show or hide the side bar"), kPanelKey, this);
     panel_ = new PanelBeside(view, *beside, panel);
@@ -53,12 +58,23 @@ FramedView::FramedView(TheChild& view, Buttons buttons, SidePanel& panel, QWidge
     connect(close, &QToolButton::clicked, this, std::move(buttons.close), Qt::QueuedConnection);
 
     auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setContentsMargins(kFrame, kFrame, kFrame, kFrame);
     rows->setSpacing(0);
     rows->addLayout(head);
     rows->addWidget(&view.Panes(), 1);
     view.GetToolBar().show();
     view.Panes().show();
+}
+
+void FramedView::paintEvent(QPaintEvent* /*event*/) {
+    const bool focused = isAncestorOf(QApplication::focusWidget());
+    const int width = focused ? kFrame : 1;
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    const QColor color = palette().color(focused ? QPalette::Highlight : QPalette::Mid);
+    for (const QRect& side : QRegion(rect()) - rect().adjusted(width, width, -width, -width)) {
+        painter.fillRect(side, color);
+    }
 }
 
 void FramedView::ShowFilled(bool filled) {

@@ -19,7 +19,8 @@ constexpr Qt::Key kFillKey = Qt::Key_F11;
 constexpr Qt::Key kPanelKey = Qt::Key_F9;
 
 /// The tool bar and buttons, which show what stands beside the view, let it fill the area and close it, above
-/// the panes of the view. The frame must go before or with the view's main window; it does not own the view.
+/// the panes of the view. What has the focus is framed in the colour of what is selected. The frame must go
+/// before or with the view's main window; it does not own the view.
 class FramedView final : public QFrame {
 public:
     struct Buttons {
@@ -33,6 +34,9 @@ public:
     TheChild& View() const { return view_; }
     PanelBeside& Panel() const { return *panel_; }
     void ShowFilled(bool filled);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     TheChild& view_;

@@ -68,6 +68,12 @@ void FillMontages(QMenu& menu, const MenuParts& parts) {
     }).setEnabled(parts.analyses.CanAnalyse());
 }
 
+void GoToNextSelection(const MenuParts& parts) {
+    if (parts.analyses.HasSelections() && !parts.gui.IsBusy() && !parts.analyses.GoToNextSelection()) {
+        parts.shell.ShowText(HostText("lastSelection", "There is no later selection."));
+    }
+}
+
 } // namespace
 
 void AddAnalysisMenu(MenuItems& items, const MenuParts& parts) {
@@ -80,6 +86,9 @@ void AddAnalysisMenu(MenuItems& items, const MenuParts& parts) {
     items.Add(
         menu, Caption{"analysisRecompute", "&Recompute"}, QKeySequence::Refresh,
         [&analyses] { analyses.Recompute(); }, state);
+    items.Add(menu, Caption{"analysisNextSelection", "Next &Selection"}, Qt::Key_F7,
+              [parts] { GoToNextSelection(parts); },
+              {.enabled = [&analyses] { return analyses.HasSelections(); }});
 }
 
 QMenu& AddMontageMenu(MenuItems& items, const MenuParts& parts) {

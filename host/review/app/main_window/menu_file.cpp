@@ -70,13 +70,14 @@ void AddEvents(MenuItems& items, QMenu& menu, const MenuParts& parts) {
         has);
 }
 
+// No key with Ctrl and Shift: both held down begin a batch in the spectrum view.
 void AddPictures(MenuItems& items, QMenu& menu, ViewPictures& pictures) {
     const ItemState state{.enabled = [&pictures] { return pictures.HasView(); }};
     items.Add(
-        menu, Caption{"fileSavePicture", "Save P&icture..."}, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+        menu, Caption{"fileSavePicture", "Save P&icture..."}, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
         [&pictures] { pictures.Save(); }, state);
     items.Add(
-        menu, Caption{"fileCopyPicture", "Copy Pict&ure"}, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
+        menu, Caption{"fileCopyPicture", "Copy Pict&ure"}, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_C),
         [&pictures] { pictures.Copy(); }, state);
     items.Add(
         menu, Caption{"filePrint", "&Print..."}, QKeySequence::Print, [&pictures] { pictures.Print(); },

@@ -95,6 +95,14 @@ void AddArrangements(MenuItems& items, QMenu& menu, OpenViews& views, const View
 
 } // namespace
 
+void ToggleView(const MenuParts& parts, ViewKind kind) {
+    if (parts.views.IsShown(kind)) {
+        parts.views.Hide(kind);
+    } else {
+        parts.analyses.Show(kind);
+    }
+}
+
 void AddViewMenu(MenuItems& items, const MenuParts& parts) {
     QMenu& menu = items.AddMenu(Caption{"menuView", "&View"});
     OpenViews& views = parts.views;
@@ -106,14 +114,7 @@ void AddViewMenu(MenuItems& items, const MenuParts& parts) {
                              View{ViewKind::Spectrum, Caption{"viewSpectrum", "&Spectrum"}},
                              View{ViewKind::Maps, Caption{"viewMaps", "Spectral &Maps"}},
                              View{ViewKind::Heads, Caption{"viewHeads", "&3D Spectral Maps"}}}) {
-        items.Add(menu, view.caption, {},
-                  [&views, &analyses = parts.analyses, kind = view.kind] {
-                      if (views.IsShown(kind)) {
-                          views.Hide(kind);
-                      } else {
-                          analyses.Show(kind);
-                      }
-                  },
+        items.Add(menu, view.caption, {}, [parts, kind = view.kind] { ToggleView(parts, kind); },
                   {.enabled = [&views, kind = view.kind] { return views.CanShow(kind); },
                    .checked = [&views, kind = view.kind] { return views.IsShown(kind); }});
     }

@@ -2,30 +2,32 @@
 #include "host/review/app/main_window/menus.h"
 
 #include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/open_views.h"
+#include "host/toolkit/event_guard.h"
 
 #include <QMenuBar>
-
-#include <utility>
 
 namespace orvanta::review {
 
 namespace {
 
-QString MenuTitle(const std::string& view) {
-    // Only one of them is there at a time: they share a mnemonic.
-    for (const auto& [name, caption] : {std::pair("Spectrum", Caption{"spectrumMenu", "&Spectrum"}),
-                                        std::pair("SpectMap", Caption{"mapsMenu", "Map&s"}),
-                                        std::pair("Traces", Caption{"tracesMenu", "Trace&s"})}) {
-        if (view == name) {
-            return caption.Text();
-        }
-    }
-    return QString::fromStdString(view);
-}
+/// Of a view.
+struct ChildMenu {
+    const char* view;
+    Caption caption;
+    ViewKind first; ///< what its first item names
+};
+
+// Only one of them is there at a time: they share a mnemonic.
+constexpr ChildMenu kChildMenus[] = {
+    {"Spectrum", Caption{"spectrumMenu", "&Spectrum"}, ViewKind::Spectrum},
+    {"SpectMap", Caption{"mapsMenu", "Map&s"}, ViewKind::Heads},
+    {"Traces", Caption{"tracesMenu", "Trace&s"}, ViewKind::Traces},
+};
 
 } // namespace
 
-Menus::Menus(QMenuBar& bar, const MenuParts& parts) : bar_(bar), items_(bar) {
+Menus::Menus(QMenuBar& bar, const MenuParts& parts) : bar_(bar), parts_(parts), items_(bar) {
     AddFileMenu(items_, parts);
     AddEditMenu(items_, parts);
     AddViewMenu(items_, parts);
@@ -37,6 +39,23 @@ Menus::Menus(QMenuBar& bar, const MenuParts& parts) : bar_(bar), items_(bar) {
     Update();
 }
 
+void Menus::AnswerFirst(TheChild& child, ViewKind kind) {
+    owl::TMenu& menu = child.GetMenu();
+    QAction* item = menu.Item(child.GetResInfo().command);
+    if (item == nullptr) {
+        return;
+    }
+    item->setCheckable(true);
+    QObject::connect(&menu, &QMenu::aboutToShow, item, [this, item, kind] {
+        item->setEnabled(parts_.views.CanShow(kind));
+        item->setChecked(parts_.views.IsShown(kind));
+    });
+    // Later: the menu goes with its view.
+    QObject::connect(
+        item, &QAction::triggered, &bar_,
+        [this, kind] { owl::RunGuarded([&] { ToggleView(parts_, kind); }); }, Qt::QueuedConnection);
+}
+
 void Menus::ShowMenuOf(TheChild* child) {
     if (child_) {
         bar_.removeAction(child_);
@@ -45,7 +64,12 @@ void Menus::ShowMenuOf(TheChild* child) {
     if (child != nullptr) {
         QMenu& menu = child->GetMenu();
         if (menu.title().isEmpty()) {
-            menu.setTitle(MenuTitle(child->GetChildName()));
+            for (const auto& [view, caption, first] : kChildMenus) {
+                if (child->GetChildName() == view) {
+                    menu.setTitle(caption.Text());
+                    AnswerFirst(*child, first);
+                }
+            }
         }
         child_ = menu.menuAction();
         bar_.insertAction(beforeChild_, child_);

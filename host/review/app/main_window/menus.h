@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/review/app/main_window/menu_items.h"
+#include "host/review/app/main_window/view_area.h"
 
 #include <QPointer>
 
@@ -45,6 +46,9 @@ void AddToolsMenu(MenuItems& items, const MenuParts& parts);
 void AddWindowMenu(MenuItems& items, const MenuParts& parts);
 void AddHelpMenu(MenuItems& items, const MenuParts& parts);
 
+/// Shows a view, or closes it.
+void ToggleView(const MenuParts& parts, ViewKind kind);
+
 /// Fills a menu bar; the active view's own menu stands between the others. GUI thread.
 class Menus {
 public:
@@ -56,7 +60,11 @@ public:
     void Update() const { items_.Update(); }
 
 private:
+    /// The first item of a view's menu shows whether the view of this kind is there, shows and closes it.
+    void AnswerFirst(TheChild& child, ViewKind kind);
+
     QMenuBar& bar_;
+    MenuParts parts_;
     MenuItems items_;
     QAction* beforeChild_; ///< the view's menu stands before it
     QPointer<QAction> child_;

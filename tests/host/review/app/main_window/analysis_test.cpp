@@ -102,15 +102,31 @@ TEST_F(Analysing, ShowsTheViewThatTheUserHasClosed) {
     EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Spectrum));
 }
 
-TEST_F(Analysing, MapsWithoutAnAnalysisAskForOneOnce) {
+TEST_F(Analysing, SpectraAndMapsWithoutAnAnalysisAskForOneOnce) {
     Start(Demo());
-    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
-    user.MeetsDialog([](QDialog& form) { form.reject(); });
-    Item("viewMaps").trigger();
-    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Maps));
+    for (const auto& [item, kind] :
+         {std::pair("viewSpectrum", ViewKind::Spectrum), std::pair("viewMaps", ViewKind::Maps)}) {
+        EXPECT_FALSE(bench->GetViews().IsShown(kind));
+        user.MeetsDialog([](QDialog& form) { form.reject(); });
+        Item(item).trigger();
+        test::WaitUntilIdle();
+        EXPECT_FALSE(bench->GetViews().IsShown(kind))
+            << "a view that is empty would ask whenever it gets the focus";
+    }
     ChooseMacro("Resting eyes closed");
     Item("viewMaps").trigger();
     EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
+}
+
+TEST_F(Analysing, GoingThroughThePanesAsksForNothing) {
+    Start(Demo());
+    user.MeetsDialog([](QDialog& form) { form.reject(); });
+    Item("viewSpectrum").trigger();
+    for (int i = 0; i < 4; ++i) {
+        Item("viewNextPane").trigger();
+        test::WaitUntilIdle();
+    }
+    EXPECT_EQ(user.DialogsShown(), 1); // the one that opening the view asked
 }
 
 TEST_F(Analysing, NeedsARecording) {
@@ -136,6 +152,7 @@ TEST_F(Analysing, AMontageIsChosenInTheMenu) {
 
 TEST_F(Analysing, ViewsAreClosedByTheirButtonAndOpenedInTheMenu) {
     Start(Demo());
+    AddAnalysis();
     bench->GetAnalyses().Show(ViewKind::Spectrum);
     Spectrum().parentWidget()->parentWidget()->findChild<QToolButton*>("view_close")->click();
     test::WaitUntilIdle();
@@ -153,8 +170,9 @@ TEST_F(Analysing, TheActiveViewsMenuStandsBetweenTheOthers) {
     EXPECT_EQ(MenuTitles(),
               QStringList({"File", "Edit", "View", "Analysis", "Montage", "Tools", "Window", "Help"}));
     bench->GetDocuments().Open(Demo());
-    bench->GetAnalyses().Show(ViewKind::Spectrum);
-    user.MeetsDialog([](QDialog& form) { form.reject(); }); // asks, since there is no analysis
+    AddAnalysis();
+    bench->GetAnalyses().Recompute();
+    test::WaitUntilIdle();
     Spectrum().SetFocus();
     test::WaitUntilIdle();
     EXPECT_EQ(MenuTitles(), QStringList({"File", "Edit", "View", "Analysis", "Spectrum", "Montage", "Tools",

@@ -123,12 +123,6 @@ TEST_F(FirstLook, AViewThatTheUserClosedStaysClosedWithTheNextAnalysis) {
     EXPECT_THAT(Shown(), ElementsAre(ViewKind::Traces, ViewKind::Spectrum));
 }
 
-TEST_F(FirstLook, TheSpectrumOpensOnRequestBeforeThereIsAnAnalysis) {
-    Start(Demo());
-    Item("viewSpectrum").trigger();
-    EXPECT_THAT(Shown(), ElementsAre(ViewKind::Traces, ViewKind::Spectrum));
-}
-
 TEST_F(FirstLook, TheWindowFillsTheScreen) {
     Start();
     EXPECT_TRUE(bench->Window().isMaximized());

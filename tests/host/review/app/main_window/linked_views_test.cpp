@@ -111,21 +111,69 @@ TEST_F(LinkedViews, PointingAtAChannelSelectsItInTheTraces) {
     EXPECT_FALSE(Recording().GetTraceInfo()->FindSensor("O2")->IsBad());
 }
 
-TEST_F(LinkedViews, NextSelectionMovesTheTracesToTheNextStretch) {
-    SpectraMacro macro;
-    macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByDuration);
-    macro.SetFixedDurationSec(20);
-    Analyses().SetMain(&AddAnalysis(macro));
+/// Traces, spectrum and maps, and an analysis of 20 s from where the traces stand.
+class Selections : public LinkedViews {
+protected:
+    Selections() {
+        SpectraMacro macro;
+        macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByDuration);
+        macro.SetFixedDurationSec(20);
+        Analyses().SetMain(&AddAnalysis(macro));
+        bench->GetAnalyses().Recompute();
+        test::WaitUntilIdle();
+    }
+    XTime Begin() const { return *Traces().GetPage().GetBeginPtr(); }
+    TheChild& View(ViewKind kind) const { return *bench->Middle().Views().ViewOf(kind); }
+    void Run(ViewKind view, unsigned command) const {
+        View(view).RunCommand(command);
+        test::WaitUntilIdle();
+    }
+    bool Offers(ViewKind view, unsigned command) const {
+        QMetaObject::invokeMethod(&View(view).GetMenu(), "aboutToShow");
+        return View(view).GetMenu().Item(command)->isEnabled();
+    }
+    static constexpr unsigned kOfSpectrum = 14476, kOfMaps = 14190, kCartoon = 14170;
+};
+
+TEST_F(Selections, MoveTheTracesFromTheSpectrumView) {
+    ASSERT_EQ(Begin(), XTime());
+    EXPECT_TRUE(Offers(ViewKind::Spectrum, kOfSpectrum));
+    Run(ViewKind::Spectrum, kOfSpectrum);
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(20 * kSecond));
+    Run(ViewKind::Spectrum, kOfSpectrum);
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(40 * kSecond));
+}
+
+TEST_F(Selections, MoveTheTracesFromTheMapsAlsoInACartoon) {
+    EXPECT_TRUE(Offers(ViewKind::Maps, kOfMaps));
+    Run(ViewKind::Maps, kOfMaps);
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(20 * kSecond));
+    Run(ViewKind::Maps, kCartoon);
+    EXPECT_TRUE(Offers(ViewKind::Maps, kOfMaps));
+    Run(ViewKind::Maps, kOfMaps);
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(40 * kSecond));
+}
+
+TEST_F(Selections, MoveTheTracesByTheMenuWhileTheyHaveTheFocus) {
+    bench->GetViews().Activate(ViewKind::Traces);
+    QAction& next = Item("analysisNextSelection");
+    Opens("menuAnalysis");
+    EXPECT_TRUE(next.isEnabled());
+    next.trigger();
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(20 * kSecond));
+    EXPECT_TRUE(Analyses().GetMain()->IsComputed());
+    next.trigger();
+    next.trigger();
+    EXPECT_EQ(Begin(), XTime::FromNanoseconds(40 * kSecond)) << "the last of a minute";
+    EXPECT_EQ(bench->Window().ShownText(), "There is no later selection.");
+}
+
+TEST_F(LinkedViews, AnAnalysisOfEverythingHasNoNextSelection) {
+    EXPECT_FALSE(Item("analysisNextSelection").isEnabled()) << "there is no analysis";
+    AddAnalysis();
     bench->GetAnalyses().Recompute();
-    ASSERT_EQ(*Traces().GetPage().GetBeginPtr(), XTime());
-    TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
-    constexpr unsigned kNextSelection = 14476; // of the spectrum view
-    spectrum.RunCommand(kNextSelection);
-    test::WaitUntilIdle();
-    EXPECT_EQ(*Traces().GetPage().GetBeginPtr(), XTime::FromNanoseconds(20 * kSecond));
-    spectrum.RunCommand(kNextSelection);
-    test::WaitUntilIdle();
-    EXPECT_EQ(*Traces().GetPage().GetBeginPtr(), XTime::FromNanoseconds(40 * kSecond));
+    Opens("menuAnalysis");
+    EXPECT_FALSE(Item("analysisNextSelection").isEnabled());
 }
 
 TEST_F(LinkedViews, ABadElectrodeLeavesTheAnalysisAtOnce) {
@@ -147,6 +195,7 @@ TEST_F(LinkedViews, PointingDoesNothingWithoutTheTraces) {
 }
 
 TEST_F(LinkedViews, AViewThatOpensNamesTheMontageInUse) {
+    AddAnalysis();
     bench->GetAnalyses().Show(ViewKind::Spectrum);
     const TheChild& spectrum = *bench->Middle().Views().ViewOf(ViewKind::Spectrum);
     EXPECT_EQ(spectrum.GetToolBar().findChild<QComboBox*>()->currentText(), "As recorded");

@@ -77,6 +77,22 @@ private:
     }
 };
 
+TEST_F(Panes, FrameTheOneThatHasTheFocus) {
+    bench->Window().activateWindow();
+    const auto framed = [this](ViewKind kind) {
+        review::FramedView& frame = Frame(kind);
+        return frame.grab().toImage().pixelColor(1, frame.height() / 2) ==
+               frame.palette().color(QPalette::Highlight);
+    };
+    for (const ViewKind focused : {ViewKind::Spectrum, ViewKind::Traces, ViewKind::Maps}) {
+        bench->GetViews().Activate(focused);
+        test::WaitUntilIdle();
+        for (const ViewKind kind : {ViewKind::Spectrum, ViewKind::Traces, ViewKind::Maps}) {
+            EXPECT_EQ(framed(kind), kind == focused);
+        }
+    }
+}
+
 TEST_F(Panes, GiveHalfToTheTracesAndThreeFifthsOfTheRestToTheSpectrum) {
     EXPECT_NEAR(TracesShare(), 0.5, 0.01);
     EXPECT_NEAR(SpectrumShare(), 0.6, 0.01);

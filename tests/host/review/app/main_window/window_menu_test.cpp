@@ -54,6 +54,58 @@ TEST_F(WindowMenu, ActivatesTheViewThatIsChosen) {
     EXPECT_TRUE(MenuTitles().contains("Traces"));
 }
 
+/// The first item of the active view's menu.
+class TitleItem : public WindowMenu {
+protected:
+    QAction& TitleOf(ViewKind view) {
+        bench->GetViews().Activate(view);
+        TheChild& child = *bench->Middle().Views().ViewOf(view);
+        QMetaObject::invokeMethod(&child.GetMenu(), "aboutToShow");
+        return *child.GetMenu().Item(child.GetResInfo().command);
+    }
+};
+
+TEST_F(TitleItem, IsCheckedAndClosesTheViewThatItNames) {
+    Analyse();
+    for (const auto& [view, text] :
+         {std::pair(ViewKind::Spectrum, "&View Spectrum"), std::pair(ViewKind::Traces, "&View Traces")}) {
+        QAction& item = TitleOf(view);
+        EXPECT_EQ(item.text(), text);
+        EXPECT_TRUE(item.isChecked());
+        item.trigger();
+        test::WaitUntilIdle();
+        EXPECT_FALSE(bench->GetViews().IsShown(view));
+    }
+}
+
+TEST_F(TitleItem, OfFlatMapsShowsThoseOnHeads) {
+    Analyse();
+    QAction& ofFlat = TitleOf(ViewKind::Maps);
+    EXPECT_EQ(ofFlat.text(), "&View 3D Spectral Maps");
+    EXPECT_FALSE(ofFlat.isChecked());
+    ofFlat.trigger();
+    test::WaitUntilIdle();
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Heads));
+    QAction& ofHeads = TitleOf(ViewKind::Heads);
+    EXPECT_TRUE(ofHeads.isChecked());
+    ofHeads.trigger();
+    test::WaitUntilIdle();
+    EXPECT_FALSE(bench->GetViews().IsShown(ViewKind::Heads));
+}
+
+TEST_F(WindowMenu, HasNoKeyThatBeginsABatchOnItsWay) {
+    int keys = 0;
+    for (const QAction* item : bench->Window().findChildren<QAction*>()) {
+        for (const QKeySequence& key : item->shortcuts()) {
+            ++keys;
+            const Qt::KeyboardModifiers held = key[0].keyboardModifiers();
+            EXPECT_FALSE(held.testFlag(Qt::ControlModifier) && held.testFlag(Qt::ShiftModifier))
+                << key.toString().toStdString();
+        }
+    }
+    EXPECT_GE(keys, 15);
+}
+
 TEST_F(WindowMenu, OffersNothingWithoutARecording) {
     bench->GetDocuments().Close();
     EXPECT_THAT(States(), ElementsAre(State{false, false}, State{false, false}, State{false, false}));
