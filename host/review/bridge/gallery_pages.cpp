@@ -156,6 +156,7 @@ void ShowMeasures(const GallerySample& sample, const TakePicture& take) {
 void ShowComments(const GallerySample& /*sample*/, const TakePicture& take) {
     SpectralComments comments;
     SpectralCommentsDlg dialog(nullptr, &comments);
+    dialog.ensurePolished(); // what others have typed comes first
     dialog.SetDlgItemText(105, "Vigilance");
     dialog.SetDlgItemText(106, "Eyes closed");
     dialog.SetDlgItemText(111, "VIG-2");

@@ -45,14 +45,14 @@ void FillRecent(QMenu& menu, Documents& documents) {
 void AddEvents(MenuItems& items, QMenu& menu, const MenuParts& parts) {
     const auto has = [&documents = parts.documents] { return documents.Current() != nullptr; };
     const auto add = [&](const Caption& caption, const QKeySequence& shortcut, auto run,
-                         std::function<bool()> enabled) {
+                         const std::function<bool()>& enabled) {
         items.Add(menu, caption, shortcut,
                   [&documents = parts.documents, &shell = parts.shell, run] {
                       if (EventEditor* events = EventsOf(documents)) {
                           run(HWND(&shell), *events);
                       }
                   },
-                  {.enabled = std::move(enabled)});
+                  {.enabled = enabled});
     };
     add(Caption{"fileSaveEvents", "&Save Events"}, QKeySequence::Save, SaveEvents,
         [&documents = parts.documents] {
