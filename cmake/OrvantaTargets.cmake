@@ -60,18 +60,40 @@ function(orvanta_add_program name)
     target_link_libraries(${name} PRIVATE orvanta_options ${arg_LIBS})
 endfunction()
 
-# orvanta_add_tests(name [QT] [LIBS libs...]): the *_test.cpp of this folder and below as one GoogleTest program,
-# every case a ctest of its own. With QT there is a QApplication on the offscreen platform, a warning of Qt fails
+# Makes every suite of a GoogleTest program a ctest of its own, as soon as the program is built; further arguments are
+# options of tests/suites/list.py.
+function(orvanta_list_suites name)
+    set(list_suites ${PROJECT_SOURCE_DIR}/tests/suites/list.py)
+    set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
+    add_custom_command(TARGET ${name} POST_BUILD BYPRODUCTS ${list_file} VERBATIM
+        COMMAND ${PYTHON} ${list_suites} $<TARGET_FILE:${name}> ${PROJECT_SOURCE_DIR}/tests/suites/run-suite ${list_file}
+            ${ARGN})
+    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${list_suites})
+    # A program that was not built is a test that cannot be found.
+    set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
+    file(CONFIGURE OUTPUT ${include_file} @ONLY CONTENT
+"if(EXISTS \"@list_file@\")
+    include(\"@list_file@\")
+else()
+    add_test(@name@_is_not_built @name@_is_not_built)
+endif()
+")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${include_file})
+endfunction()
+
+# orvanta_add_tests(name [QT] [LIBS libs...] [APART suites...]): the *_test.cpp of this folder and below as one GoogleTest
+# program, every suite a ctest of its own (docs/decisions/0014-tests-run-by-suites.md), and every case of suites that stand
+# apart. With QT there is a QApplication on the offscreen platform, a warning of Qt fails
 # the case, and a form of the tests' own may lie beside the test that shows it.
 function(orvanta_add_tests name)
-    cmake_parse_arguments(arg "QT" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(arg "QT" "" "LIBS;APART" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     if(NOT sources)
         return()
     endif()
     if(arg_QT)
         set(main orvanta_qt_test_main)
-        set(environment ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+        set(environment --environment QT_QPA_PLATFORM=offscreen)
     else()
         set(main GTest::gtest_main)
     endif()
@@ -96,5 +118,5 @@ function(orvanta_add_tests name)
         target_compile_options(${name} PRIVATE -Og)
     endif()
     target_compile_definitions(${name} PRIVATE ORVANTA_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ${environment})
+    orvanta_list_suites(${name} --apart ${arg_APART} ${environment})
 endfunction()
