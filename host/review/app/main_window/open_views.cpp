@@ -121,6 +121,7 @@ void OpenViews::CloseAll() {
     for (const ViewKind kind : kViewKinds) {
         Close(kind);
     }
+    told_.clear();
 }
 
 void OpenViews::FollowMontage() {
@@ -134,14 +135,19 @@ void OpenViews::FollowMontage() {
 void OpenViews::Refresh(std::span<const ViewKind> kinds) {
     // Of the window, also while it is not active.
     const QPointer<QWidget> focused(window_.window()->focusWidget());
-    owl::RunGuarded([&] { // told once, since what failed for one view fails for the next
+    try { // around all, since what failed for one view fails for the next
         for (const ViewKind kind : kinds) {
             // A view may go while another computes.
             if (TheChild* view = window_.Views().ViewOf(kind)) {
                 bridge_->RefreshView(*view);
             }
         }
-    });
+        told_.clear();
+    } catch (const std::exception& failure) {
+        if (std::exchange(told_, failure.what()) != failure.what()) {
+            owl::TellFailure(failure);
+        }
+    }
     if (focused) {
         focused->setFocus();
     }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 
 class TheChild;
 
@@ -47,6 +48,7 @@ public:
     /// Lets the views of analyses show the montage that is in use now.
     void FollowMontage();
     /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
+    /// What fails again and again is told once, until it works or the views are closed.
     void Refresh(std::span<const ViewKind> kinds);
     /// What was chosen in the spectrum view; nothing while it is not shown.
     std::optional<SpectrumLook> Look() const;
@@ -81,6 +83,7 @@ private:
     WorkGui& gui_;
     ModuleBridge* bridge_;
     std::uint64_t generation_ = 0;
+    std::string told_; ///< why the last refresh failed
 };
 
 } // namespace orvanta::review

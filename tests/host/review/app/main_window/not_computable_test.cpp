@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The next day with analyses that cannot be computed: what they look for is not in the recording any more.
+#include "tests/host/review/app/main_window/workbench_fixture.h"
+
+namespace {
+
+using namespace orvanta;
+using review::ViewKind;
+
+struct Case {
+    const char* name;
+    bool main; ///< cannot be computed
+    bool secondary;
+    ViewKind maps; ///< shown, too
+};
+
+class AnalysesOfYesterday : public test::WorkbenchFixture, public testing::WithParamInterface<Case> {
+protected:
+    SpectMacroResult& AddSaved(const std::string& name, bool computable) const {
+        SpectraMacro macro;
+        if (!computable) {
+            macro.SetTimeIntervalSelectMode(SpectraMacro::TimeIntervalSelectMode::ByStateEvents);
+            macro.SetAcceptStateList({"nowhere"});
+        }
+        EXPECT_EQ(macro.SaveAs(folder.Path(name)), 0);
+        return AddAnalysis(macro);
+    }
+};
+
+TEST_P(AnalysesOfYesterday, LeaveTheRecordingOpen) {
+    Start(Demo());
+    Analyses().SetMain(&AddSaved("shown.smx", true));
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
+    bench->GetAnalyses().Show(GetParam().maps);
+    Analyses().SetMain(&AddSaved("main.smx", !GetParam().main));
+    Analyses().SetSecondary(&AddSaved("secondary.smx", !GetParam().secondary));
+    Leave();
+    user.AnswersMessage(owl::kIdOk); // of the window
+    user.AnswersMessage(owl::kIdOk); // of the maps, which compute when they are first seen
+    Start();
+    ASSERT_NE(bench->GetDocuments().Current(), nullptr);
+    ASSERT_EQ(Analyses().Size(), 3U);
+    for (const ViewKind kind : {ViewKind::Traces, ViewKind::Spectrum, GetParam().maps}) {
+        EXPECT_TRUE(bench->GetViews().IsShown(kind)) << static_cast<int>(kind);
+    }
+    EXPECT_EQ(Analyses().GetMain()->IsComputed(), !GetParam().main);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shown, AnalysesOfYesterday,
+                         testing::Values(Case{"MainInMaps", true, false, ViewKind::Maps},
+                                         Case{"MainInHeads", true, false, ViewKind::Heads},
+                                         Case{"SecondaryInMaps", false, true, ViewKind::Maps},
+                                         Case{"SecondaryInHeads", false, true, ViewKind::Heads},
+                                         Case{"BothInMaps", true, true, ViewKind::Maps}),
+                         [](const testing::TestParamInfo<Case>& row) { return row.param.name; });
+
+} // namespace
