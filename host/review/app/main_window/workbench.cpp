@@ -113,8 +113,11 @@ Workbench::Workbench(Setup setup)
     offer.WhenClosed(HostQText("offerClose", "Do not offer this again"),
                      [this] { platform_.GetUser()->PutInt(kHostSection, kOffers, 0); });
     ShowOffer();
-    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_,
-                     [this] { owl::RunGuarded([this] { Follow(); }); });
+    QObject::connect(&statePoll_, &QTimer::timeout, &statePoll_, [this] {
+        if (shell_->isVisible()) { // once it is closed, nobody is told anything any more
+            owl::RunGuarded([this] { Follow(); });
+        }
+    });
     statePoll_.start(kStatePoll);
 }
 
