@@ -65,7 +65,7 @@ void Follower::FollowAnalyses() {
     if (TraceView* traces = views_.Traces()) {
         traces->SetShades(EpochShades(document->Analyses(), document->Recording(), palette));
     }
-    views_.Refresh(kMapsViews);
+    views_.FollowUp(kMapsViews);
     documents_.KeepSession();
 }
 
@@ -87,7 +87,7 @@ void Follower::QueueRefresh() {
             documents_.KeepMarks();
             const Document* document = documents_.Current();
             if (document != nullptr && document->Analyses().GetMain() != nullptr && !gui_.IsBusy()) {
-                views_.Refresh(kAnalysisViews);
+                views_.FollowUp(kAnalysisViews);
             }
         },
         Qt::QueuedConnection);

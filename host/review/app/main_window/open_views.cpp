@@ -133,6 +133,11 @@ void OpenViews::FollowMontage() {
 }
 
 void OpenViews::Refresh(std::span<const ViewKind> kinds) {
+    told_.clear();
+    FollowUp(kinds);
+}
+
+void OpenViews::FollowUp(std::span<const ViewKind> kinds) {
     // Of the window, also while it is not active.
     const QPointer<QWidget> focused(window_.window()->focusWidget());
     try { // around all, since what failed for one view fails for the next

@@ -48,8 +48,10 @@ public:
     /// Lets the views of analyses show the montage that is in use now.
     void FollowMontage();
     /// Computes what these views of analyses show, and lets them and their panels show it. The focus stays.
-    /// What fails again and again is told once, until it works or the views are closed.
     void Refresh(std::span<const ViewKind> kinds);
+    /// The same where the user has not asked for it: what fails again and again is told once, until it works
+    /// or the views are closed.
+    void FollowUp(std::span<const ViewKind> kinds);
     /// What was chosen in the spectrum view; nothing while it is not shown.
     std::optional<SpectrumLook> Look() const;
     /// Chooses it again. Nothing for a view that is not there.

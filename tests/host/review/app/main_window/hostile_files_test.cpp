@@ -188,8 +188,7 @@ TEST_F(HostileFile, ThatShrinksWhileItIsReadIsTold) {
     EXPECT_THAT(user.Messages()[0].text, HasSubstr("shrinks.edf: "));
     EXPECT_FALSE(Analyses().GetMain()->IsComputed());
     auto& traces = static_cast<review::TraceView&>(*bench->Middle().Views().ViewOf(ViewKind::Traces));
-    // Each of the views tells when it comes to draw.
-    user.AnswersMessage(owl::kIdOk).AnswersMessage(owl::kIdOk);
+    user.AnswersMessage(owl::kIdOk); // of the traces
     traces.GoTo(XTime::FromSeconds(1700));
     test::WaitUntilIdle();
     EXPECT_NE(bench->GetDocuments().Current(), nullptr);
