@@ -106,6 +106,14 @@ void OpenViews::Hide(ViewKind kind) {
     gui_.WhenIdle([this, kind] {
         Close(kind);
         Want(kind, false);
+        if (window_.GetActiveChild() != nullptr) {
+            return;
+        }
+        for (const ViewKind other : kViewKinds) {
+            if (IsShown(other)) {
+                return Activate(other);
+            }
+        }
     });
 }
 

@@ -39,7 +39,8 @@ public:
     void Reopen(ViewKind kind);
     /// What the user wants is remembered; maps of both kinds have one place.
     void Want(ViewKind kind, bool wanted);
-    /// Closes a view that the user does not want any more; work is cancelled first.
+    /// Closes a view that the user does not want any more; when it was the active one, another gets the
+    /// focus. Work is cancelled first.
     void Hide(ViewKind kind);
     void CloseAll();
     /// Grows with every view that is made.

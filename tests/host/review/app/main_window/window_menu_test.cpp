@@ -78,6 +78,19 @@ TEST_F(TitleItem, IsCheckedAndClosesTheViewThatItNames) {
     }
 }
 
+TEST_F(WindowMenu, AnotherViewIsActiveOnceTheActiveOneIsClosed) {
+    Analyse();
+    review::OpenViews& views = bench->GetViews();
+    views.Activate(ViewKind::Spectrum);
+    views.Hide(ViewKind::Spectrum);
+    EXPECT_TRUE(views.IsActive(ViewKind::Traces));
+    views.Activate(ViewKind::Maps);
+    views.Hide(ViewKind::Traces);
+    EXPECT_TRUE(views.IsActive(ViewKind::Maps)) << "as before";
+    views.Hide(ViewKind::Maps);
+    EXPECT_FALSE(MenuTitles().contains("Maps"));
+}
+
 TEST_F(TitleItem, OfFlatMapsShowsThoseOnHeads) {
     Analyse();
     QAction& ofFlat = TitleOf(ViewKind::Maps);
