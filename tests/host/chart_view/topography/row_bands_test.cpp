@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <latch>
 #include <stdexcept>
 
 namespace {
@@ -59,6 +60,32 @@ TEST_P(BandsOfRows, PassFailuresOn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cores, BandsOfRows, testing::Values(1, 2, 4));
+
+TEST(BandsOfRowsAlone, AreDoneWhileTheOtherThreadsAreBusy) {
+    const Cores cores(2);
+    std::latch release(1), ended(2);
+    for (int thread = 0; thread < 2; ++thread) {
+        QThreadPool::globalInstance()->start([&] {
+            release.wait();
+            ended.count_down();
+        });
+    }
+    int rows = 0;
+    ForRowBands(1000, 16, [&](int first, int last) { rows += last - first; });
+    EXPECT_EQ(rows, 1000);
+    release.count_down();
+    ended.wait();
+    QThreadPool::globalInstance()->waitForDone();
+}
+
+TEST(BandsOfRowsAlone, MayBeMadeOfBands) {
+    const Cores cores(4);
+    std::atomic<int> rows = 0;
+    ForRowBands(64, 1, [&](int first, int last) {
+        ForRowBands(last - first, 1, [&](int from, int to) { rows += to - from; });
+    });
+    EXPECT_EQ(rows, 64);
+}
 
 /// 1.5 to 34 over the head.
 std::vector<float> Values(const std::vector<HeadPosition>& places) {
