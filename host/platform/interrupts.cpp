@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/platform/interrupts.h"
 
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
@@ -8,10 +9,12 @@ namespace orvanta::platform {
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+/// Any thread may be the one that the system interrupts.
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free); // else no handler may touch it
 
 extern "C" void TakeInterrupt(int) {
-    interrupted = 1;
+    interrupted = true;
 }
 
 } // namespace
@@ -28,7 +31,7 @@ void CatchInterrupts() {
 }
 
 bool WasInterrupted() {
-    return interrupted != 0;
+    return interrupted;
 }
 
 } // namespace orvanta::platform

@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <thread>
 
 namespace orvanta::platform {
 namespace {
@@ -18,6 +19,19 @@ TEST(Interrupts, TheFirstIsRemembered) {
         CatchInterrupts();
         std::raise(SIGINT);
         std::exit(WasInterrupted() ? 7 : 1);
+    };
+    EXPECT_EXIT(interrupt(), testing::ExitedWithCode(7), "");
+}
+
+TEST(Interrupts, AreSeenWhicheverThreadTheyMeet) {
+    const auto interrupt = [] {
+        CatchInterrupts();
+        std::jthread other([] { std::raise(SIGINT); });
+        while (!WasInterrupted()) {
+            std::this_thread::yield();
+        }
+        other.join();
+        std::exit(7);
     };
     EXPECT_EXIT(interrupt(), testing::ExitedWithCode(7), "");
 }

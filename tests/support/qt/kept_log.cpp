@@ -3,14 +3,18 @@
 
 #include <QString>
 
+#include <mutex>
+
 namespace orvanta::test {
 
 namespace {
 
+std::mutex mutex; ///< of the lines; messages come from every thread
 std::vector<std::string> lines;
 QtMessageHandler earlier = nullptr;
 
 void Keep(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+    const std::lock_guard lock(mutex);
     lines.push_back(text.toStdString());
 }
 

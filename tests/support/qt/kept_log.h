@@ -16,7 +16,7 @@ public:
     KeptLog(const KeptLog&) = delete;
     KeptLog& operator=(const KeptLog&) = delete;
 
-    /// In order.
+    /// In order; once no other thread logs.
     const std::vector<std::string>& Lines() const;
     /// Empty when nothing was logged.
     std::string Last() const { return Lines().empty() ? std::string() : Lines().back(); }

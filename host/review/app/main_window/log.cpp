@@ -5,9 +5,9 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QMutex>
 
 #include <cstdio>
+#include <mutex>
 
 namespace orvanta::review {
 
@@ -17,7 +17,7 @@ constexpr qsizetype kKept = 1000;
 
 /// Messages come from every thread.
 struct State {
-    QMutex mutex;
+    std::mutex mutex;
     QStringList lines;
     QFile file;
     QtMessageHandler earlier = nullptr;
@@ -45,8 +45,10 @@ const char* KindOf(QtMsgType type) {
 
 void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     State& state = TheState();
+    QtMessageHandler earlier = nullptr;
     {
-        const QMutexLocker lock(&state.mutex);
+        const std::lock_guard lock(state.mutex);
+        earlier = state.earlier;
         const QString line = QDateTime::currentDateTime().toString(Qt::ISODateWithMs) + ' ' + KindOf(type) +
                              ' ' + text.simplified();
         state.lines << line;
@@ -61,8 +63,8 @@ void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text
     if (type == QtDebugMsg || type == QtInfoMsg) {
         return;
     }
-    if (state.earlier != nullptr) {
-        state.earlier(type, context, text);
+    if (earlier != nullptr) {
+        earlier(type, context, text);
     } else {
         std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, text).toUtf8().constData());
     }
@@ -72,6 +74,7 @@ void Keep(QtMsgType type, const QMessageLogContext& context, const QString& text
 
 Log::Log(const std::string& file) {
     State& state = TheState();
+    const std::lock_guard lock(state.mutex);
     state.lines.clear();
     if (!file.empty()) {
         state.file.setFileName(QString::fromStdString(file));
@@ -86,6 +89,7 @@ Log::Log(const std::string& file) {
 
 Log::~Log() {
     State& state = TheState();
+    const std::lock_guard lock(state.mutex);
     qInstallMessageHandler(state.earlier);
     state.file.close();
     state.lines.clear();
@@ -93,7 +97,7 @@ Log::~Log() {
 
 QStringList Log::Lines() {
     State& state = TheState();
-    const QMutexLocker lock(&state.mutex);
+    const std::lock_guard lock(state.mutex);
     return state.lines;
 }
 

@@ -220,10 +220,10 @@ bool Pyramid::Build(const std::stop_token& stop, const std::function<void()>& gr
             }
         }
         progress_.store(static_cast<double>(block + count) / static_cast<double>(blocks),
-                        std::memory_order_relaxed);
+                        std::memory_order_release);
         grown();
     }
-    progress_.store(1, std::memory_order_relaxed);
+    progress_.store(1, std::memory_order_release);
     return true;
 }
 

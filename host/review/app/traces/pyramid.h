@@ -35,8 +35,8 @@ public:
     /// stopped \throws signal::RecordingError, std::bad_alloc
     bool Build(const std::stop_token& stop, const std::function<void()>& grown);
 
-    /// Share of the file that was read, 0 to 1.
-    double Progress() const { return groups_.empty() ? 1 : progress_.load(std::memory_order_relaxed); }
+    /// Share of the file that was read, 0 to 1; what is read later has at least that.
+    double Progress() const { return groups_.empty() ? 1 : progress_.load(std::memory_order_acquire); }
     /// Whether all that the page shows is built.
     bool Covers(const PageRequest& request) const;
     /// Whether every line has at least a bucket for each column of the page.

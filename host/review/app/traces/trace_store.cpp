@@ -44,12 +44,13 @@ TraceStore::~TraceStore() = default;
 void TraceStore::SetLines(std::vector<TraceChannel> lines, const TraceFilter& filter) {
     const bool same = SameValues(lines, impl_->lines) && filter == impl_->filter;
     if (!same) {
-        auto pyramid = std::make_shared<Pyramid>(impl_->recording, lines, filter, impl_->budget);
-        impl_->pyramid = pyramid;
-        impl_->worker.Start(std::move(pyramid));
+        impl_->pyramid = std::make_shared<Pyramid>(impl_->recording, lines, filter, impl_->budget);
     }
     impl_->lines = std::move(lines);
     impl_->filter = filter;
+    if (!same) {
+        impl_->worker.Start(impl_->pyramid);
+    }
 }
 
 TracePage TraceStore::Read(const PageRequest& request, std::span<const std::size_t> lines) const {

@@ -138,6 +138,7 @@ struct TraceView::Impl {
     TraceView& view;
     EEGFileInfoType& recording;
     EventEditor& events;
+    std::atomic<bool> grownQueued = false; ///< the background of the model looks at it to its end
     TraceModel model;
     std::string montage;            ///< name of the one in use
     std::vector<TraceWindow> zooms; ///< to go back to
@@ -153,8 +154,7 @@ struct TraceView::Impl {
     owl::TPoint dragFrom;
     TraceWindow dragWindow; ///< when the button went down
     bool dragged = false;
-    bool moving = false; ///< the view itself moves the trace cursor
-    std::atomic<bool> grownQueued = false;
+    bool moving = false;                    ///< the view itself moves the trace cursor
     QPointer<QMenu> labelMenu, contextMenu; ///< opened last
     QTimer player;
     std::int64_t playedAt = 0; ///< milliseconds

@@ -9,6 +9,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+#include <vector>
+
 namespace {
 
 using namespace orvanta;
@@ -52,6 +56,31 @@ TEST(Logging, KeepsTheLastThousand) {
     }
     EXPECT_EQ(Log::Lines().size(), 1000);
     EXPECT_TRUE(Log::Lines().first().endsWith("message 10"));
+}
+
+TEST(Logging, TakesMessagesOfSeveralThreadsWhileItComesAndGoes) {
+    constexpr int kEach = 200;
+    const test::KeptLog screen;
+    const test::TempFolder folder;
+    std::atomic<int> said = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int thread = 0; thread < 3; ++thread) {
+            threads.emplace_back([&] {
+                for (int i = 0; i < kEach; ++i) {
+                    qWarning("message");
+                    ++said;
+                }
+            });
+        }
+        while (said < 3 * kEach) {
+            const Log log(folder.Path("log.txt"));
+            for (const QString& line : Log::Lines()) {
+                EXPECT_TRUE(line.endsWith(" warning message")) << line.toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(screen.Lines().size(), 3 * kEach); // none is lost, and none told twice
 }
 
 TEST(Logging, RefusesAFileThatCannotBeWritten) {
