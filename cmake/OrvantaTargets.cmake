@@ -60,6 +60,9 @@ function(orvanta_add_program name)
     target_link_libraries(${name} PRIVATE orvanta_options ${arg_LIBS})
 endfunction()
 
+# What the thread sanitizer is not to report stands in the file, and why there.
+set(orvanta_thread_sanitizer TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.supp)
+
 # Makes every suite of a GoogleTest program a ctest of its own, as soon as the program is built; further arguments are
 # options of tests/suites/list.py.
 function(orvanta_list_suites name)
@@ -91,9 +94,10 @@ function(orvanta_add_tests name)
     if(NOT sources)
         return()
     endif()
+    set(environment --environment ${orvanta_thread_sanitizer})
     if(arg_QT)
         set(main orvanta_qt_test_main)
-        set(environment --environment QT_QPA_PLATFORM=offscreen)
+        list(APPEND environment QT_QPA_PLATFORM=offscreen)
     else()
         set(main GTest::gtest_main)
     endif()
