@@ -5,6 +5,7 @@
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/main_window.h"
+#include "host/review/app/main_window/settling.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/signal_base/recording.h"
@@ -13,9 +14,6 @@
 #include "spectra_contract/spectra_macro.h"
 #include "spectra_contract/spectra_mgr.h"
 
-#include <QEventLoop>
-#include <QTimer>
-
 #include <memory>
 
 namespace orvanta::review {
@@ -23,14 +21,6 @@ namespace orvanta::review {
 namespace {
 
 constexpr QSize kWide(1280, 720);
-
-/// The window looks now and then at what changed without being told.
-void LetItFollow() {
-    constexpr int kLongEnough = 600; // ms
-    QEventLoop loop;
-    QTimer::singleShot(kLongEnough, &loop, &QEventLoop::quit);
-    loop.exec();
-}
 
 SpectMacroResult& AddAnalysis(Document& document, const std::string& file) {
     SpectraMacro macro;
@@ -54,10 +44,10 @@ void ShowAnalyses(const GallerySample& sample, ModuleBridge* bridge, const TakeP
     bench.GetDocuments().Current()->Analyses().SetMain(&main);
     bench.GetDocuments().Current()->Analyses().SetSecondary(&secondary);
     bench.GetAnalyses().Recompute();
-    LetItFollow();
+    LetItSettle(bench);
     constexpr double kFirstClosed = 30; // seconds
     bench.Middle().PointAtTime(XTime::FromSeconds(kFirstClosed));
-    LetItFollow();
+    LetItSettle(bench);
     take(bench.Window());
 }
 
@@ -78,7 +68,7 @@ void ShowTracesAlone(const GallerySample& sample, ModuleBridge* /*bridge*/, cons
     bench.Start(sample.recording.GetRecording()->Data().path);
     constexpr QSize kSmall(900, 420);
     bench.Window().resize(kSmall);
-    LetItFollow();
+    LetItSettle(bench);
     take(bench.Window());
 }
 

@@ -47,13 +47,23 @@ void Follower::Look() {
     FollowAnalyses();
 }
 
+AnalysisState Follower::State() const {
+    return AnalysisStateOf(documents_.Current()->Analyses(), middle_.palette());
+}
+
+bool Follower::IsUpToDate() const {
+    const Document* document = documents_.Current();
+    return !refreshQueued_ &&
+           (document == nullptr ||
+            (montage_ == MontageOf(*document) && State() == analyses_ && views_.Generation() == followed_));
+}
+
 void Follower::FollowAnalyses() {
     const Document* document = documents_.Current();
     if (document == nullptr || gui_.IsBusy() || QApplication::activeModalWidget() != nullptr) {
         return;
     }
-    const QPalette palette = middle_.palette();
-    const AnalysisState state = AnalysisStateOf(document->Analyses(), palette);
+    const AnalysisState state = State();
     if (state == analyses_ && views_.Generation() == followed_) {
         return;
     }
@@ -63,7 +73,7 @@ void Follower::FollowAnalyses() {
     analyses_ = state;
     followed_ = views_.Generation();
     if (TraceView* traces = views_.Traces()) {
-        traces->SetShades(EpochShades(document->Analyses(), document->Recording(), palette));
+        traces->SetShades(EpochShades(document->Analyses(), document->Recording(), middle_.palette()));
     }
     views_.FollowUp(kMapsViews);
     documents_.KeepSession();

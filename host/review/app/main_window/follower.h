@@ -37,8 +37,11 @@ public:
     void Look();
     /// Computes what the views show once this event is done with: several changes, one computation.
     void QueueRefresh();
+    /// Whether there is nothing that it would do.
+    bool IsUpToDate() const;
 
 private:
+    AnalysisState State() const;
     void FollowAnalyses();
     void MontageChanged();
 

@@ -25,6 +25,7 @@ public:
         std::function<void(TheChild*)> showChild; ///< menu of the active child; null for none
         std::function<void(const XTime&)> goTo;
         std::function<void(const std::string&)> goToChannel;
+        bool quiet = false; ///< nobody looks: computations go without progress and messages of batches
     };
 
     explicit MainWindow(Around around);
@@ -43,8 +44,7 @@ public:
 
     GenericPlatform* GetPlatform() const override { return around_.platform; }
     std::string GetErrorStr() const override;
-    bool IsQuiet() const override { return quiet_; }
-    void SetQuiet(bool quiet) { quiet_ = quiet; }
+    bool IsQuiet() const override { return around_.quiet; }
     void SetMessageText(const std::string& text) override;
     SideBarManager& GetSideBar() override { return *around_.sideBar; }
     void SetActiveChild(TheChild* child) override;
@@ -59,7 +59,6 @@ private:
     NoticeStrip* offer_;
     ViewArea* views_;
     QWidget* welcome_ = nullptr;
-    bool quiet_ = false;
 };
 
 } // namespace orvanta::review

@@ -6,16 +6,18 @@
 #include "host/review/app/host_strings.h"
 #include "host/review/app/main_window/language.h"
 #include "host/review/app/main_window/log.h"
+#include "host/review/app/main_window/settling.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/starter_macros.h"
 #include "host/review/app/main_window/stored_macro.h"
+#include "host/review/app/main_window/unattended.h"
 #include "host/review/app/main_window/workbench.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
+#include "host/signal_base/recording.h"
 #include "host/toolkit/message_module.h"
 
-#include <QEventLoop>
 #include <QScreen>
 
 #include <algorithm>
@@ -56,24 +58,17 @@ void CheckLanguage(const std::string& language) {
                           ')');
 }
 
-/// Lets everything be computed and shown. What follows from work that took longer than a round comes in the
-/// next one.
-void LetItFinish() {
-    constexpr int kRounds = 3;
-    constexpr int kRound = 600; // ms
-    for (int round = 0; round < kRounds; ++round) {
-        QEventLoop loop;
-        QTimer::singleShot(kRound, &loop, &QEventLoop::quit);
-        loop.exec();
+/// \throws cli::UsageError; signal::RecordingError for a file that is refused
+void Paint(const Workbench::Setup& setup, const ReviewRequest& request) {
+    const Unattended unattended;
+    if (!request.file.empty()) {
+        signal::OpenRecording(request.file); // what the window would tell its user
     }
-}
-
-/// \throws cli::UsageError
-void Paint(Workbench& workbench, const ReviewRequest& request) {
+    Workbench workbench(setup);
     workbench.Start(request.file);
     workbench.Window().showNormal(); // a small screen is filled, less a frame
     workbench.Window().resize(workbench.Window().screen()->availableSize());
-    LetItFinish();
+    LetItSettle(workbench);
     if (!workbench.Window().grab().save(QString::fromStdString(request.picture), "PNG")) {
         throw cli::UsageError(request.picture + ": cannot be written (choose another file or folder)");
     }
@@ -93,6 +88,7 @@ int RunReview(const ReviewRequest& request) {
     }
     setup.dataFolder = platform::DefaultDataFolder();
     setup.savesEvents = !painted;
+    setup.quiet = painted;
     application.SetTextLanguage(LanguageOf(request, setup.settingsFile));
     const std::unique_ptr<ModuleLibrary> module = LoadModule(setup.moduleProblem);
     if (module != nullptr) {
@@ -104,11 +100,11 @@ int RunReview(const ReviewRequest& request) {
         setup.macro = FindMacro(request.macro, setup.dataFolder + "MACRO/");
     }
     SupplyHostStrings(PModule::Named("Orvanta"));
-    Workbench workbench(setup);
     if (painted) {
-        Paint(workbench, request);
+        Paint(setup, request);
         return cli::kDone;
     }
+    Workbench workbench(setup);
     workbench.Start(request.file);
     QApplication::exec();
     return cli::kDone;

@@ -75,7 +75,8 @@ Workbench::Workbench(Setup setup)
                                   if (TraceView* traces = views_->Traces()) {
                                       traces->ShowChannel(name);
                                   }
-                              }});
+                              },
+                              setup_.quiet});
     shell_->setCentralWidget(middle_);
     documents_ = std::make_unique<Documents>(
         *shell_, gui_, platform_,
@@ -135,6 +136,11 @@ void Workbench::Start(const std::string& file) {
     shell_->show();
     shell_->activateWindow();
     documents_->OpenFirst(file);
+}
+
+bool Workbench::IsSettled() const {
+    const TraceView* traces = views_->Traces();
+    return !gui_.IsBusy() && follower_->IsUpToDate() && (traces == nullptr || traces->IsComplete());
 }
 
 void Workbench::ShowOpened(const std::vector<std::string>& remarks) {

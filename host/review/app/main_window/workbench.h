@@ -37,6 +37,7 @@ public:
         ModuleBridge* bridge = nullptr;         ///< null without the module
         std::string moduleProblem;              ///< why there is none
         bool savesEvents = false;               ///< a moment after they changed, unasked
+        bool quiet = false;                     ///< nobody looks: no progress is shown
         std::optional<SpectraMacro> macro = {}; ///< of the first analysis of a recording that has none
     };
 
@@ -48,6 +49,9 @@ public:
 
     /// Shows the window with this file, else the last one, else none.
     void Start(const std::string& file);
+    /// Whether everything is computed and read that the window shows; what was queued last may still have to
+    /// be painted.
+    bool IsSettled() const;
 
     Shell& Window() const { return *shell_; }
     MainWindow& Middle() const { return *middle_; }

@@ -166,6 +166,10 @@ bool TraceModel::IsNegativeUp(const TraceChannel& channel) const {
     return state_.negativeUp && (group == TraceGroup::Eeg || group == TraceGroup::Eog);
 }
 
+bool TraceModel::IsOverviewComplete() const {
+    return overviewColumns_ >= 0 && (overview_.progress >= 1 || !store_.Failure().empty());
+}
+
 const OverviewInput& TraceModel::Overview(int columns) {
     const double progress = store_.Progress();
     if (overviewColumns_ == columns && overview_.progress == progress) {

@@ -60,6 +60,8 @@ public:
     const OverviewInput& Overview(int columns);
     /// The strip is read anew the next time.
     void ForgetOverview() { overviewColumns_ = -1; }
+    /// Whether the one made last is of the whole recording, or of as much as could be looked at.
+    bool IsOverviewComplete() const;
 
 private:
     struct Page {

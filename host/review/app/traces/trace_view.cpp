@@ -159,6 +159,10 @@ void TraceView::EvMontage(WPARAM index, LPARAM) {
     impl_->recording.ChangeMntg(index, true);
 }
 
+bool TraceView::IsComplete() const {
+    return impl_->model.IsOverviewComplete();
+}
+
 void TraceView::EvGrown(WPARAM, LPARAM) {
     impl_->grownQueued = false;
     impl_->model.ForgetOverview();

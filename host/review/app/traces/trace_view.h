@@ -38,6 +38,8 @@ public:
     /// Brings the line that shows the channel or electrode into view and marks it; nothing for an unknown
     /// name.
     void ShowChannel(const std::string& name);
+    /// Whether the picture has all of the recording that the background looks at, or as much as it ever will.
+    bool IsComplete() const;
     /// Replaces what was shaded.
     void SetShades(std::vector<Shade> shades);
 

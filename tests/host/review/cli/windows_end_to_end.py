@@ -115,6 +115,11 @@ class Window(WindowsTest):
         result = self.orvanta("review", self.demo, "--language", "tlh", "--picture", self.folder / "w.png")
         self.assert_refused(result, r'^orvanta: language "tlh": there are no texts in it \(there are: de, en\)$')
 
+    def test_a_recording_that_cannot_be_opened_is_refused(self):
+        result = self.orvanta("review", self.folder / "none.edf", "--picture", self.folder / "w.png")
+        self.assert_refused(result, r"none\.edf: does not exist \(.+\)$")
+        self.assertFalse((self.folder / "w.png").exists())
+
     def test_a_picture_that_cannot_be_written_is_refused(self):
         result = self.orvanta("review", self.demo, "--picture", self.folder / "none" / "w.png")
         self.assert_refused(result, r"w\.png: cannot be written \(.+\)$")
