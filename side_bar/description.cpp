@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "side_bar/description.h"
 
-#include "host/toolkit/form_texts.h"
 #include "host/toolkit/message_module.h"
+#include "host/toolkit/wording.h"
 
 #include <QPlainTextEdit>
-#include <QRegularExpression>
 #include <QTextCursor>
-
-#include <algorithm>
-#include <iterator>
 
 namespace orvanta::side_bar {
 
 namespace {
 
-/// A word of descriptions, which come in English; "%s" stands for a number.
-struct Word {
-    const char* key;
-    const char* english;
-};
+using Word = owl::Wording; // of descriptions, which come in English
 
 constexpr Word kWords[] = {
     Word{"fftWindow", "FFT window"},
@@ -54,14 +46,9 @@ constexpr Word kWords[] = {
     Word{"no", "no"},
 };
 
-/// In the user's language where it is one of the words.
 QString Translated(const QString& english) {
-    const auto* word = std::find_if(std::begin(kWords), std::end(kWords),
-                                    [&english](const Word& known) { return english == known.english; });
-    return word == std::end(kWords)
-               ? english
-               : QString::fromStdString(
-                     owl::TextOr(PModule::Named("Orvanta"), "DESCRIPTION", word->key, word->english));
+    return QString::fromStdString(
+        owl::InUsersWords(PModule::Named("Orvanta"), "DESCRIPTION", kWords, english.toStdString()));
 }
 
 /// What stands behind a name. Names of files, montages and events are the user's own words.
@@ -71,13 +58,7 @@ QString TranslatedValue(const QString& name, const QString& value) {
     if (kOwnWords.contains(name) || (kLabels.contains(name) && value != "None")) {
         return value;
     }
-    static const QRegularExpression digits("\\d+");
-    const QString number = digits.match(value).captured();
-    QString pattern = value;
-    if (!number.isEmpty()) {
-        pattern.replace(pattern.indexOf(number), number.size(), "%s");
-    }
-    return Translated(pattern).replace("%s", number);
+    return Translated(value);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/platform/host_platform.h"
 
-#include "spectra_contract/file_path.h"
+#include "host/platform/folder_name.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,13 +14,6 @@
 namespace orvanta::platform {
 
 namespace {
-
-std::string WithSeparator(std::string folder) {
-    if (folder.empty() || folder.back() != FilePath::Separator) {
-        folder += FilePath::Separator;
-    }
-    return folder;
-}
 
 bool ContinuesCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;

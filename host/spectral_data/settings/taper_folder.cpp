@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window functions that are at hand.
+#include "host/platform/folder_name.h"
 #include "host/platform/module_path.h"
 #include "host/signal_base/text.h"
 #include "host/spectral_data/settings/tapers.h"
-#include "spectra_contract/file_path.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,13 +15,6 @@ namespace {
 
 std::string& ChosenFolder() {
     static std::string folder;
-    return folder;
-}
-
-std::string WithSeparator(std::string folder) {
-    if (!folder.empty() && folder.back() != '/' && folder.back() != '\\') {
-        folder += FilePath::Separator;
-    }
     return folder;
 }
 
@@ -52,7 +45,7 @@ std::string GetTaperFolder() {
 }
 
 void SetTaperFolder(const std::string& folder) {
-    ChosenFolder() = WithSeparator(folder);
+    ChosenFolder() = folder.empty() ? folder : platform::WithSeparator(folder);
 }
 
 std::vector<std::string> ListTapers() {

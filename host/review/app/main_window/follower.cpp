@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/follower.h"
 
-#include "host/review/app/main_window/action_listener.h"
+#include "host/review/app/action_listener.h"
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/documents.h"
 #include "host/review/app/main_window/open_views.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/workbench.h"
 
+#include "host/review/app/action_listener.h"
 #include "host/review/app/events/event_editor.h"
-#include "host/review/app/main_window/action_listener.h"
 #include "host/review/app/main_window/analysis_runner.h"
 #include "host/review/app/main_window/document.h"
 #include "host/review/app/main_window/documents.h"

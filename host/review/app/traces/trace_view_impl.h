@@ -2,6 +2,7 @@
 // What the trace view is made of.
 #pragma once
 
+#include "host/review/app/action_listener.h"
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/traces/trace_boxes.h"
 #include "host/review/app/traces/trace_commands.h"
@@ -16,20 +17,8 @@
 #include <QTimer>
 
 #include <atomic>
-#include <functional>
 
 namespace orvanta::review {
-
-/// Runs a function when a flag is set.
-class FlagAction final : public FlagListener {
-public:
-    FlagAction(const char* name, ManagedFlag& flag, std::function<void()> action)
-        : FlagListener(name, flag), action_(std::move(action)) {}
-    void PerformAction() override { action_(); }
-
-private:
-    std::function<void()> action_;
-};
 
 struct TraceView::Impl {
     /// What the mouse does while a button is down.
@@ -162,7 +151,7 @@ struct TraceView::Impl {
     TraceOverlay* overlay = nullptr;
     std::optional<double> fineness; ///< of a picture; the screen's without
     TraceBoxes boxes;
-    FlagAction montageAction, positionAction, eventsAction;
+    ActionListener montageAction, positionAction, eventsAction;
 };
 
 } // namespace orvanta::review

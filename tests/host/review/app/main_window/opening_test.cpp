@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTest>
 #include <QUrl>
 
 namespace {
@@ -32,6 +33,15 @@ TEST_F(Opening, ShowsTheRecordingThatIsNamedAtTheStart) {
     EXPECT_EQ(Title(), "demo.edf[*] - Orvanta");
     EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Traces)->isVisible());
     EXPECT_FALSE(bench->Window().findChild<QPushButton*>("welcomeOpen")->isVisible());
+}
+
+TEST_F(Opening, IsSettledWhenNothingIsOutstanding) {
+    const auto settled = [this] { return bench->IsSettled(); };
+    Start(Demo());
+    EXPECT_TRUE(QTest::qWaitFor(settled));
+    ChangeMontage(1);
+    EXPECT_FALSE(settled()); // the views still have to follow
+    EXPECT_TRUE(QTest::qWaitFor(settled));
 }
 
 TEST_F(Opening, AsksForAFileAndOpensIt) {
