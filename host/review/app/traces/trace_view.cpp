@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/review/app/log_step.h"
 #include "host/review/app/traces/trace_texts.h"
 #include "host/review/app/traces/trace_view_impl.h"
 #include "host/toolkit/event_guard.h"
 
 #include <QEvent>
+
+#include <utility>
 
 namespace orvanta::review {
 
@@ -100,6 +103,9 @@ void TraceView::CreateGadgets() {
 
 void TraceView::Draw(owl::TDC& dc, bool /*erase*/, owl::TRect& /*rect*/) {
     impl_->Paint(dc);
+    if (!std::exchange(impl_->drawn, true)) {
+        LogStep("first page of " + impl_->recording.GetFileNameText());
+    }
 }
 
 void TraceView::GoTo(const XTime& time) {

@@ -143,6 +143,7 @@ struct TraceView::Impl {
     owl::TPoint dragFrom;
     TraceWindow dragWindow; ///< when the button went down
     bool dragged = false;
+    bool drawn = false;                     ///< the first page was shown
     bool moving = false;                    ///< the view itself moves the trace cursor
     QPointer<QMenu> labelMenu, contextMenu; ///< opened last
     QTimer player;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/log.h"
 #include "host/review/app/main_window/notice_strip.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
@@ -17,8 +18,17 @@ using review::ViewKind;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 
 using Opening = test::WorkbenchFixture;
+
+std::vector<std::string> Steps(const QStringList& lines) {
+    std::vector<std::string> steps;
+    for (const QString& line : lines.filter("processor time")) {
+        steps.push_back(line.toStdString());
+    }
+    return steps;
+}
 
 TEST_F(Opening, StartsWithoutARecording) {
     Start();
@@ -42,6 +52,16 @@ TEST_F(Opening, IsSettledWhenNothingIsOutstanding) {
     ChangeMontage(1);
     EXPECT_FALSE(settled()); // the views still have to follow
     EXPECT_TRUE(QTest::qWaitFor(settled));
+}
+
+TEST_F(Opening, LogsWhatTheWayToTheFirstPageTook) {
+    const review::Log log("");
+    Start(Demo());
+    bench->Window().resize(800, 500); // pages that follow are not told
+    test::WaitUntilIdle();
+    EXPECT_THAT(Steps(review::Log::Lines()),
+                ElementsAre(MatchesRegex(".* info opening .*/demo.edf \\(processor time [0-9]+ ms\\)"),
+                            MatchesRegex(".* info first page of demo.edf \\(processor time [0-9]+ ms\\)")));
 }
 
 TEST_F(Opening, AsksForAFileAndOpensIt) {
