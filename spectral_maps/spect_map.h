@@ -76,6 +76,7 @@ public:
     void GetClipboardFirstRaw(std::string& row) override;
     TMapWindow* CreateMap(int index) override;
 
+    void StoreUserSettings() const override;
     /// Stores the settings.
     void Destroy(int retVal = 0) override;
     /// Sees to it that there is an analysis before the first maps are shown.
@@ -113,6 +114,9 @@ private:
     TSpectralMapWindow* SpectralMap(std::size_t index) const;
     /// What the first map shows; nothing without it.
     std::optional<SPECT::PlotSet> FirstPlotSet() const;
+    /// Why the maps have nothing to show; empty when they have.
+    std::string Missing() const;
+    void TellMissing() const;
     std::string UnitOf(const SPECT::PlotSet& plotSet) const;
     void DropData();
     void ShowFirstMaps();

@@ -18,6 +18,7 @@ TMapWindow* SpectMap::CreateMap(int index) {
     const SensorList sensors = Sensors();
     std::vector<double> values(sensors.size(), 0.0);
     map->EnableWindow(true);
+    map->SetMissing(Missing());
     if (cartoonMode_) {
         map->SetValues(values, kNoTitle, false);
         return map;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The numbers on the maps and their scales.
+#include "host/toolkit/form_texts.h"
 #include "host/toolkit/wait_cursor.h"
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
@@ -9,6 +10,8 @@
 #include "spectral_maps/map_values.h"
 #include "spectral_maps/spect_map.h"
 #include "spectral_maps/spectral_map_window.h"
+
+#include <QScopeGuard>
 
 using namespace orvanta::spectral_maps;
 
@@ -74,9 +77,29 @@ std::optional<XTimeList> SpectMap::Fetch() {
 void SpectMap::SetMapValues(bool fetch) {
     const QPointer<SpectMap> alive(this);
     shown_ = ShownNow(); // also when it fails: it is not tried again with every focus
+    const auto told = qScopeGuard([&] {
+        if (alive) {
+            TellMissing();
+        }
+    });
     CartoonStat::SetMapValues(fetch);
     if (alive) {
         shown_ = ShownNow();
+    }
+}
+
+std::string SpectMap::Missing() const {
+    const SpectMacroResult* main = spectraMgr_->GetMain();
+    return main == nullptr || main->IsComputed()
+               ? std::string()
+               : owl::TextOr(GetMessages(), "Maps", "NotComputed", "Not computed. Choose Recompute.");
+}
+
+void SpectMap::TellMissing() const {
+    for (std::size_t k = 0; k < GetNumMaps(); ++k) {
+        if (TMapWindow* map = GetMap(k)) {
+            map->SetMissing(Missing());
+        }
     }
 }
 

@@ -14,7 +14,7 @@ double MapData::ValueOf(std::size_t electrode) const {
 }
 
 bool MapData::IsUsed(std::size_t electrode) const {
-    return electrodes[electrode].Known && std::isfinite(ValueOf(electrode));
+    return missing.empty() && electrodes[electrode].Known && std::isfinite(ValueOf(electrode));
 }
 
 std::size_t MapData::CountUsed() const {
@@ -65,6 +65,9 @@ std::string NoticeOf(const MapData& data) {
     if (std::none_of(data.electrodes.begin(), data.electrodes.end(),
                      [](const ElectInfo& electrode) { return electrode.Known; })) {
         return MapText("noPlaces", "No electrode has a known place on the head");
+    }
+    if (!data.missing.empty()) {
+        return data.missing;
     }
     return data.CountUsed() == 0 ? MapText("noValues", "No values") : std::string();
 }

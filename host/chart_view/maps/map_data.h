@@ -15,6 +15,7 @@ struct ORVANTA_API MapData {
     std::vector<double> values; ///< of the electrodes; those that are missing are not known
     std::string title;
     std::string unit;
+    std::string missing; ///< why the values say nothing; empty when they do
     // As given to SetRange.
     double low = 0, high = 1;
     bool autoScale = true;
@@ -22,7 +23,7 @@ struct ORVANTA_API MapData {
 
     /// NaN for one that is not known.
     double ValueOf(std::size_t electrode) const;
-    /// With a place on the head and a finite value.
+    /// With a place on the head and a finite value that says something.
     bool IsUsed(std::size_t electrode) const;
     /// How many are.
     std::size_t CountUsed() const;

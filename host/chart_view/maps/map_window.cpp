@@ -120,6 +120,13 @@ const std::string& TMapWindow::GetMeasureUnit() const {
     return impl_->data.unit;
 }
 
+void TMapWindow::SetMissing(const std::string& why) {
+    if (std::exchange(impl_->data.missing, why) != why) {
+        Describe();
+        Invalidate();
+    }
+}
+
 void TMapWindow::SetRange(double low, double high, bool autoScale, bool zeroMin) {
     MapData& map = impl_->data;
     map.low = low;

@@ -65,6 +65,8 @@ public:
     const std::string& GetTitle() const;
     void SetMeasureUnit(const std::string& unit);
     const std::string& GetMeasureUnit() const;
+    /// Why the values say nothing and are not drawn; empty when they do.
+    void SetMissing(const std::string& why);
     /// \param autoScale the scale follows the map's own finite values instead of \p low to \p high; it begins
     /// at 0 where \p low is 0
     /// \param zeroMin the scale begins at 0 in any case

@@ -67,4 +67,18 @@ TEST_F(MapsOfANewUser, ShowFourBandsAndTheirShares) {
     EXPECT_EQ(maps->GetMap(7)->GetScale().low, 0);
 }
 
+TEST_F(MapsOfANewUser, SayHowToComputeThemUntilTheyAreComputed) {
+    Start(Demo());
+    AddAnalysis();
+    bench->GetViews().Open(review::ViewKind::Maps);
+    const auto* maps = dynamic_cast<MultiMapWin*>(bench->Middle().Views().ViewOf(review::ViewKind::Maps));
+    ASSERT_NE(maps, nullptr);
+    const TMapWindow& map = *maps->GetMap(0);
+    EXPECT_EQ(map.accessibleDescription().toStdString(), "Not computed. Choose Recompute.");
+    EXPECT_EQ(map.GetValues(), std::vector<double>(19, 0.0));
+    bench->GetAnalyses().Recompute();
+    EXPECT_TRUE(map.accessibleDescription().endsWith(QStringLiteral(" µV")));
+    EXPECT_GT(map.GetValues().at(0), 0);
+}
+
 } // namespace
