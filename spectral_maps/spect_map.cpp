@@ -94,11 +94,12 @@ void SpectMap::Destroy(int retVal) {
     if (sideBarPanel_) {
         delete sideBarPanel_;
     }
-    const bool keep = IsCreated(); // else the settings were not read
     CartoonStat::Destroy(retVal);
-    if (keep) {
-        orvanta::chart::SavePlotSet(*GW().GetUser(), GetChildName(), plotSet_);
-    }
+}
+
+void SpectMap::StoreUserSettings() const {
+    CartoonStat::StoreUserSettings();
+    orvanta::chart::SavePlotSet(*GW().GetUser(), GetChildName(), plotSet_);
 }
 
 void SpectMap::EvSetFocus(HWND lost) {

@@ -141,9 +141,14 @@ void Spectrum::SetupWindow() {
     }
 }
 
+void Spectrum::StoreUserSettings() const {
+    TheChild::StoreUserSettings();
+    SaveState(*GW().GetUser(), *manager_, state_, Display());
+}
+
 void Spectrum::Destroy(int retVal) {
     if (IsCreated()) {
-        SaveState(*GW().GetUser(), *manager_, state_, Display());
+        StoreUserSettings();
         TakePanelsBack(); // a view that ends is not told that the focus leaves it
         RemoveSideBar();
     }

@@ -142,6 +142,7 @@ public:
     void CeNormalizeByLnF(owl::TCommandEnabler& item);
     void CeSetEntity(owl::TCommandEnabler& item);
 
+    void StoreUserSettings() const override;
     /// Stores the settings.
     void Destroy(int retVal = 0) override;
     /// Lists the traces anew and draws those that meet the rectangle.

@@ -59,6 +59,10 @@ public:
     /// The number of the picture that fits the screen: pictures are drawn at every resolution, so their own.
     static constexpr unsigned DPI_AWARE_BMP_ID(unsigned bitmap) { return bitmap; }
 
+    /// Puts what the user set in the view among the settings: when it ends, and before that whenever the
+    /// application wants to be safe. What overrides it calls the base first.
+    virtual void StoreUserSettings() const {}
+
     void Destroy(int retVal = 0) override;
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 

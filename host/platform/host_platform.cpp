@@ -81,12 +81,19 @@ std::string HostPlatform::GetAppFolder(const char* name) const {
 }
 
 bool HostPlatform::SaveSettings() {
+    const std::string failure = TryToSaveSettings();
+    if (!failure.empty()) {
+        gui_.ShowError(failure);
+    }
+    return failure.empty();
+}
+
+std::string HostPlatform::TryToSaveSettings() {
     try {
         settings_.Save();
-        return true;
+        return {};
     } catch (const std::exception& error) {
-        gui_.ShowError(error.what());
-        return false;
+        return error.what();
     }
 }
 

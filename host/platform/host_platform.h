@@ -41,6 +41,8 @@ public:
     /// Brings changed settings to the file. False, after a message, when that failed; they then stay in
     /// memory.
     bool SaveSettings();
+    /// The same without a message. \return why it failed; empty when it did not
+    std::string TryToSaveSettings();
 
 private:
     const GenericGUI& gui_;

@@ -95,9 +95,12 @@ void CartoonStat::LoadUserSettings() {
 
 void CartoonStat::Destroy(int retVal) {
     Pause();
-    const bool last = IsCreated();
     MultiMapWin::Destroy(retVal);
-    if (last && impl_->bar) {
+}
+
+void CartoonStat::StoreUserSettings() const {
+    MultiMapWin::StoreUserSettings();
+    if (impl_->bar) {
         WriteChildInt("CartoonSpeed", impl_->bar->Speed());
         WriteChildInt("CartoonLoop", impl_->bar->Loops() ? 1 : 0);
     }

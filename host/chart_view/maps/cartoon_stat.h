@@ -45,6 +45,7 @@ public:
     void SetMapValues(bool fetch) override;
     void ResetWindows(std::uint16_t rows, std::uint16_t columns) override;
 
+    void StoreUserSettings() const override;
     void Destroy(int retVal = 0) override;
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;
 

@@ -65,11 +65,16 @@ void MultiMapWin::LoadUserSettings() {
     impl_->settings.display.font = GetViewFont();
 }
 
+void MultiMapWin::StoreUserSettings() const {
+    TheChild::StoreUserSettings();
+    StoreMaps(*GW().GetPlatform(), GetChildName(), impl_->settings);
+}
+
 void MultiMapWin::Destroy(int retVal) {
-    const bool last = IsCreated();
+    const bool last = IsCreated(); // else the settings were not read
     TheChild::Destroy(retVal);
     if (last) {
-        StoreMaps(*GW().GetPlatform(), GetChildName(), impl_->settings);
+        StoreUserSettings();
     }
 }
 

@@ -70,6 +70,7 @@ public:
     /// The user picked a number of rows and columns.
     virtual LPARAM EvTable(WPARAM picked, LPARAM);
 
+    void StoreUserSettings() const override;
     void Destroy(int retVal = 0) override;
     void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
     const owl::TResponseEntry* Find(const owl::TEventKey& key) const override;

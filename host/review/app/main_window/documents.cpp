@@ -18,6 +18,8 @@
 #include "spectra_contract/file_path.h"
 #include "spectra_contract/recording.h"
 
+#include <QLoggingCategory>
+
 #include <filesystem>
 #include <utility>
 
@@ -82,30 +84,27 @@ void Documents::AskForFile() {
 }
 
 void Documents::Open(const std::string& path) {
-    gui_.WhenIdle([this, path] {
-        if (!Load(path)) {
-            return;
-        }
-        recent_.Add(document_->Path());
-        WriteText(platform_, kLastFile, document_->Path());
-        WriteText(platform_, kFolder, FilePath(document_->Path()).GetFolder());
-    });
+    gui_.WhenIdle([this, path] { Load(path); });
 }
 
-bool Documents::Load(const std::string& path) {
+void Documents::Load(const std::string& path) {
     std::unique_ptr<Document> opened;
     try {
         opened = std::make_unique<Document>(path, gui_);
     } catch (const std::exception& error) {
         gui_.ShowError(RefusalText(error, PModule::Named("Orvanta")));
-        return false;
+        return;
     }
     if (!MayUnload()) {
-        return false;
+        return;
     }
     Unload();
     document_ = std::move(opened);
+    kept_.reset();
     toldOfMarks_ = false;
+    recent_.Add(document_->Path());
+    WriteText(platform_, kLastFile, document_->Path());
+    WriteText(platform_, kFolder, FilePath(document_->Path()).GetFolder());
     std::vector<std::string> remarks = document_->Repairs();
     Append(remarks, PrepareMontages(document_->Recording(), platform_));
     if (keeping_.events) {
@@ -113,7 +112,6 @@ bool Documents::Load(const std::string& path) {
     }
     Append(remarks, RestoreSession());
     moments_.opened(remarks);
-    return true;
 }
 
 void Documents::Close() {
@@ -159,27 +157,35 @@ std::vector<std::string> Documents::RestoreSession() {
     return {};
 }
 
-std::string Documents::TryToStoreSession() const {
-    if (document_ == nullptr || !keeping_.sessions) {
-        return {};
+Session Documents::SessionNow() const {
+    moments_.storing();
+    return SessionOf(*document_);
+}
+
+void Documents::StoreSession() {
+    if (!KeepsSession()) {
+        return;
     }
     try {
-        moments_.storing();
-        SaveSession(SessionPath(), SessionOf(*document_));
-        return {};
+        SaveSession(SessionPath(), SessionNow());
     } catch (const std::exception& error) {
-        return error.what();
+        gui_.ShowError(error.what());
     }
 }
 
-void Documents::StoreSession() const {
-    if (const std::string problem = TryToStoreSession(); !problem.empty()) {
-        gui_.ShowError(problem);
+void Documents::KeepSession() {
+    if (!KeepsSession()) {
+        return;
     }
-}
-
-void Documents::KeepSession() const {
-    TryToStoreSession();
+    try {
+        auto now = std::make_unique<Session>(SessionNow());
+        if (kept_ == nullptr || !(*now == *kept_)) {
+            SaveSession(SessionPath(), *now);
+            kept_ = std::move(now);
+        }
+    } catch (const std::exception& error) {
+        qInfo("%s", error.what());
+    }
 }
 
 void Documents::KeepMarks() {

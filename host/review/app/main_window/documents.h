@@ -16,6 +16,7 @@ namespace orvanta::review {
 
 class Document;
 class EventAutosave;
+struct Session;
 class WorkGui;
 
 /// Opens, switches and closes recordings. Failures are shown to the user, not thrown. GUI thread.
@@ -55,21 +56,21 @@ public:
     /// \return false when the user wants to go on
     bool MayEnd();
 
-    /// Tells nothing: it is for a sudden end.
-    void KeepSession() const;
+    /// For a sudden end: tells nothing, and does nothing while the session is as it was kept last.
+    void KeepSession();
     /// Of bad channels, beside the recording; where that fails the session has them, which is told once.
     void KeepMarks();
 
 private:
-    /// \return false after a message when the file is refused; what is open then stays
-    bool Load(const std::string& path);
+    /// Tells why the file is refused; what is open then stays.
+    void Load(const std::string& path);
     /// \return false when the user wants to keep what is open
     bool MayUnload();
     void Unload();
     std::string SessionPath() const;
-    /// \return why it could not be stored; empty when it is stored, or nothing is to be
-    std::string TryToStoreSession() const;
-    void StoreSession() const;
+    void StoreSession();
+    bool KeepsSession() const { return keeping_.sessions && document_ != nullptr; }
+    Session SessionNow() const;
     /// \return what is worth knowing about it
     std::vector<std::string> RestoreSession();
 
@@ -81,6 +82,7 @@ private:
     RecentFiles recent_;
     std::unique_ptr<Document> document_;
     std::unique_ptr<EventAutosave> autosave_; ///< of the document's events; null where it is not wanted
+    std::unique_ptr<Session> kept_;           ///< of the document, as it was kept last; null before
     bool toldOfMarks_ = false;                ///< that those of the document cannot be written
 };
 

@@ -226,4 +226,13 @@ void OpenViews::StoreLayout() const {
     WriteText(*window_.GetPlatform(), kLayout, window_.Views().Layout());
 }
 
+void OpenViews::StoreSettings() const {
+    for (const ViewKind kind : kViewKinds) {
+        if (const TheChild* view = window_.Views().ViewOf(kind)) {
+            view->StoreUserSettings();
+        }
+    }
+    StoreLayout();
+}
+
 } // namespace orvanta::review

@@ -74,6 +74,8 @@ public:
     // Arrangement and sizes among the user's settings.
     void RestoreLayout();
     void StoreLayout() const;
+    /// What the user set in the views, too.
+    void StoreSettings() const;
 
 private:
     TheChild* Make(ViewKind kind);

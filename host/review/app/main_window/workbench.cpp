@@ -13,6 +13,7 @@
 #include "host/review/app/main_window/menus.h"
 #include "host/review/app/main_window/notice_strip.h"
 #include "host/review/app/main_window/open_views.h"
+#include "host/review/app/main_window/pause_watch.h"
 #include "host/review/app/main_window/shell.h"
 #include "host/review/app/main_window/side_bar.h"
 #include "host/review/app/main_window/starter_maps.h"
@@ -26,6 +27,7 @@
 #include "spectra_contract/spect_globals.h"
 #include "spectra_contract/spectra_mgr.h"
 
+#include <QLoggingCategory>
 #include <QMenuBar>
 
 namespace orvanta::review {
@@ -120,10 +122,12 @@ Workbench::Workbench(Setup setup)
         }
     });
     statePoll_.start(kStatePoll);
+    pauses_ = std::make_unique<PauseWatch>(gui_, setup_.pause, [this] { KeepAll(); });
 }
 
 Workbench::~Workbench() {
     statePoll_.stop();
+    pauses_.reset();
     documents_->KeepSession(); // a failure was told when the window was closed
     views_->CloseAll();
     eventList_->Close();
@@ -161,6 +165,7 @@ void Workbench::ShowOpened(const std::vector<std::string>& remarks) {
     if (const std::optional<SpectrumLook>& look = document.Look()) {
         views_->Choose(*look);
     }
+    KeepAll(); // before anything is computed
     views_->Focus();
     Follow();
     follower_->QueueRefresh();
@@ -231,13 +236,26 @@ bool Workbench::MayClose() {
     if (!documents_->MayEnd()) {
         return false;
     }
+    StoreSettings();
+    platform_.SaveSettings();
+    return true;
+}
+
+void Workbench::StoreSettings() {
     if (documents_->Current() != nullptr) {
-        views_->StoreLayout();
+        views_->StoreSettings();
     }
     shell_->Store(platform_);
     eventList_->Store();
-    platform_.SaveSettings();
-    return true;
+    SPECT::GetGlobals().SaveInfo(&platform_);
+}
+
+void Workbench::KeepAll() {
+    documents_->KeepSession();
+    StoreSettings();
+    if (const std::string failure = platform_.TryToSaveSettings(); !failure.empty()) {
+        qInfo("%s", failure.c_str()); // told when the window is closed
+    }
 }
 
 } // namespace orvanta::review

@@ -9,6 +9,7 @@
 
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +26,7 @@ class MainWindow;
 class Menus;
 class ModuleBridge;
 class OpenViews;
+class PauseWatch;
 class Shell;
 class ViewPictures;
 
@@ -39,6 +41,7 @@ public:
         bool savesEvents = false;               ///< a moment after they changed, unasked
         bool quiet = false;                     ///< nobody looks: no progress is shown
         std::optional<SpectraMacro> macro = {}; ///< of the first analysis of a recording that has none
+        std::chrono::milliseconds pause{3000};  ///< of the user, in which what changed is kept
     };
 
     explicit Workbench(Setup setup);
@@ -72,6 +75,10 @@ private:
     void Follow();
     void EventsChanged();
     bool MayClose();
+    /// Puts what the windows know among the settings.
+    void StoreSettings();
+    /// Keeps everything as for an end that nobody sees coming.
+    void KeepAll();
 
     Setup setup_;
     WorkGui gui_;
@@ -86,7 +93,8 @@ private:
     std::unique_ptr<ViewPictures> pictures_;
     std::unique_ptr<Menus> menus_;
     std::unique_ptr<ActionListener> eventsChanged_; ///< of the document
-    QTimer statePoll_;                              ///< nobody tells when cursor, montage and analyses change
+    std::unique_ptr<PauseWatch> pauses_;
+    QTimer statePoll_; ///< nobody tells when cursor, montage and analyses change
 };
 
 } // namespace orvanta::review

@@ -84,9 +84,14 @@ void TraceView::SetupWindow() {
 void TraceView::Destroy(int retVal) {
     if (IsCreated()) {
         impl_->Play(false);
-        impl_->Store();
+        StoreUserSettings();
     }
     TheChild::Destroy(retVal);
+}
+
+void TraceView::StoreUserSettings() const {
+    TheChild::StoreUserSettings();
+    impl_->Store();
 }
 
 void TraceView::LoadUserSettings() {

@@ -43,6 +43,7 @@ public:
     /// Replaces what was shaded.
     void SetShades(std::vector<Shade> shades);
 
+    void StoreUserSettings() const override;
     void Destroy(int retVal = 0) override;
     void Draw(owl::TDC& dc, bool erase, owl::TRect& rect) override;
     void DrawPicture(owl::TDC& dc, const owl::TSize& size, double fineness) override;
