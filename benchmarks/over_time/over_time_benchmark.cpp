@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // 4 × 4 slots of 8 h of epochs on 1920 × 1080 logical pixels: as many rows as the view gathers for that size
 // (512, from 14,400 epochs of 2 s), 65 bins of 0.5 Hz shown, five bands.
+#include "benchmarks/window_benchmarks.h"
 #include "host/toolkit/painter_dc.h"
 #include "spectrum_view/painting/band_colors.h"
 #include "spectrum_view/painting/csa_plot.h"
 #include "spectrum_view/painting/time_frequency_plot.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <benchmark/benchmark.h>
@@ -102,10 +102,6 @@ BENCHMARK(TimeFrequency)->Args({100, 512})->Args({200, 512})->Args({100, 60})->U
 
 } // namespace
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+int main(int argc, char* argv[]) {
+    return orvanta::RunWindowBenchmarks(argc, argv);
 }

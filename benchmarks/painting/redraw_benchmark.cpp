@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A window of 8 × 8 plots, 1600 × 1000 logical pixels, each with a frame, 8 axis numbers, a curve of 250
 // points and a mark at every point.
+#include "benchmarks/window_benchmarks.h"
 #include "host/toolkit/painter_dc.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <benchmark/benchmark.h>
@@ -85,11 +85,5 @@ BENCHMARK(Redraw)
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return orvanta::RunWindowBenchmarks(argc, argv);
 }
