@@ -10,6 +10,7 @@
 #include "host/review/app/gallery/trace_pages.h"
 #include "host/review/app/gallery/window_pages.h"
 #include "host/review/app/host_strings.h"
+#include "host/review/app/main_window/log.h"
 #include "host/review/app/module_library.h"
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
@@ -114,6 +115,7 @@ std::vector<std::string> TakePictures(const std::vector<GalleryPage>& pages, con
 
 int RunGallery(const GalleryRequest& request) {
     MakeFolder(request.out);
+    const Log log({}); // which keeps what only a log tells
     const std::unique_ptr<ModuleLibrary> module = LoadModule();
     std::string listed;
     for (const double scale : request.scales) {
