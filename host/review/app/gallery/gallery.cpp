@@ -115,11 +115,11 @@ std::vector<std::string> TakePictures(const std::vector<GalleryPage>& pages, con
 
 int RunGallery(const GalleryRequest& request) {
     MakeFolder(request.out);
-    const Log log({}); // which keeps what only a log tells
     const std::unique_ptr<ModuleLibrary> module = LoadModule();
     std::string listed;
     for (const double scale : request.scales) {
         Application application(Screen::None, scale);
+        const Log log({}); // keeps what is for a log only
         application.SetLanguage(request.language);
         SupplyHostStrings(PModule::Named("Orvanta"));
         // The same pictures for every user.
