@@ -3,6 +3,7 @@
 
 #include "host/review/app/events/event_editor.h"
 #include "host/review/app/gallery/view_frame.h"
+#include "host/review/app/main_window/settling.h"
 #include "host/review/app/traces/channels_dialog.h"
 #include "host/review/app/traces/go_to_dialog.h"
 #include "host/review/app/traces/trace_view.h"
@@ -51,7 +52,7 @@ void ShowTraces(const GallerySample& sample, const QSize& size, double start, co
     }
     view->SetShades(std::move(shades));
     view->ShowChannel("O2");
-    QApplication::processEvents();
+    LetItSettle([view] { return view->IsComplete(); });
     SendMouse(*view, QEvent::MouseMove, {view->width() / 2, view->height() / 2}, Qt::NoButton, {});
     take(window);
     view->Destroy();

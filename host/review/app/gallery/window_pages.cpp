@@ -44,10 +44,10 @@ void ShowAnalyses(const GallerySample& sample, ModuleBridge* bridge, const TakeP
     bench.GetDocuments().Current()->Analyses().SetMain(&main);
     bench.GetDocuments().Current()->Analyses().SetSecondary(&secondary);
     bench.GetAnalyses().Recompute();
-    LetItSettle(bench);
+    LetItSettle([&bench] { return bench.IsSettled(); });
     constexpr double kFirstClosed = 30; // seconds
     bench.Middle().PointAtTime(XTime::FromSeconds(kFirstClosed));
-    LetItSettle(bench);
+    LetItSettle([&bench] { return bench.IsSettled(); });
     take(bench.Window());
 }
 
@@ -68,7 +68,7 @@ void ShowTracesAlone(const GallerySample& sample, ModuleBridge* /*bridge*/, cons
     bench.Start(sample.recording.GetRecording()->Data().path);
     constexpr QSize kSmall(900, 420);
     bench.Window().resize(kSmall);
-    LetItSettle(bench);
+    LetItSettle([&bench] { return bench.IsSettled(); });
     take(bench.Window());
 }
 

@@ -68,7 +68,7 @@ void Paint(const Workbench::Setup& setup, const ReviewRequest& request) {
     workbench.Start(request.file);
     workbench.Window().showNormal(); // a small screen is filled, less a frame
     workbench.Window().resize(workbench.Window().screen()->availableSize());
-    LetItSettle(workbench);
+    LetItSettle([&workbench] { return workbench.IsSettled(); });
     if (!workbench.Window().grab().save(QString::fromStdString(request.picture), "PNG")) {
         throw cli::UsageError(request.picture + ": cannot be written (choose another file or folder)");
     }

@@ -2,12 +2,13 @@
 // Waiting for a window that shows everything.
 #pragma once
 
+#include <functional>
+
 namespace orvanta::review {
 
-class Workbench;
-
-/// Runs events until everything is computed, read and painted that the window shows; for a minute at most,
+/// Runs events until everything is computed, read and painted that a window shows; for a minute at most,
 /// unless one computation takes longer.
-void LetItSettle(const Workbench& workbench);
+/// \param isSettled whether nothing is to be waited for but painting
+void LetItSettle(const std::function<bool()>& isSettled);
 
 } // namespace orvanta::review
