@@ -12,7 +12,7 @@ import sys
 
 # Limit of a process, and more of it for every further case; with sanitizers on a busy machine of four cores they take a
 # tenth of it.
-SECONDS, SECONDS_A_CASE = 300, 30
+SECONDS, SECONDS_A_CASE = 600, 30
 
 
 def suites_of(listing: str) -> dict[str, list[str]]:

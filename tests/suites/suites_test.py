@@ -43,13 +43,13 @@ class SuitesTest(unittest.TestCase):
         self.assertEqual(
             listed(),
             [
-                ("Well", "Well.*", "2", "330"),
-                ("Crash", "Crash.*", "3", "360"),
-                ("Silence", "Silence.*", "3", "360"),
-                ("Hang", "Hang.*", "2", "330"),
-                ("Skipping", "Skipping.*", "1", "300"),
-                ("Together", "Together.*", "2", "330"),
-                ("Small/Numbers", "Small/Numbers.*", "2", "330"),
+                ("Well", "Well.*", "2", "630"),
+                ("Crash", "Crash.*", "3", "660"),
+                ("Silence", "Silence.*", "3", "660"),
+                ("Hang", "Hang.*", "2", "630"),
+                ("Skipping", "Skipping.*", "1", "600"),
+                ("Together", "Together.*", "2", "630"),
+                ("Small/Numbers", "Small/Numbers.*", "2", "630"),
             ],
         )
 
@@ -57,8 +57,8 @@ class SuitesTest(unittest.TestCase):
         self.assertEqual(
             listed("--apart", "Small/Numbers")[-2:],
             [
-                ("Small/Numbers.AreBelowThree/0", "Small/Numbers.AreBelowThree/0", "1", "300"),
-                ("Small/Numbers.AreBelowThree/1", "Small/Numbers.AreBelowThree/1", "1", "300"),
+                ("Small/Numbers.AreBelowThree/0", "Small/Numbers.AreBelowThree/0", "1", "600"),
+                ("Small/Numbers.AreBelowThree/1", "Small/Numbers.AreBelowThree/1", "1", "600"),
             ],
         )
 
