@@ -2,6 +2,7 @@
 #include "host/signal_base/events_tsv/events_table.h"
 
 #include "host/signal_base/data_file.h"
+#include "host/signal_base/events_tsv/table_cells.h"
 #include "host/signal_base/events_tsv/table_columns.h"
 #include "host/signal_base/limited_list.h"
 #include "host/signal_base/recording_error.h"
@@ -62,7 +63,7 @@ void ParseEventsTable(std::string_view text, const std::string& file, std::vecto
         }
         const std::string_view label =
             IsMissing(row[TableHead::kTrialType]) ? row[TableHead::kValue] : row[TableHead::kTrialType];
-        event.text = ToUtf8(Trim(Unquoted(label)));
+        event.text = CellText(Unquoted(CellText(label)));
         if (IsMissing(event.text)) {
             event.text = "event";
         }

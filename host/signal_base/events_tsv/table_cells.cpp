@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/signal_base/events_tsv/table_cells.h"
 
+#include "host/signal_base/events_tsv/table_columns.h"
 #include "host/signal_base/text.h"
 #include "host/signal_base/text_encoding.h"
 
@@ -8,19 +9,19 @@
 
 namespace orvanta::signal {
 
-namespace {
-
-std::string Utf8(std::string_view cell) {
-    return IsUtf8(cell) ? std::string(cell) : ToUtf8(Trim(cell));
+std::string CellText(std::string_view cell) {
+    for (cell = Trim(cell); cell.starts_with(kByteOrderMark); cell = Trim(cell)) {
+        cell.remove_prefix(kByteOrderMark.size());
+    }
+    return ToUtf8(cell);
 }
-
-} // namespace
 
 std::vector<std::string> CellsOf(std::string_view line) {
     std::vector<std::string> cells;
     for (;;) {
         const std::size_t end = std::min(line.find('\t'), line.size());
-        cells.push_back(Utf8(line.substr(0, end)));
+        const std::string_view cell = line.substr(0, end);
+        cells.push_back(IsUtf8(cell) ? std::string(cell) : CellText(cell));
         if (end == line.size()) {
             return cells;
         }

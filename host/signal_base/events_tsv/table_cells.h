@@ -8,7 +8,10 @@
 
 namespace orvanta::signal {
 
-/// The cells of a row, blanks and all, in UTF-8; one at least.
+/// What a cell says, in UTF-8, without the blanks around it and the byte order marks before it. Read as a
+/// cell, it says the same.
+std::string CellText(std::string_view cell);
+/// The cells of a row in UTF-8, blanks and all; one at least.
 std::vector<std::string> CellsOf(std::string_view line);
 /// Those cells with tabs between them.
 std::string JoinedCells(const std::vector<std::string>& cells);

@@ -74,6 +74,11 @@ TEST(ParseEventsTable, ReadsCrLfByteOrderMarkAndLatin1) {
               (Events{{1, kSpot, "ä"}, {2, kSpot, "ö"}}));
 }
 
+TEST(ParseEventsTable, LeavesByteOrderMarksOutOfTexts) {
+    EXPECT_EQ(Parse("onset\tvalue\n1\t\xEF\xBB\xBF a\n2\t\xEF\xBB\xBF\xEF\xBB\xBF\"b\xE4\"\n").events,
+              (Events{{1, kSpot, "a"}, {2, kSpot, "bä"}}));
+}
+
 TEST(ParseEventsTable, NamesAnEventWhoseTextIsOnlyAByteOrderMark) {
     EXPECT_EQ(Parse("onset\tvalue\n1\t\xEF\xBB\xBF\n").events, (Events{{1, kSpot, "event"}}));
 }

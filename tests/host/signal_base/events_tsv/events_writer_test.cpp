@@ -136,6 +136,14 @@ TEST(WriteEventsTable, MakesOtherEncodingsUtf8) {
     EXPECT_EQ(Write(table, Read(table)), "onset\tvalue\tnote\n1\tä\tö\nx\tü\n");
 }
 
+TEST(WriteEventsTable, KeepsTextsBehindByteOrderMarksAsTheyWereRead) {
+    const std::string table = "onset\tvalue\n1\t\xEF\xBB\xBF \"a\xE4\"\n";
+    const Events events = Read(table);
+    const std::string written = Write(table, events);
+    EXPECT_EQ(written, "onset\tvalue\n1\t\"aä\"\n");
+    EXPECT_EQ(Read(written), events);
+}
+
 TEST(WriteEventsTable, RefusesATextThatIsNoTable) {
     EXPECT_THROW(Write("time\tlabel\n1\ta\n", {}), RecordingError);
 }
