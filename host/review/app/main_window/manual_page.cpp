@@ -60,8 +60,14 @@ QVariant ManualPage::loadResource(int type, const QUrl& name) {
 
 void ManualPage::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
     fitted_ = viewport()->width();
-    QTextBrowser::doSetSource(url, type);
-    MakeHeadingsTargets();
+    {
+        // Laid out once: a page is read piece by piece, and each would lay out the table that it belongs to.
+        QTextCursor block(document());
+        block.beginEditBlock();
+        QTextBrowser::doSetSource(url, type);
+        MakeHeadingsTargets();
+        block.endEditBlock();
+    }
     if (url.hasFragment()) {
         scrollToAnchor(url.fragment());
     }
@@ -100,7 +106,6 @@ void ManualPage::FitPictures() {
     const double place = bar.maximum() > 0 ? double(bar.value()) / bar.maximum() : 0;
     fitted_ = viewport()->width();
     reload();
-    MakeHeadingsTargets();
     bar.setValue(qRound(place * bar.maximum()));
 }
 

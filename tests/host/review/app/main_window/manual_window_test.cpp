@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -88,6 +89,33 @@ TEST_F(Manual, BackspaceLeadsBack) {
     QTest::keyClick(page, Qt::Key_Backspace);
     EXPECT_EQ(File(), "README.md");
     EXPECT_FALSE(page->isBackwardAvailable());
+}
+
+TEST_F(Manual, BackspaceLeadsToThePlaceThatWasLeft) {
+    page->verticalScrollBar()->setValue(1234);
+    Follows("more.md#far-below");
+    QTest::keyClick(page, Qt::Key_Backspace);
+    EXPECT_EQ(page->verticalScrollBar()->value(), 1234);
+}
+
+TEST_F(Manual, StaysAtItsPlaceWhenTheWindowChanges) {
+    page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum() / 2);
+    window->resize(500, 500);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return PictureWidth() < 500; }));
+    EXPECT_NEAR(page->verticalScrollBar()->value(), page->verticalScrollBar()->maximum() / 2, 2);
+}
+
+// Laying out piece by piece takes seconds for a page with a long table.
+TEST_F(Manual, LaysAPageOutOnce) {
+    std::string text = "# Keys\n\n| Key | Does |\n|---|---|\n";
+    for (int i = 0; i < 100; ++i) {
+        text += "| key | something |\n";
+    }
+    folder.Write("table.md", text);
+    QSignalSpy changes(page->document(), &QTextDocument::contentsChange);
+    Follows("table.md");
+    EXPECT_EQ(changes.count(), 2); // emptied, filled
+    EXPECT_GT(page->verticalScrollBar()->maximum(), 1000);
 }
 
 TEST_F(Manual, FindsATextOnThisPageThenOnTheOthers) {

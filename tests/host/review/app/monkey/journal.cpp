@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <iostream>
 
 #include <unistd.h>
 
@@ -20,6 +21,7 @@ namespace {
 
 constexpr std::size_t kLines = 40;
 constexpr std::size_t kLength = 160;
+constexpr std::chrono::duration<double> kLong(3); // which a user would notice
 constexpr int kSignals[] = {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL};
 
 // Read by signal handlers: fixed memory, nothing allocated.
@@ -88,6 +90,12 @@ Journal::~Journal() {
 }
 
 void Journal::Note(const std::string& event) {
+    const auto now = std::chrono::steady_clock::now();
+    const std::chrono::duration<double> took = now - last_;
+    last_ = now;
+    if (noted > 0 && took > kLong) {
+        std::cerr << "took " << took.count() << " s: " << lines[(noted - 1) % kLines].data();
+    }
     Keep(lines[noted % kLines], std::to_string(noted) + ": " + event);
     ++noted;
 }

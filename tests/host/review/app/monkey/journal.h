@@ -2,6 +2,7 @@
 // What happened last, for when something goes wrong.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
@@ -22,6 +23,7 @@ public:
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
+    /// Tells on standard error when more than three seconds have passed since the event before.
     void Note(const std::string& event);
     /// Heading and last events, a line each.
     std::string Text() const;
@@ -29,6 +31,7 @@ public:
 private:
     void Watch();
 
+    std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
     std::mutex mutex_;
     std::condition_variable ended_;
     bool end_ = false;
