@@ -26,6 +26,7 @@ std::string Caption(const std::string& change) {
 } // namespace
 
 void TraceView::Impl::Say(const std::string& text) {
+    said.clear();
     view.SetMessageBar(text);
 }
 

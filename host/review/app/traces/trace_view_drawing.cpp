@@ -95,6 +95,9 @@ void TraceView::Impl::Paint(owl::TDC& dc) {
     if (overlay != nullptr) {
         overlay->SetLook(layout, page.colors, page.font);
     }
+    if (overlay != nullptr && !fineness) { // on the screen
+        ReadOutPage(layout);
+    }
 }
 
 void TraceView::Impl::SetScrollBar(const TraceLayout& layout) {

@@ -81,8 +81,10 @@ struct TraceView::Impl {
     CursorInput StretchTo(const TraceLayout& layout, const owl::TPoint& point);
     /// Beside the mouse and in the message bar.
     void ReadOut(const CursorInput& cursor);
-    /// The page moved under the mouse; what was measured has gone with it.
-    void ReadOutAgain();
+    /// What the page has under the mouse now that it is drawn.
+    void ReadOutPage(const TraceLayout& layout);
+    /// What was measured has gone with its page.
+    void ForgetMeasurement();
     void Click(const TraceLayout& layout, const owl::TPoint& point);
     void Press(const owl::TPoint& point, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void Move(const owl::TPoint& point);
@@ -136,7 +138,7 @@ struct TraceView::Impl {
     std::vector<EventInput> shownEvents; ///< what the tags point to
     std::optional<std::size_t> selectedEvent;
     std::vector<std::string> recentLabels; ///< the one used last first
-    std::string said;                      ///< of the mouse, in the message bar
+    std::string said;                      ///< of the mouse, while it stands in the message bar
     Mode mode = Mode::Select;
     std::optional<owl::TPoint> menuAt; ///< where the context menu was asked for
     Drag drag = Drag::None;

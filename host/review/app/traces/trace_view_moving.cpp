@@ -16,7 +16,7 @@ void TraceView::Impl::Show(const TraceWindow& window) {
     current = wanted;
     Refresh();
     if (moved) {
-        ReadOutAgain();
+        ForgetMeasurement();
     }
     TraceCursorType& cursor = *recording.GetTraceCursor();
     if (moved && cursor.GetMemDataSR() > 0) {
@@ -35,7 +35,7 @@ void TraceView::Impl::FollowCursor() {
     window.start = recording.GetTraceCursor()->GetStartRecTime()->Seconds();
     model.State().window = KeptInside(window, model.Total());
     Refresh();
-    ReadOutAgain();
+    ForgetMeasurement();
 }
 
 void TraceView::Impl::MoveTo(double start) {

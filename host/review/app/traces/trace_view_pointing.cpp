@@ -78,10 +78,22 @@ void TraceView::Impl::ReadOut(const CursorInput& cursor) {
     }
 }
 
-void TraceView::Impl::ReadOutAgain() {
-    const CursorInput cursor = overlay->Cursor();
-    const bool follows = cursor.kind == CursorInput::Kind::Cursor;
-    ReadOut(follows ? CursorAt(Layout(), cursor.at) : CursorInput());
+void TraceView::Impl::ReadOutPage(const TraceLayout& layout) {
+    if (overlay->Cursor().kind != CursorInput::Kind::Cursor) {
+        return;
+    }
+    const CursorInput cursor = CursorAt(layout, overlay->Cursor().at);
+    if (said.empty()) { // the message bar has something else to say
+        overlay->SetCursor(cursor);
+    } else {
+        ReadOut(cursor);
+    }
+}
+
+void TraceView::Impl::ForgetMeasurement() {
+    if (overlay->Cursor().kind != CursorInput::Kind::Cursor) {
+        ReadOut({});
+    }
 }
 
 void TraceView::Impl::Click(const TraceLayout& layout, const owl::TPoint& point) {

@@ -105,7 +105,29 @@ TEST_F(TraceViewMouse, CursorReadsWhatThePageBringsUnderIt) {
     Hover({172, 80});
     ASSERT_EQ(Cursor().texts.back(), "00:00:02.00");
     Press(Qt::Key_PageDown); // 10 s on
+    Draw();
     EXPECT_EQ(Cursor().texts.back(), "00:00:12.00");
+    EXPECT_TRUE(window.message.ends_with("00:00:12.00")) << window.message;
+}
+
+TEST_F(TraceViewMouse, CursorReadsThePageThatCameBehindAnother) {
+    Hover({172, 80});
+    const std::string value = Cursor().texts.front();
+    Press(Qt::Key_PageDown);
+    Press(Qt::Key_PageDown);
+    Draw();
+    EXPECT_NE(Cursor().texts.front(), "Fp1  no data");
+    Press(Qt::Key_Home);
+    Draw();
+    EXPECT_EQ(Cursor().texts.front(), value);
+}
+
+TEST_F(TraceViewMouse, CursorLeavesWhatACommandSaidInTheMessageBar) {
+    Hover({172, 80});
+    Press(Qt::Key_N); // the first event, at 20 s
+    Draw();
+    EXPECT_EQ(window.message, "seizure");
+    EXPECT_NE(Cursor().texts.back(), "00:00:02.00"); // the page moved
 }
 
 TEST_F(TraceViewMouse, MarksWholeMilliseconds) {
