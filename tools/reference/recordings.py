@@ -11,6 +11,11 @@ class Channel:
     physical: tuple[str, str]  # minimum and maximum as the header has them, microvolts
     digital: tuple[int, int]
     microvolts: np.ndarray
+    unit: str = "uV"  # of the physical range
+    samples: int = 0  # in a record, for a rate of its own
+
+    def per_unit(self) -> float:
+        return {"uV": 1.0, "\u00b5V": 1.0, "mV": 1000.0}[self.unit]
 
     def gain(self) -> float:
         low, high = map(float, self.physical)
@@ -18,7 +23,7 @@ class Channel:
 
     def stored(self) -> np.ndarray:
         low = float(self.physical[0])
-        values = np.rint((self.microvolts - low) / self.gain()) + self.digital[0]
+        values = np.rint((self.microvolts / self.per_unit() - low) / self.gain()) + self.digital[0]
         assert values.min() >= self.digital[0] and values.max() <= self.digital[1], self.label
         return values.astype(np.int64)
 
@@ -28,6 +33,10 @@ class Channel:
         stored = self.stored()
         return (stored - round(stored.mean())) * self.gain()
 
+    def read(self) -> np.ndarray:
+        """What a reader gets, in microvolts."""
+        return (float(self.physical[0]) + (self.stored() - self.digital[0]) * self.gain()) * self.per_unit()
+
 
 @dataclasses.dataclass
 class Recording:
@@ -36,6 +45,9 @@ class Recording:
     record_samples: int
     records: int
     channels: list[Channel]
+    plus: str = ""  # "C" or "D" of EDF+ and BDF+, which hold the two that follow
+    starts: list[str] = dataclasses.field(default_factory=list)  # of the records, seconds
+    annotations: list[tuple[str, str, str]] = dataclasses.field(default_factory=list)  # onset, duration or "", text
 
     def is_bdf(self) -> bool:
         return self.name.endswith(".bdf")
@@ -43,35 +55,44 @@ class Recording:
     def rate(self) -> float:
         return self.record_samples / float(self.record_seconds)
 
+    def annotation_bytes(self) -> list[bytes]:
+        """One run for each record, equally long: its time, and some of the annotations."""
+        each = -(-len(self.annotations) // self.records)
+        runs = []
+        for record, start in enumerate(self.starts):
+            run = f"+{start}\x14\x14\0"
+            for onset, duration, text in self.annotations[record * each:(record + 1) * each]:
+                run += f"+{onset}" + (f"\x15{duration}" if duration else "") + f"\x14{text}\x14\0"
+            runs.append(run.encode())
+        longest = max(map(len, runs))
+        return [run.ljust(longest + -longest % 6, b"\0") for run in runs]  # whole samples of 2 and of 3 bytes
+
     def to_bytes(self) -> bytes:
         """The file: header, channel headers, records with one run of samples per channel."""
         def text(value: object, width: int) -> bytes:
-            encoded = str(value).encode("ascii")
+            encoded = str(value).encode("latin-1")
             assert len(encoded) <= width, value
             return encoded.ljust(width)
 
-        count = len(self.channels)
+        family, width = ("BDF", 3) if self.is_bdf() else ("EDF", 2)
+        runs = [[values[i * size:(i + 1) * size].astype("<i4").view(np.uint8).reshape(-1, 4)[:, :width].tobytes()
+                 for i in range(self.records)]
+                for values, size in ((c.stored(), c.samples or self.record_samples) for c in self.channels)]
+        rows = [(c.label, "", c.unit, *c.physical, *c.digital, "", c.samples or self.record_samples, "")
+                for c in self.channels]
+        kind = "24BIT" if self.is_bdf() else ""
+        if self.plus:
+            runs.append(self.annotation_bytes())
+            half = 1 << (8 * width - 1)
+            rows.append((f"{family} Annotations", "", "", -1, 1, -half, half - 1, "", len(runs[-1][0]) // width, ""))
+            kind = f"{family}+{self.plus}"
         parts = [b"\xffBIOSEMI" if self.is_bdf() else text("0", 8),
                  text("X X X X", 80), text("Startdate 01-JAN-2020 X X X", 80), text("01.01.20", 8),
-                 text("00.00.00", 8), text(256 * (count + 1), 8), text("24BIT" if self.is_bdf() else "", 44),
-                 text(self.records, 8), text(self.record_seconds, 8), text(count, 4)]
-        columns = [("label", 16), ("", 80), ("uV", 8), (0, 8), (1, 8), (2, 8), (3, 8), ("", 80),
-                   (self.record_samples, 8), ("", 32)]
-        for content, width in columns:
-            for channel in self.channels:
-                value = channel.label if content == "label" else content
-                if content in (0, 1):
-                    value = channel.physical[content]
-                elif content in (2, 3):
-                    value = channel.digital[content - 2]
-                parts.append(text(value, width))
-        stored = [channel.stored() for channel in self.channels]
-        for record in range(self.records):
-            for values in stored:
-                run = values[record * self.record_samples:(record + 1) * self.record_samples]
-                four = run.astype("<i4").view(np.uint8).reshape(-1, 4)
-                parts.append(four[:, :3 if self.is_bdf() else 2].tobytes())
-        return b"".join(parts)
+                 text("00.00.00", 8), text(256 * (len(rows) + 1), 8), text(kind, 44),
+                 text(self.records, 8), text(self.record_seconds, 8), text(len(rows), 4)]
+        parts += [text(value, width) for column, width in zip(zip(*rows), (16, 80, 8, 8, 8, 8, 8, 80, 8, 32))
+                  for value in column]
+        return b"".join(parts) + b"".join(run for record in zip(*runs) for run in record)
 
 
 def background(rng: np.random.Generator, samples: int, rate: float, rms: float) -> np.ndarray:

@@ -110,6 +110,7 @@ Json ToJson(const EEGFileInfoType& recording) {
     json["sensors"] = Json::array();
     for (const auto& sensor : opened.Sensors()) {
         json["sensors"].push_back({{"name", sensor->GetName()},
+                                   {"label", sensor->GetRecordedLabel()},
                                    {"type", TypeName(sensor->GetType())},
                                    {"unit", sensor->GetUnit()},
                                    {"rate_hz", sensor->GetRateHz()},
@@ -118,11 +119,14 @@ Json ToJson(const EEGFileInfoType& recording) {
     }
     json["events"] = Json::array();
     for (const EventRecord& event : recording.GetEventsManager()->GetEvents()) {
-        const double onset = event.Interval.GetBeginPtr()->Seconds();
+        const XTime& begin = *event.Interval.GetBeginPtr();
+        // In whole nanoseconds: the difference of seconds far from 0 has digits that nobody recorded.
+        const XTime duration =
+            XTime::FromNanoseconds(event.Interval.GetEndPtr()->Nanoseconds() - begin.Nanoseconds());
         json["events"].push_back({{"label", event.Label},
                                   {"class", event.Class == EventClass::State ? "state" : "spot"},
-                                  {"onset_s", onset},
-                                  {"duration_s", event.Interval.GetEndPtr()->Seconds() - onset}});
+                                  {"onset_s", begin.Seconds()},
+                                  {"duration_s", duration.Seconds()}});
     }
     json["gaps"] = GapsToJson(opened.Time());
     json["montages"] = MontageNames(recording, false);
