@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -102,10 +103,15 @@ private:
 
     /// The epochs of the main analysis; none without it.
     XTimeList EventsOfMain() const;
+    /// Of what is loaded, Hz.
+    double HighestFrequency() const;
+    bool IsMainStale(const XTimeList& events) const;
     /// \return false when the user cancelled \throws what the computation throws
     bool BringUpToDate(const XTimeList& events);
     /// The sensors that the values of a map belong to, in their order.
     SensorList Sensors() const;
+    /// Whether the maps were filled, or could not be, from what is there now.
+    bool ShowsWhatIsThere() const { return shown_ == ShownNow(); }
     /// Of the cartoon.
     void UpdateSteps(const XTimeList& list);
     void UpdateMap(std::size_t index, const TSpectralMapWindow& map);
@@ -151,6 +157,7 @@ private:
     QPointer<QWidget> sideBarPanel_; ///< in the side bar while the view has the focus; none so far
     SPECT::PlotSet plotSet_;
     bool cartoonMode_ = false;
-    Shown shown_;
+    std::optional<Shown> shown_;
     std::optional<KnownRange> known_;
+    std::exception_ptr othersFailure_; ///< why an analysis that the maps do not show was not computed
 };

@@ -69,6 +69,8 @@ void SpectMap::ShowFirstMaps() {
             return;
         }
     }
-    UpdateMaps(EventsOfMain());
-    SetMapValues(true);
+    if (!ShowsWhatIsThere()) { // else what failed would fail once more
+        UpdateMaps(EventsOfMain());
+        SetMapValues(true);
+    }
 }

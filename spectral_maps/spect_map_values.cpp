@@ -13,6 +13,8 @@
 
 #include <QScopeGuard>
 
+#include <utility>
+
 using namespace orvanta::spectral_maps;
 
 SensorList SpectMap::Sensors() const {
@@ -45,10 +47,19 @@ int SpectMap::ComputeAllMapsValues() {
     return 0;
 }
 
+double SpectMap::HighestFrequency() const {
+    return static_cast<double>(fileInfo_->GetTraceCursor()->GetMemDataSR() >> 1U);
+}
+
+bool SpectMap::IsMainStale(const XTimeList& events) const {
+    const SpectMacroResult* main = spectraMgr_->GetMain();
+    return main == nullptr ||
+           main->IsRecomputingNeeded(fileInfo_->GetTraceCursor()->GetMtg(), events, HighestFrequency());
+}
+
 bool SpectMap::BringUpToDate(const XTimeList& events) {
-    const TraceCursorType& cursor = *fileInfo_->GetTraceCursor();
-    const auto top = static_cast<double>(cursor.GetMemDataSR() >> 1U);
-    if (!spectraMgr_->IsRecomputingNeeded(cursor.GetMtg(), events, top)) {
+    const double top = HighestFrequency();
+    if (!spectraMgr_->IsRecomputingNeeded(fileInfo_->GetTraceCursor()->GetMtg(), events, top)) {
         return true;
     }
     // The view may go while the progress comes up, and while it is shown.
@@ -68,8 +79,16 @@ std::optional<XTimeList> SpectMap::Fetch() {
     if (spectraMgr_->GetMain() == nullptr) {
         return events;
     }
-    if (!BringUpToDate(events)) {
-        return std::nullopt;
+    const QPointer<SpectMap> alive(this);
+    try {
+        if (!BringUpToDate(events)) {
+            return std::nullopt;
+        }
+    } catch (const std::exception&) {
+        if (!alive || IsMainStale(events)) {
+            throw;
+        }
+        othersFailure_ = std::current_exception(); // told once the maps show theirs
     }
     return events;
 }
@@ -85,6 +104,9 @@ void SpectMap::SetMapValues(bool fetch) {
     CartoonStat::SetMapValues(fetch);
     if (alive) {
         shown_ = ShownNow();
+        if (othersFailure_) {
+            std::rethrow_exception(std::exchange(othersFailure_, nullptr));
+        }
     }
 }
 
@@ -109,7 +131,7 @@ SpectMap::Shown SpectMap::ShownNow() const {
 }
 
 void SpectMap::Follow() {
-    if (IsCreated() && !IsFirstDraw() && shown_ != ShownNow()) {
+    if (IsCreated() && !IsFirstDraw() && !ShowsWhatIsThere()) {
         SetMapValues(true);
     }
 }

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The next day with analyses that cannot be computed: what they look for is not in the recording any more.
+#include "host/chart_view/maps/map_window.h"
+#include "host/chart_view/maps/multi_map_win.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
+
+#include <QTest>
 
 namespace {
 
@@ -25,6 +29,16 @@ protected:
         EXPECT_EQ(macro.SaveAs(folder.Path(name)), 0);
         return AddAnalysis(macro);
     }
+    MultiMapWin& Maps(ViewKind kind) const {
+        return dynamic_cast<MultiMapWin&>(*bench->Middle().Views().ViewOf(kind));
+    }
+    /// They are painted, and the application looks at what changed.
+    void SeesTheMaps(ViewKind kind) const {
+        Maps(kind).grab();
+        test::WaitUntilIdle();
+        QTest::qWait(250); // the application looks five times a second
+        test::WaitUntilIdle();
+    }
 };
 
 TEST_P(AnalysesOfYesterday, LeaveTheRecordingOpen) {
@@ -35,15 +49,36 @@ TEST_P(AnalysesOfYesterday, LeaveTheRecordingOpen) {
     Analyses().SetMain(&AddSaved("main.smx", !GetParam().main));
     Analyses().SetSecondary(&AddSaved("secondary.smx", !GetParam().secondary));
     Leave();
-    user.AnswersMessage(owl::kIdOk); // of the window
-    user.AnswersMessage(owl::kIdOk); // of the maps, which compute when they are first seen
+    user.AnswersMessage(owl::kIdOk);
     Start();
+    SeesTheMaps(GetParam().maps);
     ASSERT_NE(bench->GetDocuments().Current(), nullptr);
     ASSERT_EQ(Analyses().Size(), 3U);
     for (const ViewKind kind : {ViewKind::Traces, ViewKind::Spectrum, GetParam().maps}) {
         EXPECT_TRUE(bench->GetViews().IsShown(kind)) << static_cast<int>(kind);
     }
+    EXPECT_EQ(user.Messages().size(), 1U);
     EXPECT_EQ(Analyses().GetMain()->IsComputed(), !GetParam().main);
+    const TMapWindow& map = *Maps(GetParam().maps).GetMap(0);
+    EXPECT_EQ(map.GetValues().at(0) > 0, !GetParam().main);
+    EXPECT_EQ(map.accessibleDescription() == QStringLiteral("Not computed. Choose Recompute."),
+              GetParam().main);
+}
+
+TEST_P(AnalysesOfYesterday, AreToldOfOnceWhenMapsAreOpened) {
+    Start(Demo());
+    Analyses().SetMain(&AddSaved("shown.smx", true));
+    bench->GetAnalyses().Show(ViewKind::Spectrum);
+    bench->GetViews().Hide(ViewKind::Maps);
+    Analyses().SetMain(&AddSaved("main.smx", !GetParam().main));
+    Analyses().SetSecondary(&AddSaved("secondary.smx", !GetParam().secondary));
+    Leave();
+    Start();
+    EXPECT_TRUE(user.Messages().empty()) << "the spectrum view shows what there is";
+    user.AnswersMessage(owl::kIdOk);
+    bench->GetAnalyses().Show(GetParam().maps);
+    SeesTheMaps(GetParam().maps);
+    EXPECT_EQ(user.Messages().size(), 1U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shown, AnalysesOfYesterday,
