@@ -116,6 +116,7 @@ void AnalysisRunner::Show(ViewKind kind) {
             if (kind == ViewKind::Traces || document.Analyses().GetMain() != nullptr) {
                 around_.views.Open(kind);
                 around_.views.Refresh(std::span(&kind, 1));
+                around_.views.Activate(kind);
             }
         }
         around_.views.Want(kind, true);

@@ -44,8 +44,8 @@ public:
     bool HasSelections() const;
     /// Moves the traces to the next such stretch and computes it. \return false at the last one
     bool GoToNextSelection();
-    /// Shows a view, also from now on. Spectra and maps need an analysis, without one they would ask whenever
-    /// they get the focus: the user is asked here, once. Work is cancelled first.
+    /// Shows a view, also from now on, and gives it the focus. Spectra and maps need an analysis, without one
+    /// they would ask whenever they get the focus: the user is asked here, once. Work is cancelled first.
     void Show(ViewKind kind);
 
     /// Of contrast values on the spectra, in the views' side bars. The user's choice.

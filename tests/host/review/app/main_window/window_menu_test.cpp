@@ -54,6 +54,39 @@ TEST_F(WindowMenu, ActivatesTheViewThatIsChosen) {
     EXPECT_TRUE(MenuTitles().contains("Traces"));
 }
 
+TEST_F(WindowMenu, AViewThatTheUserOpensGetsTheFocus) {
+    Analyse();
+    for (const auto& [item, view] :
+         {std::pair("viewSpectrum", ViewKind::Spectrum), std::pair("viewMaps", ViewKind::Maps),
+          std::pair("viewTraces", ViewKind::Traces), std::pair("viewHeads", ViewKind::Heads)}) {
+        bench->GetViews().Hide(view);
+        Item(item).trigger();
+        test::WaitUntilIdle();
+        EXPECT_TRUE(bench->GetViews().IsActive(view)) << item;
+        const QWidget* focused = bench->Window().focusWidget();
+        const QWidget* shown = bench->Middle().Views().ViewOf(view);
+        EXPECT_TRUE(focused == shown || shown->isAncestorOf(focused)) << item;
+    }
+}
+
+TEST_F(WindowMenu, ViewsThatComeBackLeaveTheFocusToTheTraces) {
+    Analyse();
+    bench->GetViews().Activate(ViewKind::Maps);
+    Leave();
+    Start();
+    EXPECT_TRUE(bench->GetViews().IsShown(ViewKind::Maps));
+    EXPECT_TRUE(bench->GetViews().IsActive(ViewKind::Traces));
+}
+
+TEST_F(WindowMenu, AViewThatTheUserOpensIsSeenWhereAnotherFilledTheWindow) {
+    Analyse();
+    bench->GetViews().Hide(ViewKind::Maps);
+    bench->Middle().Views().Fill(ViewKind::Traces);
+    Item("viewMaps").trigger();
+    test::WaitUntilIdle();
+    EXPECT_TRUE(bench->Middle().Views().ViewOf(ViewKind::Maps)->isVisible());
+}
+
 /// The first item of the active view's menu.
 class TitleItem : public WindowMenu {
 protected:
