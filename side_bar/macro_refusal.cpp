@@ -2,7 +2,7 @@
 #include "side_bar/macro_refusal.h"
 
 #include "host/toolkit/message_module.h"
-#include "host/toolkit/wording.h"
+#include "host/toolkit/reasons.h"
 
 namespace orvanta::side_bar {
 
@@ -11,14 +11,6 @@ namespace {
 using Reason = owl::Wording; // or a remedy
 
 constexpr Reason kReasons[] = {
-    Reason{"missing", "does not exist"},
-    Reason{"checkName", "check the name and the folder"},
-    Reason{"folder", "is a folder"},
-    Reason{"device", "is no regular file"},
-    Reason{"notOpened", "cannot be opened: %s"},
-    Reason{"checkPermissions", "check the permissions of the file"},
-    Reason{"tooLarge", "has %s bytes, more than the %s that such a file may have"},
-    Reason{"checkFile", "check that it is the right file"},
     Reason{"largerThan", "larger than %s bytes"},
     Reason{"chooseMacro", "choose a macro file"},
     Reason{"noXml", "no well-formed XML: %s"},
@@ -43,7 +35,7 @@ constexpr Reason kReasons[] = {
 };
 
 std::string Told(const std::string& english) {
-    return owl::InUsersWords(PModule::Named("Orvanta"), "REASONS", kReasons, english);
+    return owl::ReasonInUsersWords(PModule::Named("Orvanta"), kReasons, english);
 }
 
 } // namespace

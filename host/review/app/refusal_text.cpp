@@ -2,7 +2,7 @@
 #include "host/review/app/refusal_text.h"
 
 #include "host/signal_base/recording_error.h"
-#include "host/toolkit/wording.h"
+#include "host/toolkit/reasons.h"
 
 namespace orvanta::review {
 
@@ -11,13 +11,7 @@ namespace {
 using Reason = owl::Wording; // or a remedy
 
 constexpr Reason kReasons[] = {
-    Reason{"missing", "does not exist"},
-    Reason{"checkName", "check the name and the folder"},
-    Reason{"folder", "is a folder"},
-    Reason{"device", "is no regular file"},
     Reason{"chooseRecording", "choose a recording file"},
-    Reason{"notOpened", "cannot be opened: %s"},
-    Reason{"checkPermissions", "check the permissions of the file"},
     Reason{"empty", "the file is empty"},
     Reason{"emptyFrom", "byte %s: the file is empty"},
     Reason{"unknownFormat", "it is no recording of a known format"},
@@ -29,8 +23,6 @@ constexpr Reason kReasons[] = {
     Reason{"cut", "byte %s: the file was cut while open"},
     Reason{"changed", "was changed while open"},
     Reason{"openAgain", "open the file again"},
-    Reason{"tooLarge", "has %s bytes, more than the %s that such a file may have"},
-    Reason{"checkFile", "check that it is the right file"},
     Reason{"copyAgain", "copy the file again"},
     Reason{"headerCut", "byte %s: the file is shorter than a header of %s bytes"},
     Reason{"chooseEdf", "choose an EDF or BDF recording, or copy the file again"},
@@ -70,7 +62,7 @@ constexpr Reason kReasons[] = {
 };
 
 std::string Told(const std::string& english, const PModule* messages) {
-    return owl::InUsersWords(messages, "REASONS", kReasons, english);
+    return owl::ReasonInUsersWords(messages, kReasons, english);
 }
 
 } // namespace
