@@ -2,10 +2,22 @@
 #include "host/review/app/main_window/work_gui.h"
 
 #include <QApplication>
+#include <QThread>
+#include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 namespace orvanta::review {
+
+namespace {
+
+/// Whether a dialog or a menu is open, or the function that opened it has not returned yet.
+bool IsSomebodyWaiting() {
+    return QApplication::activeModalWidget() != nullptr || QThread::currentThread()->loopLevel() > 1;
+}
+
+} // namespace
 
 /// A progress display that is counted.
 class WorkGui::Tracked final : public GenericProgress {
@@ -68,7 +80,20 @@ void WorkGui::Ended() const {
 
 void WorkGui::RunWaiting() {
     if (waiting_ && !IsBusy()) {
-        WhenIdle(std::exchange(waiting_, nullptr));
+        due_ = std::exchange(waiting_, nullptr);
+        RunDue();
+    }
+}
+
+void WorkGui::RunDue() {
+    constexpr std::chrono::milliseconds kAgain{50};
+    if (!due_) {
+        return;
+    }
+    if (!IsBusy() && !IsSomebodyWaiting()) {
+        std::exchange(due_, nullptr)();
+    } else {
+        QTimer::singleShot(kAgain, &queue_, [this] { RunDue(); });
     }
 }
 

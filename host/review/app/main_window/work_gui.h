@@ -25,7 +25,8 @@ public:
     bool IsBusy() const { return running_ > 0; }
     /// Runs it now; while work goes on, cancels that, tells no failures any more, and runs it from the event
     /// loop when all is done. Only the last one given is run. Nothing is run while a dialog waits for the
-    /// user: what it is about must not go.
+    /// user, as what it is about must not go: what has waited for work waits for a dialog that comes up then,
+    /// too, and anything else is dropped.
     void WhenIdle(std::function<void()> action);
 
 private:
@@ -33,10 +34,12 @@ private:
 
     void Ended() const;
     void RunWaiting();
+    void RunDue();
 
     Gui gui_;
     mutable int running_ = 0;
     std::function<void()> waiting_; ///< while it is set, work is to end
+    std::function<void()> due_;     ///< what has waited for work that is done
     mutable QObject queue_;         ///< takes its queued calls with it
 };
 

@@ -5,6 +5,8 @@
 #include "tests/host/review/app/main_window/fast_clock.h"
 #include "tests/host/review/app/main_window/workbench_fixture.h"
 
+#include <QDialog>
+#include <QTest>
 #include <QTimer>
 
 namespace {
@@ -46,6 +48,19 @@ TEST_F(Ending, TheWindowClosesWhenTheComputationIsCancelled) {
     EXPECT_FALSE(last_->IsComputed());
     test::WaitUntilIdle();
     EXPECT_FALSE(bench->Window().isVisible());
+}
+
+TEST_F(Ending, TheWindowClosesOnceADialogThatCameUpBeforeHasEnded) {
+    QDialog dialog(&bench->Window());
+    dialog.setModal(true);
+    ComputeAnd([&] {
+        EXPECT_FALSE(bench->Window().close());
+        dialog.show();
+    });
+    test::WaitUntilIdle();
+    EXPECT_TRUE(bench->Window().isVisible());
+    dialog.reject();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !bench->Window().isVisible(); }));
 }
 
 TEST_F(Ending, TheRecordingIsSwitchedWhenTheComputationIsCancelled) {
@@ -101,6 +116,43 @@ TEST(Work, RunsWhatHasWaitedWhenAllIsDone) {
     EXPECT_EQ(runs, 1);
     gui.WhenIdle([&] { ++runs; });
     EXPECT_EQ(runs, 2);
+}
+
+TEST(Work, LetsWhatHasWaitedWaitForADialogToo) {
+    test::ScriptedUser user;
+    review::WorkGui gui;
+    auto progress = gui.CreateProgress("Computing Spectra...");
+    int runs = 0;
+    gui.WhenIdle([&] { ++runs; });
+    QDialog dialog;
+    QTimer::singleShot(0, &dialog, [&] {
+        progress.reset();
+        QTimer::singleShot(0, &dialog, [&] {
+            test::WaitUntilIdle();
+            EXPECT_EQ(runs, 0);
+            EXPECT_FALSE(gui.CreateProgress("Of the dialog")->IsCancelled());
+            user.AnswersMessage(owl::kIdOk);
+            gui.ShowError("of the dialog");
+            dialog.accept();
+            QTest::qWait(200);
+            EXPECT_EQ(runs, 0); // what has opened the dialog has not returned yet
+        });
+        dialog.exec();
+    });
+    test::WaitUntilIdle(); // as in the application's loop
+    EXPECT_TRUE(QTest::qWaitFor([&] { return runs == 1; }));
+}
+
+TEST(Work, DropsWhatIsAskedForWhileADialogIsOpen) {
+    review::WorkGui gui;
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    int runs = 0;
+    gui.WhenIdle([&] { ++runs; });
+    dialog.reject();
+    test::WaitUntilIdle();
+    EXPECT_EQ(runs, 0);
 }
 
 } // namespace
