@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of the views of the application.
 #include "host/chart_view/the_child.h"
+#include "host/review/app/main_window/settling.h"
 #include "host/review/app/main_window/starter_macros.h"
 #include "host/review/app/pictures_out/picture_dialog.h"
 #include "host/review/app/pictures_out/view_picture.h"
@@ -44,7 +45,7 @@ protected:
                 bench->GetAnalyses().Show(kind);
             }
         }
-        test::WaitUntilIdle();
+        review::LetItSettle([this] { return bench->IsSettled(); });
     }
     TheChild& View(ViewKind kind) const { return *bench->Middle().Views().ViewOf(kind); }
     review::ViewToShow Shown(ViewKind kind) const { return {View(kind), "demo.edf - a view", "demo"}; }
