@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/review/app/main_window/work_gui.h"
 
+#include "host/toolkit/event_guard.h"
+
 #include <QApplication>
 #include <QThread>
 #include <QTimer>
@@ -91,7 +93,7 @@ void WorkGui::RunDue() {
         return;
     }
     if (!IsBusy() && !IsSomebodyWaiting()) {
-        std::exchange(due_, nullptr)();
+        owl::RunGuarded(std::exchange(due_, nullptr));
     } else {
         QTimer::singleShot(kAgain, &queue_, [this] { RunDue(); });
     }
