@@ -83,6 +83,10 @@ void Shell::ShowFields(const QString& recording, const QString& montage, const Q
     Show(*place_, place);
 }
 
+QString Shell::ShownPlace() const {
+    return place_->text();
+}
+
 void Shell::ShowTitle(const QString& file, bool changed) {
     setWindowTitle(file.isEmpty() ? QStringLiteral("Orvanta") : file + "[*] - Orvanta");
     setWindowModified(changed);

@@ -31,6 +31,7 @@ public:
     std::string ShownText() const;
     /// The fields at the right of the message bar: recording, montage, place.
     void ShowFields(const QString& recording, const QString& montage, const QString& place);
+    QString ShownPlace() const;
     /// \param file empty without a recording
     void ShowTitle(const QString& file, bool changed);
 

@@ -144,6 +144,11 @@ void Workbench::Start(const std::string& file) {
 
 bool Workbench::IsSettled() const {
     const TraceView* traces = views_->Traces();
+    const Document* document = documents_->Current();
+    // The place is looked at a few times in a second.
+    if (document != nullptr && shell_->ShownPlace() != StatusOf(document->Recording()).place) {
+        return false;
+    }
     return !gui_.IsBusy() && follower_->IsUpToDate() && (traces == nullptr || traces->IsComplete());
 }
 
