@@ -108,6 +108,11 @@ class Numbers(NumbersTest):
                     rows = [[value for row in table[key] for value in row[skip:]] for table in (told, expected)]
                     self.assert_near(*rows, 1e-9, key, 1)
 
+    def test_events_have_the_digits_of_their_table(self):
+        events = self.json_of("info", RECORDINGS / "ranges.edf")["events"]
+        self.assertEqual([(event["onset_s"], event["duration_s"]) for event in events],
+                         [(0.3, 8), (4.005, 0), (6.01, 0), (10, 9.5), (15, 0), (17.123, 0.001)])
+
     def test_sensors_have_the_labels_of_the_file(self):
         info = self.json_of("info", RECORDINGS / "ranges.edf")
         self.assertEqual([tuple(s[key] for key in ("name", "label", "type", "unit", "rate_hz")) for s in info["sensors"]],
