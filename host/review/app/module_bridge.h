@@ -120,6 +120,9 @@ public:
     /// Computes what a view of analyses shows and is not up to date, draws it anew, and lets its panels fill
     /// themselves. The view may be gone afterwards.
     virtual void RefreshView(TheChild& view) = 0;
+    /// Lets the message bar tell what of the recording the main analysis has analysed.
+    /// \param view none of another kind than a spectrum view
+    virtual void TellOfAnalysis(const TheChild& view) = 0;
     /// Lets the user choose the settings of a new analysis and appends it, not yet computed.
     /// \return 1 appended, 2 chosen by hand (nothing appended), -2 cancelled
     virtual std::int32_t CreateNewSpectrum(const GenericPlatform& platform, HWND parent, SpectraMgr& manager,

@@ -81,6 +81,10 @@ public:
 
     void RefreshView(TheChild& view) override { RefreshAnalysisView(view); }
 
+    void TellOfAnalysis(const TheChild& view) override {
+        dynamic_cast<const Spectrum&>(view).DrawStatusBar();
+    }
+
     std::int32_t CreateNewSpectrum(const GenericPlatform& platform, HWND parent, SpectraMgr& manager,
                                    EEGFileInfoType& recording) override {
         return ::CreateNewSpectrum(&platform, parent, manager, &recording);

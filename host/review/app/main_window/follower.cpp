@@ -70,6 +70,9 @@ void Follower::FollowAnalyses() {
     if (document->Analyses().GetMain() != nullptr) {
         views_.OpenWanted();
     }
+    if (state.main != analyses_.main) {
+        views_.TellOfAnalysis();
+    }
     analyses_ = state;
     followed_ = views_.Generation();
     if (TraceView* traces = views_.Traces()) {

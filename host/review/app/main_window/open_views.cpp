@@ -166,6 +166,12 @@ void OpenViews::FollowUp(std::span<const ViewKind> kinds) {
     }
 }
 
+void OpenViews::TellOfAnalysis() {
+    if (const TheChild* view = window_.Views().ViewOf(ViewKind::Spectrum)) {
+        bridge_->TellOfAnalysis(*view);
+    }
+}
+
 std::optional<SpectrumLook> OpenViews::Look() const {
     const TheChild* view = window_.Views().ViewOf(ViewKind::Spectrum);
     return view != nullptr ? std::optional(bridge_->LookOf(*view)) : std::nullopt;

@@ -53,6 +53,8 @@ public:
     /// The same where the user has not asked for it: what fails again and again is told once, until it works
     /// or the views are closed.
     void FollowUp(std::span<const ViewKind> kinds);
+    /// Lets the message bar tell of the main analysis, where the spectrum view is shown.
+    void TellOfAnalysis();
     /// What was chosen in the spectrum view; nothing while it is not shown.
     std::optional<SpectrumLook> Look() const;
     /// Chooses it again. Nothing for a view that is not there.

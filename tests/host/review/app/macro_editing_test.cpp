@@ -83,6 +83,7 @@ public:
     orvanta::review::SpectrumLook LookOf(const TheChild& /*view*/) override { return {}; }
     void Choose(TheChild& /*view*/, const orvanta::review::SpectrumLook& /*look*/) override {}
     void RefreshView(TheChild& /*view*/) override {}
+    void TellOfAnalysis(const TheChild& /*view*/) override {}
     std::int32_t CreateNewSpectrum(const GenericPlatform& /*platform*/, HWND /*parent*/,
                                    SpectraMgr& /*manager*/, EEGFileInfoType& /*recording*/) override {
         return 0;

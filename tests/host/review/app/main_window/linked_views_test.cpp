@@ -233,4 +233,15 @@ TEST_F(LinkedViews, TellsOfTheAnalysisAnewWhenItIsComputedAnew) {
     Events().Undo();
 }
 
+TEST_F(LinkedViews, TellsOfTheAnalysisThatIsTheMainOneNow) {
+    SpectMacroResult& open = AddStates("eyes open");
+    bench->GetAnalyses().Recompute();
+    Analyses().SetMain(&AddAnalysis()); // of the whole recording
+    bench->GetAnalyses().Recompute();
+    ASSERT_NE(bench->Window().ShownText(), "Analyzed: 29 epochs, 30.0 s");
+    Analyses().SetMain(&open); // as the side bar does
+    test::WaitUntilIdle();
+    EXPECT_EQ(bench->Window().ShownText(), "Analyzed: 29 epochs, 30.0 s");
+}
+
 } // namespace
