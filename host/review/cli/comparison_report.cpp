@@ -137,10 +137,9 @@ std::string ToText(const Comparison& c) {
                " independent ones)\n";
     };
     std::string text = Heading(c.recording, c.main);
-    text += "Main: " + c.main.GetName() + ", " + std::to_string(c.main.GetFFTCount()) + " epochs" +
-            effective(c.main);
-    text += "Secondary: " + c.secondary.GetName() + ", " + std::to_string(c.secondary.GetFFTCount()) +
-            " epochs" + effective(c.secondary) + "\n";
+    text += "Main: " + c.main.GetName() + ", " + Counted(c.main.GetFFTCount(), "epoch") + effective(c.main);
+    text += "Secondary: " + c.secondary.GetName() + ", " + Counted(c.secondary.GetFFTCount(), "epoch") +
+            effective(c.secondary) + "\n";
 
     const SPECT::Meas::Type measure = TableMeasures(entity).front();
     const std::string measured = measure == SPECT::Meas::Type::Mean

@@ -46,9 +46,9 @@ SpectraExport ComputeAll(const ExportArguments& arguments, const std::vector<Spe
 std::string Summary(const ExportArguments& arguments, const SpectraExport& what) {
     std::string text;
     for (std::size_t i = 0; i < what.analyses.size(); ++i) {
-        text += arguments.macros[i] + ": " + std::to_string(what.analyses[i]->GetFFTCount()) + " epochs\n";
+        text += arguments.macros[i] + ": " + Counted(what.analyses[i]->GetFFTCount(), "epoch") + "\n";
     }
-    return text + arguments.out + ": " + std::to_string(what.columns->GetSensors().size()) + " sensors, " +
+    return text + arguments.out + ": " + Counted(what.columns->GetSensors().size(), "sensor") + ", " +
            std::to_string(what.columns->GetFFTSamples()) + " FFT samples\n";
 }
 

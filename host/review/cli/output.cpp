@@ -124,6 +124,10 @@ std::string CsvHeading() {
     return CsvLine({"trace", "kind", "band", "measure", "value", "unit"});
 }
 
+std::string Counted(std::size_t count, std::string_view one) {
+    return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
+}
+
 std::string Pad(std::string_view text, int width) {
     int columns = 0;
     for (const char c : text) {

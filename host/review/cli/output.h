@@ -45,6 +45,9 @@ std::string CsvLine(std::initializer_list<std::string_view> fields);
 /// The names of the columns of every CSV that is written: trace, kind, band, measure, value, unit.
 std::string CsvHeading();
 
+/// Of things, for people: "1 map", "2 maps". \param one the word for one of them
+std::string Counted(std::size_t count, std::string_view one);
+
 /// Pads with blanks to \p width columns, counting UTF-8 characters; negative widths align to the right.
 std::string Pad(std::string_view text, int width);
 

@@ -35,7 +35,7 @@ std::string ToText(const EEGFileInfoType& recording, const std::list<SpectMacroR
     for (const SpectMacroResult* analysis : analyses) {
         text += analysis->GetName() + ": contrast value " +
                 std::to_string(analysis->GetMacro().GetContrastValue()) + ", " +
-                std::to_string(analysis->GetFFTCount()) + " epochs\n";
+                Counted(analysis->GetFFTCount(), "epoch") + "\n";
     }
     const std::vector<const BCIReg*> rows = StrongestFirst(results);
     const std::size_t shown = std::min(kShown, rows.size());

@@ -169,11 +169,11 @@ std::string Heading(const EEGFileInfoType& recording, const SpectMacroResult& an
     const SpectraMacro& macro = analysis.GetMacro();
     std::string text = recording.GetFileNameText() + ": " + opened.Data().format + ", " +
                        DurationText(opened.Time().Duration()) + ", " +
-                       std::to_string(analysis.GetSensorMap().size()) + " EEG sensors at " +
+                       Counted(analysis.GetSensorMap().size(), "EEG sensor") + " at " +
                        spectral::NumberText(analysis.GetFFTSR()) + " Hz\n";
-    text += std::to_string(analysis.GetFFTCount()) + " epochs of " +
-            spectral::NumberText(macro.GetFFTSeconds()) + " s (" + std::to_string(analysis.GetFFTSamples()) +
-            "-point transform, " + spectral::NumberText(analysis.GetResolutionHz()) + " Hz a bin), " +
+    text += Counted(analysis.GetFFTCount(), "epoch") + " of " + spectral::NumberText(macro.GetFFTSeconds()) +
+            " s (" + std::to_string(analysis.GetFFTSamples()) + "-point transform, " +
+            spectral::NumberText(analysis.GetResolutionHz()) + " Hz a bin), " +
             std::to_string(macro.GetOverlapPerc()) + " % overlap, " + macro.GetDSPWindowStr() +
             "; montage: " + analysis.GetMontage().GetName() + "\n";
     for (const std::string& repair : opened.Repairs()) {

@@ -89,8 +89,7 @@ int RunRenderCartoon(const RenderCartoonRequest& request) {
     }
     film.Finish();
     if (!request.analysis.quiet) {
-        cli::WriteOutput("-", "written " + request.out + ": " + std::to_string(frames) +
-                                  (frames == 1 ? " frame\n" : " frames\n"));
+        cli::WriteOutput("-", "written " + request.out + ": " + cli::Counted(frames, "frame") + "\n");
     }
     return cli::kDone;
 }

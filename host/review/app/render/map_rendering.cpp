@@ -142,8 +142,8 @@ int RunRenderMaps(const RenderMapsRequest& request) {
     StopWhenInterrupted();
     cli::WriteOutput(request.out, contents);
     if (!request.analysis.quiet) {
-        cli::WriteOutput("-", "written " + request.out + ": " + std::to_string(shown) +
-                                  (shown == 1 ? " map\n" : " maps\n"));
+        cli::WriteOutput("-", "written " + request.out + ": " +
+                                  cli::Counted(static_cast<std::size_t>(shown), "map") + "\n");
     }
     return cli::kDone;
 }

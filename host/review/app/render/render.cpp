@@ -84,7 +84,7 @@ int RunRender(const RenderRequest& request) {
     StopWhenInterrupted();
     cli::WriteOutput(request.out, contents);
     if (!request.analysis.quiet) {
-        cli::WriteOutput("-", "written " + request.out + ": " + std::to_string(shown) + " plots\n");
+        cli::WriteOutput("-", "written " + request.out + ": " + cli::Counted(shown, "plot") + "\n");
     }
     return cli::kDone;
 }

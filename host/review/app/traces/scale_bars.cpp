@@ -19,6 +19,8 @@ constexpr std::uint8_t kBehind = 190;
 /// Of a line's room, at least 20 pixels.
 constexpr double kMostOfRoom = 0.9;
 constexpr double kLeastHeight = 20;
+/// Bars so many texts high have theirs at the upper end, where it does not lie over the trace.
+constexpr int kHighBar = 3;
 
 } // namespace
 
@@ -74,9 +76,9 @@ std::vector<ScaleBar> ScaleBarsOf(const PageInput& page) {
 void PaintScaleBars(owl::TDC& dc, const PageInput& page) {
     for (const ScaleBar& bar : ScaleBarsOf(page)) {
         const owl::TSize size = dc.GetTextExtent(bar.text);
-        const int y = (bar.top + bar.bottom - size.cy) / 2;
-        dc.BlendRect({bar.x, std::min(bar.top, y), bar.x + size.cx + 10, std::max(bar.bottom, y + size.cy)},
-                     page.colors.background, kBehind);
+        const bool high = bar.bottom - bar.top >= kHighBar * size.cy;
+        const int y = high ? bar.top : (bar.top + bar.bottom - size.cy) / 2;
+        dc.BlendRect({bar.x, y, bar.x + size.cx + 10, y + size.cy}, page.colors.background, kBehind);
         dc.FillRect({bar.x, bar.top, bar.x + 2, bar.bottom}, bar.color);
         dc.FillRect({bar.x, bar.top, bar.x + 5, bar.top + 1}, bar.color);
         dc.FillRect({bar.x, bar.bottom - 1, bar.x + 5, bar.bottom}, bar.color);

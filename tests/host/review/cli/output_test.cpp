@@ -75,6 +75,12 @@ TEST(DurationText, GoesBeyondADay) {
 TEST(Pad, FillsOnTheRight) {
     EXPECT_EQ(Pad("ab", 4), "ab  ");
 }
+TEST(Counted, HasAnSUnlessThereIsOne) {
+    EXPECT_EQ(Counted(0, "plot"), "0 plots");
+    EXPECT_EQ(Counted(1, "EEG sensor"), "1 EEG sensor");
+    EXPECT_EQ(Counted(19, "EEG sensor"), "19 EEG sensors");
+}
+
 TEST(Pad, NegativeWidthFillsOnTheLeft) {
     EXPECT_EQ(Pad("ab", -4), "  ab");
 }

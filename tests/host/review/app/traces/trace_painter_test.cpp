@@ -17,6 +17,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 /// Two lines on 400 × 200 pixels in 10 s; a millimetre is four pixels.
 class TracePainter : public testing::Test {
@@ -89,6 +90,16 @@ TEST_F(TracePainter, WritesTheTimeOfDayBesideTheSecondsOnOneLine) {
     page_.startTime = orvanta::signal::StartTime{2026, 1, 2, 10, 20, 30, 0};
     const auto texts = Painted().Texts();
     EXPECT_THAT(texts, testing::IsSupersetOf({"10:20:30", "0 s", "10:20:35", "5 s"}));
+}
+
+TEST_F(TracePainter, WritesTheScaleBesideTheTrace) {
+    // The bar of 50 µV goes from 45 to 95, the trace along its middle.
+    EXPECT_THAT(Painted().Calls(), Contains(StartsWith("text 61,45 ")));
+}
+
+TEST_F(TracePainter, WritesTheScaleOfALowLineInTheMiddleOfItsBar) {
+    page_.layout.spacing = 20; // 20 µV from 20 to 40
+    EXPECT_THAT(Painted().Calls(), Contains(StartsWith("text 61,24 ")));
 }
 
 TEST_F(TracePainter, SaysThatNegativeIsUp) {
