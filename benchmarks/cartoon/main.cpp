@@ -40,12 +40,12 @@ void StepOfSixteenMaps(benchmark::State& state) {
     view.Play();
     QApplication::processEvents();
     std::uint64_t step = 0;
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         step = (step + 1) % (kEpochs - view.GetNumMaps());
         view.ShowStep(step);
         QApplication::processEvents();
         view.updates.clear();
-    }
+    });
 }
 BENCHMARK(StepOfSixteenMaps)
     ->ArgNames({"electrodes", "heads", "width", "height"})

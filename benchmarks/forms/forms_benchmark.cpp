@@ -36,10 +36,10 @@ void OpenSettings(benchmark::State& state) {
     EventsManager events(256);
     AddEvents(events, state.range(0));
     SpectraMacro macro;
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         TFormSpectrumMacro form(nullptr, "", &macro, &events, {}, 2);
         ShowOnce(form);
-    }
+    });
 }
 BENCHMARK(OpenSettings)->Arg(10)->Arg(200)->Arg(10000)->Unit(benchmark::kMillisecond);
 
@@ -55,10 +55,10 @@ void OpenLibrary(benchmark::State& state) {
     }
     EventsManager events(256);
     AddEvents(events, 10);
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         TFormMacroSpectra form(nullptr, nullptr, &macro, &events, {}, 1, &platform);
         ShowOnce(form);
-    }
+    });
 }
 BENCHMARK(OpenLibrary)->Arg(10)->Arg(1000)->Unit(benchmark::kMillisecond);
 

@@ -77,13 +77,13 @@ void Redraw(benchmark::State& state, bool csa, Paint paint) {
     const std::vector<OverTimeInput> page = Page(static_cast<std::size_t>(state.range(1)), csa);
     QImage image(static_cast<int>(kWidth * scale), static_cast<int>(kHeight * scale), QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         QPainter painter(&image);
         owl::PainterDC dc(painter);
         for (const OverTimeInput& input : page) {
             paint(dc, input);
         }
-    }
+    });
 }
 
 void CompressedArray(benchmark::State& state) {

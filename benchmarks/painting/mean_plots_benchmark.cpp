@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A page of mean spectra at 1920 × 1080 logical pixels: two spectra in every slot with points, drop lines, SD
 // and bands, 65 bins each.
+#include "benchmarks/window_benchmarks.h"
 #include "host/toolkit/painter_dc.h"
 #include "spectrum_view/painting/mean_plot.h"
 #include "tests/spectrum_view/painting/sample_plots.h"
@@ -39,13 +40,13 @@ void MeanPlots(benchmark::State& state) {
     const double scale = static_cast<double>(state.range(1)) / 100;
     QImage image(static_cast<int>(kWidth * scale), static_cast<int>(kHeight * scale), QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
-    for ([[maybe_unused]] const auto round : state) {
+    MeasureRounds(state, [&] {
         QPainter painter(&image);
         owl::PainterDC dc(painter);
         for (const auto& plot : plots) {
             spectrum_view::PaintMeanPlot(dc, plot);
         }
-    }
+    });
 }
 BENCHMARK(MeanPlots)
     ->ArgNames({"side", "scale", "compared"})

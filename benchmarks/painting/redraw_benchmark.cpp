@@ -69,13 +69,13 @@ void Redraw(benchmark::State& state) {
                  static_cast<int>(kPlotsInRow * kPlotHeight * scale), QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::white);
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         QPainter painter(&image);
         owl::PainterDC dc(painter);
         for (const Plot& plot : plots) {
             Draw(dc, plot, static_cast<int>(state.range(1)), state.range(2) != 0);
         }
-    }
+    });
 }
 BENCHMARK(Redraw)
     ->ArgNames({"scale", "pen", "marks"})

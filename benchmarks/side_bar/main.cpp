@@ -103,10 +103,10 @@ void ChooseMain(benchmark::State& state) {
         session.ShowTTest();
     }
     int row = 0;
-    for ([[maybe_unused]] const auto round : state) {
+    MeasureRounds(state, [&] {
         row = (row + 1) % (kAnalyses - 1);
         session.Select("lvMainList", row);
-    }
+    });
     if (session.Computations() != 0) {
         state.SkipWithError("something was computed again");
     }
@@ -118,10 +118,10 @@ void ChooseSecondary(benchmark::State& state) {
     session.Select("lvSecondaryList", kAnalyses - 2);
     session.ShowTTest();
     int row = 0;
-    for ([[maybe_unused]] const auto round : state) {
+    MeasureRounds(state, [&] {
         row = (row + 1) % (kAnalyses - 1);
         session.Select("lvSecondaryList", row);
-    }
+    });
     if (session.Computations() != 0) {
         state.SkipWithError("something was computed again");
     }

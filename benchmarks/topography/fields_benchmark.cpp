@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sixteen maps of 200 × 200 pixels from the values of their electrodes, and a head of 400 × 400 pixels.
 #include "benchmarks/topography/electrodes_for_maps.h"
+#include "benchmarks/window_benchmarks.h"
 #include "host/chart_view/topography/electrode_hull.h"
 #include "host/chart_view/topography/head_picture.h"
 #include "host/chart_view/topography/map_surface.h"
@@ -35,9 +36,8 @@ std::vector<HeadPosition> Points() {
 void WeightsOfAMap(benchmark::State& state) {
     const std::vector<HeadPosition> electrodes = orvanta::SpreadElectrodes(state.range(0));
     const std::vector<HeadPosition> points = Points();
-    for ([[maybe_unused]] const auto round : state) {
-        benchmark::DoNotOptimize(SphericalSpline(electrodes).WeightsAt(points));
-    }
+    orvanta::MeasureRounds(state,
+                           [&] { benchmark::DoNotOptimize(SphericalSpline(electrodes).WeightsAt(points)); });
 }
 BENCHMARK(WeightsOfAMap)->Arg(32)->Arg(64)->Arg(128)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 
@@ -51,10 +51,10 @@ void FieldsOfSixteenMaps(benchmark::State& state) {
     std::vector<float> values(static_cast<std::size_t>(kMaps * state.range(0)));
     std::generate(values.begin(), values.end(), [&] { return normal(random); });
     std::vector<float> fields(kMaps * points.size());
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         Interpolate(weights, values, fields);
         benchmark::DoNotOptimize(fields.data());
-    }
+    });
 }
 BENCHMARK(FieldsOfSixteenMaps)
     ->Arg(32)
@@ -73,7 +73,7 @@ void TurningHead(benchmark::State& state) {
         covers.push_back(static_cast<float>(direction.z + 0.3));
     }
     HeadView view = kFrontView;
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         view = Dragged(view, 7, 0, kHeadSide);
         benchmark::DoNotOptimize(PictureOf({mesh,
                                             values,
@@ -87,7 +87,7 @@ void TurningHead(benchmark::State& state) {
                                             kHeadSide,
                                             static_cast<int>(state.range(0)),
                                             6}));
-    }
+    });
 }
 BENCHMARK(TurningHead)->Arg(1)->Arg(2)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 

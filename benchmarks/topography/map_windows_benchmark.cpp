@@ -51,13 +51,13 @@ void NewValuesOfSixteenMaps(benchmark::State& state) {
     const std::vector<ElectInfo> electrodes = Electrodes(state.range(0));
     const auto windows = Windows(kMaps, kSide, electrodes, state.range(1) != 0);
     double phase = 0;
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         for (const auto& window : windows) {
             phase += 0.1;
             window->SetValues(Values(electrodes, phase), "Time: 12.5 sec.", true);
             window->UpdateWindow();
         }
-    }
+    });
 }
 BENCHMARK(NewValuesOfSixteenMaps)
     ->ArgNames({"electrodes", "3d"})
@@ -76,11 +76,11 @@ void TurningAWindow(benchmark::State& state) {
     };
     drag(owl::WindowEvent::LButtonDown, owl::kMkLButton, {0, 200});
     int x = 0;
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         x += 7;
         drag(owl::WindowEvent::MouseMove, owl::kMkLButton, {x, 200});
         window.UpdateWindow();
-    }
+    });
 }
 BENCHMARK(TurningAWindow)
     ->ArgName("electrodes")

@@ -85,11 +85,11 @@ void TracePage(benchmark::State& state) {
     QImage image(static_cast<int>(kWindow.Width() * scale), static_cast<int>(kWindow.Height() * scale),
                  QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
-    for ([[maybe_unused]] const auto round : state) {
+    orvanta::MeasureRounds(state, [&] {
         QPainter painter(&image);
         owl::PainterDC dc(painter);
         PaintPage(dc, page.input, {});
-    }
+    });
 }
 BENCHMARK(TracePage)
     ->ArgNames({"scale", "columns"})
