@@ -99,7 +99,8 @@ public:
         int sum = 0;
         for (std::size_t row = first; row < end; ++row) {
             sum += std::exchange(steps_[row], 0);
-            coverage_[row] = static_cast<std::uint8_t>((sum * (255 / kStrips) + kPart / 2) / kPart);
+            coverage_[row] =
+                static_cast<std::uint8_t>((static_cast<unsigned>(sum) * (255 / kStrips) + kPart / 2) / kPart);
         }
         std::fill_n(steps_.begin() + last_, 2, 0);
         while (end > first && coverage_[end - 1] == 0) {
@@ -115,9 +116,9 @@ private:
 
     /// From this height on the rows below count so much more. \return the row
     int Step(float at, int change) {
-        const int parts = static_cast<int>(at * kPart);
-        const int row = parts / kPart;
-        const int below = parts % kPart;
+        const auto parts = static_cast<unsigned>(static_cast<int>(at * kPart));
+        const auto row = static_cast<int>(parts / kPart);
+        const auto below = static_cast<int>(parts % kPart);
         steps_[static_cast<std::size_t>(row)] += change * (kPart - below);
         steps_[static_cast<std::size_t>(row) + 1] += change * below;
         return row;

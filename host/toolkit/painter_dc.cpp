@@ -22,14 +22,10 @@ namespace {
 /// Up to this size, in logical pixels, an ellipse is a mark.
 constexpr int kLargestMark = 24;
 constexpr std::size_t kMarksKept = 64;
-/// Dots in the picture from which dotted lines are copied.
-constexpr int kDotsKept = 128;
 /// Up to this width, in device pixels, the lines of a curve are drawn one by one.
 constexpr double kWidestSeparateLine = 6;
 /// From so many corners on a polygon is filled in two steps.
 constexpr int kManyCorners = 16;
-/// So many dot lengths from dot to dot, as Qt's own dotted pen has it.
-constexpr int kDotPitch = 3;
 
 using Points = QVarLengthArray<QPointF, 512>;
 
@@ -152,7 +148,11 @@ void PainterDC::SelectFont(const TFont& font) {
         return;
     }
     font_ = FontFor(font);
-    painter_.setFont(font_->Font());
+    if (!onGrid_) {
+        painter_.setFont(font_->Font());
+    } else if (tools_ == Tools::Text) {
+        tools_ = Tools::None; // texts are measured in more fonts than they are drawn in
+    }
 }
 
 void PainterDC::SetTextColor(TColor color) {
@@ -185,6 +185,7 @@ void PainterDC::Take(Tools tools) {
         painter_.setBrush(ToQBrush(brush_));
         break;
     case Tools::Text:
+        painter_.setFont(font_->Font());
         painter_.setPen(ToQColor(textColor_));
         break;
     case Tools::None:
@@ -218,6 +219,14 @@ int PainterDC::GridWidth(int penWidth) const {
     return std::max(1, static_cast<int>(penWidth * scale_));
 }
 
+QImage* PainterDC::Picture() const {
+    return onGrid_ ? PaintedPicture(painter_) : nullptr;
+}
+
+QRect PainterDC::SeenOf(const QImage& picture) const {
+    return clip_ ? *clip_ & picture.rect() : picture.rect();
+}
+
 void PainterDC::FillGrid(const QRect& area, const QColor& color) {
     SetSmooth(false);
     painter_.fillRect(QRectF((area.x() - origin_.x()) / scale_, (area.y() - origin_.y()) / scale_,
@@ -231,47 +240,16 @@ void PainterDC::FillStrip(const QRect& strip, const TPen& pen) {
         FillGrid(strip, color);
         return;
     }
+    if (QImage* picture = Picture()) {
+        PaintDots(*picture, SeenOf(*picture), strip, color.rgb());
+        return;
+    }
     const bool level = strip.width() >= strip.height();
     const int dot = std::max(1, level ? strip.height() : strip.width());
-    const int length = level ? strip.width() : strip.height();
-    const int most = onGrid_ ? kDotsKept * kDotPitch * dot : kDotPitch * dot;
-    for (int done = 0; done < length; done += most) {
-        const int part = std::min(most, length - done);
-        const QRect place = level ? QRect(strip.x() + done, strip.y(), part, dot)
-                                  : QRect(strip.x(), strip.y() + done, dot, part);
-        if (onGrid_) {
-            SetSmooth(false);
-            painter_.drawImage(
-                QPointF((place.x() - origin_.x()) / scale_, (place.y() - origin_.y()) / scale_),
-                DotsOf(pen.color, dot, level), QRectF(QPointF(), QSizeF(place.size())));
-        } else {
-            FillGrid(place & QRect(place.topLeft(), QSize(dot, dot)), color);
-        }
+    for (int done = 0; done < std::max(strip.width(), strip.height()); done += kDotPitch * dot) {
+        const QPoint at = strip.topLeft() + (level ? QPoint(done, 0) : QPoint(0, done));
+        FillGrid(QRect(at, QSize(dot, dot)) & strip, color);
     }
-}
-
-const QImage& PainterDC::DotsOf(TColor color, int dot, bool level) {
-    const auto known = std::find_if(dots_.rbegin(), dots_.rend(), [&](const Dots& dots) {
-        return dots.color == color && dots.dot == dot && dots.level == level;
-    });
-    if (known != dots_.rend()) {
-        std::iter_swap(known, dots_.rbegin());
-        return dots_.back().picture;
-    }
-    if (dots_.size() >= kMarksKept) {
-        dots_.clear();
-    }
-    const int length = kDotsKept * kDotPitch * dot;
-    QImage picture(level ? length : dot, level ? dot : length, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    for (int done = 0; done < length; done += kDotPitch * dot) {
-        painter.fillRect(level ? done : 0, level ? 0 : done, dot, dot, ToQColor(color));
-    }
-    painter.end();
-    picture.setDevicePixelRatio(scale_);
-    dots_.push_back({color, dot, level, std::move(picture)});
-    return dots_.back().picture;
 }
 
 void PainterDC::Border(const TRect& rect, const TPen& pen) {
@@ -368,7 +346,7 @@ void PainterDC::Curve(std::span<const TPointF> points, double width) {
     if (pen_.style == PenStyle::None) {
         return;
     }
-    QImage* picture = onGrid_ ? PaintedPicture(painter_) : nullptr;
+    QImage* picture = Picture();
     const auto isFinite = [](const TPointF& point) {
         return std::isfinite(point.x) && std::isfinite(point.y);
     };
@@ -381,8 +359,8 @@ void PainterDC::Curve(std::span<const TPointF> points, double width) {
         }
         const std::span<const TPointF> part(first, last);
         if (picture != nullptr) {
-            const QRect area = clip_ ? ToGrid(*clip_) & picture->rect() : picture->rect();
-            PaintCurve(*picture, area, part, {scale_, origin_, width, ToQColor(pen_.color).rgb()});
+            PaintCurve(*picture, SeenOf(*picture), part,
+                       {scale_, origin_, width, ToQColor(pen_.color).rgb()});
         } else {
             FineLines(part, width);
         }
@@ -489,7 +467,7 @@ void PainterDC::FrameRect(const TRect& rect, TColor color) {
 }
 
 void PainterDC::SetClip(const TRect& rect) {
-    clip_ = rect;
+    clip_ = painter_.deviceTransform().mapRect(ToQRect(rect));
     painter_.setClipRect(ToQRect(rect), Qt::ReplaceClip);
 }
 

@@ -59,13 +59,6 @@ private:
         TBrush brush;
         QImage picture;
     };
-    /// A dotted strip, painted once and then copied piece by piece.
-    struct Dots {
-        TColor color = 0;
-        int dot = 0; ///< side of a dot, grid pixels
-        bool level = false;
-        QImage picture;
-    };
 
     void Take(Tools tools);
     void SetSmooth(bool smooth);
@@ -73,6 +66,10 @@ private:
     int GridY(int y) const;
     QRect ToGrid(const TRect& rect) const;
     int GridWidth(int penWidth) const;
+    /// Whose pixels can be written; null when there is none.
+    QImage* Picture() const;
+    /// What the clip leaves of it.
+    QRect SeenOf(const QImage& picture) const;
     void FillGrid(const QRect& area, const QColor& color);
     void FillStrip(const QRect& strip, const TPen& pen);
     void Border(const TRect& rect, const TPen& pen);
@@ -82,13 +79,12 @@ private:
     void FineLines(std::span<const TPointF> points, double width);
     void FillPolygon(std::span<const TPoint> points);
     const QImage& MarkOf(const TSize& size);
-    const QImage& DotsOf(TColor color, int dot, bool level);
 
     QPainter& painter_;
     double scale_ = 1; ///< grid pixels to a logical one; the grid is the device's where that can be addressed
     QPointF origin_;   ///< of the logical pixels on the grid
     bool onGrid_ = false;
-    std::optional<TRect> clip_;
+    std::optional<QRect> clip_; ///< device pixels
     TPen pen_;
     TBrush brush_;
     std::shared_ptr<SetFont> font_;
@@ -97,7 +93,6 @@ private:
     Tools tools_ = Tools::None;
     bool smooth_ = true;
     std::vector<Mark> marks_;
-    std::vector<Dots> dots_;
 };
 
 } // namespace owl
