@@ -411,7 +411,9 @@ const QImage& PainterDC::MarkOf(const TSize& size) {
         return mark.size == size && mark.pen == pen_ && mark.brush == brush_;
     });
     if (known != marks_.rend()) {
-        std::iter_swap(known, marks_.rbegin()); // the next one is mostly the same
+        if (known != marks_.rbegin()) {
+            std::iter_swap(known, marks_.rbegin()); // the next one is mostly the same
+        }
         return marks_.back().picture;
     }
     if (marks_.size() >= kMarksKept) {

@@ -90,22 +90,20 @@ std::optional<PlacedTexts> VerticalNumbers(const owl::TRect& slot, const Vertica
     const int right = VerticalNumbersRight(slot);
     const int height = DigitRowsOf(extent("0").cy).height;
     const double unit = std::pow(10.0, power);
-    const auto fits = [&](double value) { return extent(OneDecimal(value / unit)).cx <= right - area.left; };
     PlacedTexts numbers;
     for (const double value : values) {
         if (range.divisions == 0 && !IsOneDecimal(value / unit)) {
             return std::nullopt;
         }
-        if (!fits(value)) {
+        std::string text = OneDecimal(value / unit);
+        if (extent(text).cx > right - area.left) {
             if (wide == TooWide::LeaveOut) {
                 continue;
             }
             return std::nullopt;
         }
         const int top = std::max(area.top, ValueY(slot, range, value) - height / 2);
-        PlacedText number =
-            PlacedDigits(OneDecimal(value / unit), right, top, owl::TextAlign::Right, area, extent);
-        numbers.push_back(std::move(number));
+        numbers.push_back(PlacedDigits(std::move(text), right, top, owl::TextAlign::Right, area, extent));
     }
     if (numbers.size() < 2 || HasEqualNeighbours(numbers) || !Fits(numbers, area, 0, {})) {
         return std::nullopt;

@@ -148,6 +148,39 @@ TEST_F(WidePicture, GoesOnWithItsDotsAlongALongLine) {
     }
 }
 
+TEST_F(WidePicture, DotsStandWhereTheyDoWithoutAClip) {
+    dc.SelectPen({kBlack, 1, owl::PenStyle::Dotted});
+    dc.SetClip({20, 20, 100, 100});
+    dc.Line({10, 25}, {200, 25});
+    dc.Line({25, 10}, {25, 200});
+    for (int i = 0; i < 200; ++i) {
+        const bool dot = i >= 20 && i < 100 && (i - 10) % 3 == 0;
+        EXPECT_EQ(IsBlack(i, 25), dot) << i;
+        EXPECT_EQ(IsBlack(25, i), dot) << i;
+    }
+}
+
+TEST(PainterDC, DrawsTheSameDotsWhereItsPixelsCannotBeWritten) {
+    QImage image(12, 12, QImage::Format_RGB888);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    owl::PainterDC dc(painter);
+    dc.SelectPen({kBlack, 1, owl::PenStyle::Dotted});
+    dc.Line({1, 5}, {9, 5});
+    for (int x = 0; x < 12; ++x) {
+        EXPECT_EQ(image.pixelColor(x, 5) == Qt::black, x == 1 || x == 4 || x == 7) << x;
+    }
+}
+
+TEST_F(WidePicture, AWideCurveStaysInsideTheClip) {
+    dc.SelectPen({kBlack, 2});
+    dc.SetClip({20, 0, 40, 1000});
+    dc.Polyline(std::vector<owl::TPoint>{{10, 10}, {30, 50}, {50, 90}});
+    EXPECT_TRUE(IsBlack(30, 50));
+    EXPECT_EQ(image.pixelColor(19, 28), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(40, 70), QColor(Qt::white));
+}
+
 TEST_F(WidePicture, DotsAreInTheColorSelectedLast) {
     dc.SelectPen({kRed, 1, owl::PenStyle::Dotted});
     dc.Line({10, 5}, {10, 50});
