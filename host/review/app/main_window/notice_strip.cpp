@@ -2,6 +2,7 @@
 #include "host/review/app/main_window/notice_strip.h"
 
 #include "host/review/app/main_window/host_text.h"
+#include "host/toolkit/event_guard.h"
 #include "host/toolkit/icon.h"
 #include "host/toolkit/modal_gateway.h"
 
@@ -62,7 +63,7 @@ QString NoticeStrip::Text() const {
 void NoticeStrip::AddAction(const QString& name, const QString& caption, std::function<void()> run) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
-    connect(button, &QPushButton::clicked, this, std::move(run));
+    connect(button, &QPushButton::clicked, this, [run = std::move(run)] { owl::RunGuarded(run); });
     auto* row = static_cast<QHBoxLayout*>(layout());
     row->insertWidget(row->indexOf(close_), button);
     setTabOrder(button, close_);
@@ -71,7 +72,7 @@ void NoticeStrip::AddAction(const QString& name, const QString& caption, std::fu
 void NoticeStrip::WhenClosed(const QString& tip, std::function<void()> closed) {
     close_->setToolTip(tip);
     close_->setAccessibleName(tip);
-    connect(close_, &QToolButton::clicked, this, std::move(closed));
+    connect(close_, &QToolButton::clicked, this, [closed = std::move(closed)] { owl::RunGuarded(closed); });
 }
 
 } // namespace orvanta::review

@@ -69,7 +69,7 @@ void WorkGui::WhenIdle(std::function<void()> action) {
     if (IsBusy()) {
         waiting_ = std::move(action);
     } else if (QApplication::activeModalWidget() == nullptr) {
-        action();
+        owl::RunGuarded(action);
     }
 }
 

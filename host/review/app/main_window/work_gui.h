@@ -23,10 +23,10 @@ public:
     std::unique_ptr<GenericProgress> CreateProgress(const std::string& text) const override;
 
     bool IsBusy() const { return running_ > 0; }
-    /// Runs it now; while work goes on, cancels that, tells no failures any more, and runs it from the event
-    /// loop when all is done. Only the last one given is run. Nothing is run while a dialog waits for the
-    /// user, as what it is about must not go: what has waited for work waits for a dialog that comes up then,
-    /// too, and anything else is dropped.
+    /// Runs it now, telling its failure; while work goes on, cancels that, tells no failures any more, and
+    /// runs it from the event loop when all is done. Only the last one given is run. Nothing is run while a
+    /// dialog waits for the user, as what it is about must not go: what has waited for work waits for a
+    /// dialog that comes up then, too, and anything else is dropped.
     void WhenIdle(std::function<void()> action);
 
 private:

@@ -105,16 +105,18 @@ TEST(Work, IsToldOfNothingOnceItIsToEnd) {
     EXPECT_FALSE(ended);
 }
 
-TEST(Work, TellsWhyWhatHasWaitedFailed) {
-    test::ScriptedUser user;
-    user.AnswersMessage(owl::kIdOk);
-    review::WorkGui gui;
-    auto progress = gui.CreateProgress("Computing Spectra...");
-    gui.WhenIdle([] { throw std::runtime_error("cannot be computed"); });
-    progress.reset();
-    QCoreApplication::processEvents();
-    ASSERT_EQ(user.Messages().size(), 1U);
-    EXPECT_EQ(user.Messages()[0].text, "This could not be finished:\ncannot be computed");
+TEST(Work, TellsWhyWhatIsRunFailedAtOnceOrLater) {
+    for (const bool busy : {false, true}) {
+        test::ScriptedUser user;
+        user.AnswersMessage(owl::kIdOk);
+        review::WorkGui gui;
+        auto progress = busy ? gui.CreateProgress("Computing Spectra...") : nullptr;
+        gui.WhenIdle([] { throw std::runtime_error("cannot be computed"); });
+        progress.reset();
+        QCoreApplication::processEvents();
+        ASSERT_EQ(user.Messages().size(), 1U) << busy;
+        EXPECT_EQ(user.Messages()[0].text, "This could not be finished:\ncannot be computed");
+    }
 }
 
 TEST(Work, RunsWhatHasWaitedWhenAllIsDone) {
