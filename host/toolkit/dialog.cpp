@@ -130,15 +130,6 @@ void TDialog::OnClick(int controlId, std::function<void()> handler) {
     }
 }
 
-void TDialog::OnSelect(int controlId, std::function<void()> handler) {
-    if (auto* view = Item<QAbstractItemView>(controlId)) {
-        connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-                [handler = std::move(handler)] { handler(); });
-    } else if (auto* combo = Item<QComboBox>(controlId)) {
-        connect(combo, &QComboBox::currentIndexChanged, this, [handler = std::move(handler)] { handler(); });
-    }
-}
-
 void TDialog::OnTextChange(int controlId, std::function<void()> handler) {
     auto call = [handler = std::move(handler)] { handler(); };
     if (auto* edit = Item<QLineEdit>(controlId)) {

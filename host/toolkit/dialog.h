@@ -63,10 +63,8 @@ protected:
     /// Fills the controls. Called once before the dialog comes up or is rendered.
     virtual void SetupWindow();
 
-    // Notifications by number. Clicks are the user's; selections and texts are told whoever changes them.
+    // Notifications by number. Clicks are the user's; texts are told whoever changes them.
     void OnClick(int controlId, std::function<void()> handler);
-    /// Another row of a list or another entry of a combo box was selected.
-    void OnSelect(int controlId, std::function<void()> handler);
     void OnTextChange(int controlId, std::function<void()> handler);
 
     /// May be null.

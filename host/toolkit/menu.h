@@ -24,12 +24,9 @@ struct MenuItem {
 /// does nothing. GUI thread.
 class ORVANTA_TOOLKIT_API TMenu : public QMenu {
 public:
-    /// \param handler must outlive the menu or be taken away; may be null
+    /// \param handler must outlive the menu; may be null
     explicit TMenu(std::span<const MenuItem> items, TEventHandler* handler = nullptr,
                    QWidget* parent = nullptr);
-
-    /// From now on this handler runs the commands; null for none.
-    void SetHandler(TEventHandler* handler) { handler_ = handler; }
 
     void CheckMenuItem(unsigned id, bool check);
     void EnableMenuItem(unsigned id, bool enable);

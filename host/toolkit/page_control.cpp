@@ -181,14 +181,6 @@ int TPageControl::GetPageCount() const {
     return pages_->count();
 }
 
-TTabSheet* TPageControl::GetPage(int index) const {
-    return dynamic_cast<TTabSheet*>(pages_->widget(index));
-}
-
-int TPageControl::GetActivePage() const {
-    return pages_->currentIndex();
-}
-
 void TPageControl::SetActivePage(int index) {
     pages_->setCurrentIndex(index);
 }

@@ -38,11 +38,7 @@ public:
     /// An empty page behind the others; the first one is shown.
     TTabSheet& AddPage(const QString& caption);
     int GetPageCount() const;
-    /// From 0; null for a number that no page has.
-    TTabSheet* GetPage(int index) const;
-    /// -1 without pages.
-    int GetActivePage() const;
-    /// Nothing for a number that no page has.
+    /// From 0. Nothing for a number that no page has.
     void SetActivePage(int index);
 
 protected:

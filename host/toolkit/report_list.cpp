@@ -56,17 +56,6 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     header()->setStretchLastSection(true);
 }
 
-void ReportList::SetColumns(std::span<const Column> columns) {
-    QStringList titles;
-    for (const Column& column : columns) {
-        titles << column.title;
-    }
-    setHeaderLabels(titles);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        setColumnWidth(static_cast<int>(i), columns[i].width);
-    }
-}
-
 void ReportList::StretchCaptions() {
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -114,16 +103,6 @@ void ReportList::SelectRow(QTreeWidgetItem* row, bool selected) {
     } else {
         row->setSelected(selected);
     }
-}
-
-QStringList ReportList::SelectedCaptions() const {
-    QStringList captions;
-    for (int i = 0; i < topLevelItemCount(); ++i) {
-        if (topLevelItem(i)->isSelected()) {
-            captions << topLevelItem(i)->text(0);
-        }
-    }
-    return captions;
 }
 
 void ReportList::ClearRows() {

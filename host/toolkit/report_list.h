@@ -7,22 +7,14 @@
 #include <QStringList>
 #include <QTreeWidget>
 
-#include <span>
-
 namespace owl {
 
 /// Rows with a caption and further columns, selected as a whole, with grid lines, read-only. The selection
 /// stays visible when the focus goes elsewhere.
 class ORVANTA_TOOLKIT_API ReportList : public QTreeWidget {
 public:
-    struct Column {
-        QString title;
-        int width; ///< logical pixels
-    };
-
     explicit ReportList(QWidget* parent = nullptr);
 
-    void SetColumns(std::span<const Column> columns);
     /// Gives the captions the room that the other columns leave; these keep their widths, or take those of
     /// their titles where these are wider.
     void StretchCaptions();
@@ -38,8 +30,6 @@ public:
     /// Selects or deselects without touching other rows, but where only one may be selected: there the
     /// selected row is the current one, too.
     void SelectRow(QTreeWidgetItem* row, bool selected = true);
-    /// Captions of the selected rows, from the top.
-    QStringList SelectedCaptions() const;
     /// Removes all rows; tells no one.
     void ClearRows();
 

@@ -15,7 +15,6 @@ using orvanta::test::FormUser;
 using orvanta::test::ScriptedUser;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 constexpr unsigned kNumber = 1626;
 
@@ -26,7 +25,6 @@ public:
         : PDialog(nullptr, number, module) {}
 
     using PDialog::OnClick;
-    using PDialog::OnSelect;
     using PDialog::OnTextChange;
 
     void Destroy(int retValue) override {
@@ -219,25 +217,22 @@ TEST_F(TDialogTest, TellsOfClicksButNotOfChecksByTheProgram) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(TDialogTest, TellsOfSelectedRowsAndChangedTexts) {
+TEST_F(TDialogTest, TellsOfChangedTexts) {
     LoggingDialog dialog;
     std::vector<std::string> told;
-    dialog.OnSelect(100, [&] { told.emplace_back("row"); });
-    dialog.OnSelect(105, [&] { told.emplace_back("entry"); });
     dialog.OnTextChange(106, [&] { told.emplace_back("edit"); });
     dialog.OnTextChange(104, [&] { told.emplace_back("memo"); });
     dialog.OnTextChange(105, [&] { told.emplace_back("combo"); });
     dialog.OnClick(999, [&] { told.emplace_back("nothing"); });
     dialog.show();
     told.clear();
-    FormUser(dialog).SelectsRow("electrodes", 1);
     FormUser(dialog).Types("edit", "7");
     dialog.SetDlgItemText(104, "free");
     dialog.SetDlgItemText(105, "REM");
-    EXPECT_THAT(told, ElementsAre("row", "edit", "memo", "combo"));
+    EXPECT_THAT(told, ElementsAre("edit", "memo", "combo"));
     told.clear();
     dialog.Item<QComboBox>(105)->setCurrentIndex(1);
-    EXPECT_THAT(told, UnorderedElementsAre("entry", "combo"));
+    EXPECT_THAT(told, ElementsAre("combo"));
 }
 
 TEST_F(TDialogTest, TakesTextsFromItsModule) {

@@ -41,8 +41,8 @@ protected:
 
 TEST_F(Pages, StartWithNone) {
     EXPECT_EQ(control.GetPageCount(), 0);
-    EXPECT_EQ(control.GetActivePage(), -1);
-    EXPECT_EQ(control.GetPage(0), nullptr);
+    control.SetActivePage(0);
+    EXPECT_EQ(control.GetPageCount(), 0);
 }
 
 TEST_F(Pages, ShowTheFirstUntilTheTabOfAnotherIsClicked) {
@@ -52,36 +52,39 @@ TEST_F(Pages, ShowTheFirstUntilTheTabOfAnotherIsClicked) {
     EXPECT_TRUE(first.isVisible());
     EXPECT_TRUE(Tab(0).isChecked());
     QTest::mouseClick(&Tab(1), Qt::LeftButton);
-    EXPECT_EQ(control.GetActivePage(), 1);
     EXPECT_TRUE(second.isVisible());
     EXPECT_FALSE(first.isVisible());
     control.SetActivePage(0);
+    EXPECT_TRUE(first.isVisible());
     EXPECT_TRUE(Tab(0).isChecked());
     EXPECT_FALSE(Tab(1).isChecked());
 }
 
 TEST_F(Pages, AreChangedWithTheArrowKeys) {
     control.AddPage("One");
-    control.AddPage("Two");
+    const owl::TTabSheet& second = control.AddPage("Two");
     control.show();
     control.activateWindow();
     QApplication::processEvents();
     Tab(0).setFocus();
     ASSERT_TRUE(Tab(0).hasFocus());
     QTest::keyClick(&Tab(0), Qt::Key_Right);
-    EXPECT_EQ(control.GetActivePage(), 1);
+    EXPECT_TRUE(second.isVisible());
 }
 
 TEST_F(Pages, GoWithTheirTabs) {
-    control.AddPage("One");
-    control.AddPage("Two");
-    control.AddPage("Three");
-    delete control.GetPage(0);
+    const auto* first = &control.AddPage("One");
+    const owl::TTabSheet& second = control.AddPage("Two");
+    const owl::TTabSheet& third = control.AddPage("Three");
+    control.show();
+    delete first;
     EXPECT_EQ(control.GetPageCount(), 2);
     EXPECT_EQ(Tab(0).text(), "Two");
-    EXPECT_TRUE(Tab(control.GetActivePage()).isChecked());
+    EXPECT_EQ(Tab(0).isChecked(), second.isVisible());
+    EXPECT_EQ(Tab(1).isChecked(), third.isVisible());
+    EXPECT_NE(second.isVisible(), third.isVisible());
     Tab(1).click(); // still knows its page
-    EXPECT_EQ(control.GetActivePage(), 1);
+    EXPECT_TRUE(third.isVisible());
 }
 
 TEST_F(Pages, AreFilledByWhatTheyTake) {
@@ -96,17 +99,17 @@ TEST_F(Pages, AreFilledByWhatTheyTake) {
 }
 
 TEST_F(Pages, StandBelowAsManyLinesOfTabsAsItTakes) {
-    for (const char* caption : {"A long caption", "Another long caption", "A third long caption"}) {
-        control.AddPage(caption);
-    }
+    const owl::TTabSheet& first = control.AddPage("A long caption");
+    control.AddPage("Another long caption");
+    control.AddPage("A third long caption");
     control.resize(2000, 300);
     control.show();
     const int line = Tab(0).height();
-    const int oneLine = control.GetPage(0)->height();
+    const int oneLine = first.height();
     EXPECT_EQ(Tab(2).y(), 0);
     control.resize(Tab(1).width() + 1, 300);
     EXPECT_EQ(Tab(2).geometry().topLeft(), QPoint(0, 2 * line));
-    EXPECT_EQ(control.GetPage(0)->height(), oneLine - 2 * line);
+    EXPECT_EQ(first.height(), oneLine - 2 * line);
 }
 
 } // namespace

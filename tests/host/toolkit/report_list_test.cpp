@@ -7,19 +7,33 @@
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace {
 
 using orvanta::test::FormUser;
 using owl::ReportList;
 
-const std::array<ReportList::Column, 2> kColumns{{{"Macro", 88}, {"Count", 45}}};
+/// As a form has it.
+struct TwoColumns : ReportList {
+    explicit TwoColumns(QWidget* parent = nullptr) : ReportList(parent) {
+        setHeaderLabels({"Macro", "Count"});
+        setColumnWidth(0, 88);
+    }
+};
 
 QStringList Captions(const ReportList& list) {
     QStringList captions;
     for (int i = 0; i < list.topLevelItemCount(); ++i) {
         captions << list.topLevelItem(i)->text(0);
+    }
+    return captions;
+}
+
+QStringList SelectedCaptions(const ReportList& list) {
+    QStringList captions;
+    for (int i = 0; i < list.topLevelItemCount(); ++i) {
+        if (list.topLevelItem(i)->isSelected()) {
+            captions << list.topLevelItem(i)->text(0);
+        }
     }
     return captions;
 }
@@ -33,26 +47,15 @@ int CountOther(const QImage& image, QPoint from, QPoint step, int count, const Q
     return other;
 }
 
-TEST(ReportList, HasColumnsOfTheirWidths) {
-    ReportList list;
-    list.SetColumns(kColumns);
-    ASSERT_EQ(list.columnCount(), 2);
-    EXPECT_EQ(list.headerItem()->text(0), "Macro");
-    EXPECT_EQ(list.headerItem()->text(1), "Count");
-    EXPECT_EQ(list.columnWidth(0), 88);
-}
-
 TEST(ReportList, KeepsRowsInTheOrderTheyCame) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     list.AddRow({"b"});
     list.AddRow({"a"});
     EXPECT_EQ(Captions(list), QStringList({"b", "a"}));
 }
 
 TEST(ReportList, OrdersRowsByCaptionIgnoringCase) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     list.SortByCaption();
     for (const char* caption : {"delta", "Alpha", "beta", "alpha", "Beta"}) {
         list.AddRow({caption});
@@ -63,8 +66,7 @@ TEST(ReportList, OrdersRowsByCaptionIgnoringCase) {
 }
 
 TEST(ReportList, KeepsRowsBehindTheOthersThatArePutLast) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     for (const char* caption : {"b", "D", "a", "c"}) {
         QTreeWidgetItem* row = list.AddRow({caption});
         if (*caption == 'a' || *caption == 'b') {
@@ -78,8 +80,7 @@ TEST(ReportList, KeepsRowsBehindTheOthersThatArePutLast) {
 TEST(ReportList, CarriesDataWithItsRows) {
     const int first = 1;
     const int second = 2;
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     list.SortByCaption();
     list.AddRow({"b", "2"}, &second);
     list.AddRow({"a", "1"}, &first);
@@ -91,38 +92,35 @@ TEST(ReportList, CarriesDataWithItsRows) {
 }
 
 TEST(ReportList, SelectsOneRowUnlessTold) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     auto* first = list.AddRow({"a", "1"});
     auto* second = list.AddRow({"b", "2"});
     list.SelectRow(first);
     const QSignalSpy told(&list, &QTreeWidget::itemSelectionChanged);
     list.SelectRow(second);
     EXPECT_EQ(told.count(), 1);
-    EXPECT_EQ(list.SelectedCaptions(), QStringList({"b"}));
+    EXPECT_EQ(SelectedCaptions(list), QStringList({"b"}));
     list.SetMultiSelect(true);
     list.SelectRow(first);
-    EXPECT_EQ(list.SelectedCaptions(), QStringList({"a", "b"}));
+    EXPECT_EQ(SelectedCaptions(list), QStringList({"a", "b"}));
     list.SelectRow(second, false);
-    EXPECT_EQ(list.SelectedCaptions(), QStringList({"a"}));
+    EXPECT_EQ(SelectedCaptions(list), QStringList({"a"}));
 }
 
 TEST(ReportList, SelectsTheWholeRowWhereverItIsClicked) {
     QWidget parent;
-    ReportList list(&parent);
+    TwoColumns list(&parent);
     list.setObjectName("list");
-    list.SetColumns(kColumns);
     list.AddRow({"a", "1"});
     list.AddRow({"b", "2"});
     parent.show();
     FormUser(parent).SelectsRow("list", 1);
-    EXPECT_EQ(list.SelectedCaptions(), QStringList({"b"}));
+    EXPECT_EQ(SelectedCaptions(list), QStringList({"b"}));
     EXPECT_TRUE(list.selectionModel()->isRowSelected(1));
 }
 
 TEST(ReportList, TellsOfSelectionsButNotOfClearing) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     list.SelectRow(list.AddRow({"a", "1"}));
     const QSignalSpy told(&list, &QTreeWidget::itemSelectionChanged);
     list.ClearRows();
@@ -133,8 +131,7 @@ TEST(ReportList, TellsOfSelectionsButNotOfClearing) {
 }
 
 TEST(ReportList, CannotBeEdited) {
-    ReportList list;
-    list.SetColumns(kColumns);
+    TwoColumns list;
     list.AddRow({"a", "1"});
     EXPECT_EQ(list.editTriggers(), QAbstractItemView::NoEditTriggers);
 }
@@ -144,12 +141,11 @@ TEST(ReportList, ShowsGridLinesOnLightAndDarkGround) {
         QColor ground, text;
     };
     for (const Case& one : {Case{Qt::white, Qt::black}, Case{QColor(30, 30, 30), Qt::white}}) {
-        ReportList list;
+        TwoColumns list;
         QPalette palette;
         palette.setColor(QPalette::Base, one.ground);
         palette.setColor(QPalette::Text, one.text);
         list.setPalette(palette);
-        list.SetColumns(kColumns);
         const QRect row = [&] {
             auto* item = list.AddRow({"", ""});
             list.resize(200, 150);

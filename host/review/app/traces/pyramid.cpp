@@ -274,12 +274,4 @@ TracePage Pyramid::Read(const PageRequest& request, std::span<const std::size_t>
     return page;
 }
 
-std::size_t Pyramid::Bytes() const {
-    std::size_t bytes = 0;
-    for (const auto& group : groups_) {
-        bytes += group->grid.BucketCount() * group->lines.Members().size() * sizeof(TraceColumn);
-    }
-    return bytes;
-}
-
 } // namespace orvanta::review

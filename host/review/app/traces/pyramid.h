@@ -45,8 +45,6 @@ public:
     /// it, or, where it is narrower than a bucket, the one in which it begins. Those that are not built yet
     /// are empty, and the page is not complete then.
     TracePage Read(const PageRequest& request, std::span<const std::size_t> wanted) const;
-    /// Bytes of all buckets.
-    std::size_t Bytes() const;
 
 private:
     struct Group;

@@ -135,7 +135,9 @@ TEST(Pyramid, StaysBelowItsBudget) {
     };
     for (const std::size_t budget : {std::size_t{20000}, std::size_t{5000}, std::size_t{1000}}) {
         const Built built(data(), budget);
-        EXPECT_LE(built.pyramid.Bytes(), budget);
+        const auto share = static_cast<int>(budget / sizeof(TraceColumn) / 2); // of each line
+        EXPECT_FALSE(built.pyramid.IsFineEnough({0, 600, share + 1}));
+        EXPECT_TRUE(built.pyramid.IsFineEnough({0, 600, share / 4}));
         EXPECT_EQ(built.Columns({0, 600, 1}), BruteForce(Wandering(64 * 600, 8), 64 * 600));
     }
 }
@@ -146,8 +148,8 @@ TEST(Pyramid, HasRoomForADayOf256LinesIn64Megabytes) {
 
     const Pyramid pyramid(recording->GetRecording(), lines, {}, std::size_t{64} << 20);
 
-    EXPECT_LE(pyramid.Bytes(), std::size_t{64} << 20);
-    EXPECT_GT(pyramid.Bytes(), std::size_t{32} << 20);
+    EXPECT_FALSE(pyramid.IsFineEnough({0, 86'400, (64 << 20) / 256 / 8 + 1})); // 8 bytes a bucket
+    EXPECT_TRUE(pyramid.IsFineEnough({0, 86'400, 8192}));
     EXPECT_TRUE(pyramid.IsFineEnough({0, 7200, 1800}));
 }
 
