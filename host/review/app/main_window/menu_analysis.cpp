@@ -14,6 +14,7 @@
 #include "spectra_contract/platform.h"
 #include "spectra_contract/recording.h"
 
+#include <QActionGroup>
 #include <QMenu>
 
 namespace orvanta::review {
@@ -28,6 +29,7 @@ void AddMontages(QMenu& menu, const MenuParts& parts) {
         return;
     }
     const MontageList& montages = *document->Recording().GetMontageList();
+    auto* group = new QActionGroup(&menu);
     std::size_t at = 0;
     for (const auto& montage : montages) {
         QAction* action = menu.addAction(owl::AsCaption(QString::fromStdString(montage->GetName())), &menu,
@@ -39,6 +41,7 @@ void AddMontages(QMenu& menu, const MenuParts& parts) {
                                          });
         action->setCheckable(true);
         action->setChecked(at == montages.GetCurrentIndex());
+        group->addAction(action);
         ++at;
     }
 }

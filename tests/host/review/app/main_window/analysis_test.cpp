@@ -146,6 +146,7 @@ TEST_F(Analysing, AMontageIsChosenInTheMenu) {
     EXPECT_TRUE(items[0]->isChecked());
     EXPECT_EQ(items[1]->text(), "Longitudinal bipolar");
     items[1]->trigger();
+    EXPECT_FALSE(items[0]->isChecked()) << "one is chosen, not several";
     EXPECT_EQ(Recording().GetTraceInfo()->GetMtg().GetName(), "Longitudinal bipolar");
     EXPECT_EQ(Recording().GetMontageList()->GetCurrentIndex(), 1U);
 }
