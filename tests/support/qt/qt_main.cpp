@@ -3,6 +3,11 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+#include <iterator>
+#include <thread>
+
 namespace {
 
 void FailOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
@@ -12,6 +17,26 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
         return;
     }
     ADD_FAILURE() << "Qt: " << text.toStdString();
+}
+
+bool IsOneOfSeveralThreads() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}) > 1;
+}
+
+/// Who waits for a thread of Qt is told before it is gone; one that goes while leaks are looked for makes the
+/// search crash ("Tracer caught signal 11").
+void AwaitOtherThreads() {
+    constexpr std::chrono::milliseconds kRound{1};
+    for (int rounds = 0; rounds < 1000 && IsOneOfSeveralThreads(); ++rounds) {
+        std::this_thread::sleep_for(kRound);
+    }
+}
+
+int RunWithApplication(int argc, char* argv[]) {
+    const QApplication application(argc, argv);
+    // What Qt says while it starts is about the machine.
+    qInstallMessageHandler(FailOnWarning);
+    return RUN_ALL_TESTS();
 }
 
 } // namespace
@@ -24,8 +49,7 @@ int main(int argc, char* argv[]) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    const QApplication application(argc, argv);
-    // What Qt says while it starts is about the machine.
-    qInstallMessageHandler(FailOnWarning);
-    return RUN_ALL_TESTS();
+    const int result = RunWithApplication(argc, argv);
+    AwaitOtherThreads();
+    return result;
 }

@@ -41,6 +41,8 @@ inline review::ModuleBridge& LoadedModule() {
 
 class WorkbenchFixture : public testing::Test {
 protected:
+    /// Names of protocols are kept beside the program: each test has its own.
+    WorkbenchFixture() { services.files.RunFrom(folder.Path("orvanta")); }
     ~WorkbenchFixture() override { Leave(); }
 
     review::Workbench::Setup Setup() const {
