@@ -4,6 +4,7 @@
 #include "host/review/cli/exit_status.h"
 #include "host/review/cli/output.h"
 #include "host/review/cli/own_montages.h"
+#include "host/signal_base/events/event_duration.h"
 #include "host/signal_base/recording.h"
 #include "host/spectral_data/files/number_text.h"
 
@@ -119,14 +120,10 @@ Json ToJson(const EEGFileInfoType& recording) {
     }
     json["events"] = Json::array();
     for (const EventRecord& event : recording.GetEventsManager()->GetEvents()) {
-        const XTime& begin = *event.Interval.GetBeginPtr();
-        // In whole nanoseconds: the difference of seconds far from 0 has digits that nobody recorded.
-        const XTime duration =
-            XTime::FromNanoseconds(event.Interval.GetEndPtr()->Nanoseconds() - begin.Nanoseconds());
         json["events"].push_back({{"label", event.Label},
                                   {"class", event.Class == EventClass::State ? "state" : "spot"},
-                                  {"onset_s", begin.Seconds()},
-                                  {"duration_s", duration.Seconds()}});
+                                  {"onset_s", event.Interval.GetBeginPtr()->Seconds()},
+                                  {"duration_s", signal::DurationOf(event).Seconds()}});
     }
     json["gaps"] = GapsToJson(opened.Time());
     json["montages"] = MontageNames(recording, false);

@@ -2,6 +2,7 @@
 #include "host/signal_base/events_tsv/events_writer.h"
 
 #include "host/signal_base/events/annotation_events.h"
+#include "host/signal_base/events/event_duration.h"
 #include "host/signal_base/events_tsv/events_table.h"
 #include "host/signal_base/events_tsv/table_cells.h"
 #include "host/signal_base/events_tsv/table_columns.h"
@@ -33,11 +34,6 @@ std::string NumberText(double value) {
 
 std::string BeginText(const EventRecord& event) {
     return NumberText(event.Interval.GetBeginPtr()->Seconds());
-}
-
-XTime DurationOf(const EventRecord& event) {
-    return XTime::FromNanoseconds(event.Interval.GetEndPtr()->Nanoseconds() -
-                                  event.Interval.GetBeginPtr()->Nanoseconds());
 }
 
 /// A table as it was read: its rows, and the event of each that tells one.

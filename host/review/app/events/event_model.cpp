@@ -2,6 +2,7 @@
 #include "host/review/app/events/event_model.h"
 
 #include "host/review/app/events/event_texts.h"
+#include "host/signal_base/events/event_duration.h"
 
 #include <algorithm>
 
@@ -17,10 +18,7 @@ QString TextOf(const EventRecord& event, EventColumn column, const EEGFileInfoTy
     case EventColumn::Seconds:
         return SecondsText(begin);
     case EventColumn::Duration:
-        return event.Class == EventClass::Spot
-                   ? QString()
-                   : SecondsText(XTime::FromNanoseconds(event.Interval.GetEndPtr()->Nanoseconds() -
-                                                        begin.Nanoseconds()));
+        return event.Class == EventClass::Spot ? QString() : SecondsText(signal::DurationOf(event));
     case EventColumn::Label:
         return QString::fromStdString(event.Label);
     case EventColumn::Class:

@@ -2,6 +2,7 @@
 #include "host/review/app/events/event_rows.h"
 
 #include "host/review/app/events/event_texts.h"
+#include "host/signal_base/events/event_duration.h"
 
 #include <algorithm>
 #include <map>
@@ -52,7 +53,7 @@ bool IsOf(EventKind kind, const EventRecord& event) {
 std::int64_t KeyOf(const EventRecord& event, EventColumn column, int labelRank) {
     switch (column) {
     case EventColumn::Duration:
-        return event.Interval.GetEndPtr()->Nanoseconds() - event.Interval.GetBeginPtr()->Nanoseconds();
+        return signal::DurationOf(event).Nanoseconds();
     case EventColumn::Label:
         return labelRank;
     case EventColumn::Class:
